@@ -1,0 +1,5 @@
+# Compile and link flags of the asan preset; the whole build gets them, so that no object is left out.
+if(TALLOWMERE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()

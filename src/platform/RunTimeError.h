@@ -1,0 +1,33 @@
+// The one exception of the program, and the helper for code that runs with errors ignored.
+// Thrown anywhere; caught by the event dispatcher, which shows the description and goes on.
+#pragma once
+
+#include <QString>
+#include <exception>
+#include <utility>
+
+// An operation that was abandoned. The description is shown to the learner as it stands,
+// so it names the file or thing at fault.
+class RunTimeError : public std::exception {
+ public:
+  explicit RunTimeError(QString description);
+
+  const QString& Description() const { return description_; }
+  const char* what() const noexcept override { return utf8_.constData(); }
+
+ private:
+  QString description_;
+  QByteArray utf8_;
+};
+
+// Runs one statement with errors ignored: a failing statement is skipped and the next one runs.
+// True when the statement ran to its end.
+template <typename Statement>
+bool IgnoreErrors(Statement&& statement) {
+  try {
+    std::forward<Statement>(statement)();
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}

@@ -1,0 +1,24 @@
+#include "platform/forms/Screen.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <cmath>
+
+namespace Screen {
+
+namespace {
+constexpr double kTwipsPerInch = 1440.0;
+}
+
+double TwipsPerPixelX() { return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchX(); }
+double TwipsPerPixelY() { return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchY(); }
+
+double Width() { return QGuiApplication::primaryScreen()->geometry().width() * TwipsPerPixelX(); }
+double Height() { return QGuiApplication::primaryScreen()->geometry().height() * TwipsPerPixelY(); }
+
+int PixelsX(double twips) { return static_cast<int>(std::lround(twips / TwipsPerPixelX())); }
+int PixelsY(double twips) { return static_cast<int>(std::lround(twips / TwipsPerPixelY())); }
+
+QColor Colour(int bbggrr) { return {bbggrr & 0xFF, (bbggrr >> 8) & 0xFF, (bbggrr >> 16) & 0xFF}; }
+
+}  // namespace Screen
