@@ -1,0 +1,123 @@
+"""Backgrounds of the screens, the splash and the icon. Each function returns {file name: SVG text}."""
+
+from .palette import BLUE, GREY, GREY_TOP, HAIRLINE, INK, LIGHT, NIGHT, OFF, WHITE
+from .shapes import accent, box, grey_bar, open_book, picture, price_tag, stroke
+
+DIALOG_HEADER = 56
+BUTTON_STRIP = 60
+SPINE = 10  # width of the book's back along a dialog's left side
+
+
+def dialog(width, height):
+    """Header, white body with a book's back at its left, and the strip for the buttons."""
+    strip = height - BUTTON_STRIP
+    top = DIALOG_HEADER + 3
+    ribs = [box(0, at, SPINE, 3, "#B8B8F4") for at in (top + 14, top + 20, strip - 23, strip - 17)]
+    return picture(
+        width,
+        height,
+        box(0, 0, width, height, WHITE),
+        box(0, top, SPINE, strip - top, LIGHT),
+        box(SPINE, top, 1, strip - top, "#B8B8F4"),
+        *ribs,
+        grey_bar(width, DIALOG_HEADER),
+        accent(width, DIALOG_HEADER),
+        box(0, strip, width, 1, HAIRLINE),
+    )
+
+
+def dialogs():
+    sizes = {"Dialog": (520, 360), "DialogWide": (960, 540), "DialogTall": (640, 520), "Question": (1024, 768)}
+    return {name: dialog(*size) for name, size in sizes.items()}
+
+
+def course_screen():
+    """1024 by 768: the header's 41 rows, the page with its frame, the bottom bar's 33 rows."""
+    return {
+        "CourseScreen": picture(
+            1024,
+            768,
+            box(0, 0, 1024, 768, WHITE),
+            grey_bar(1024, 41),
+            accent(1024, 41),
+            # The page stands at 16, 64 and measures 998 by 663.
+            box(12, 60, 1006, 671, HAIRLINE, 4),
+            box(13, 61, 1004, 669, WHITE, 3),
+            accent(1024, 732, upwards=True),
+            grey_bar(1024, 33, 735),
+        )
+    }
+
+
+def standing_book(x, foot, width, height, fill, edge, lines):
+    """A closed book standing on a shelf, its back to the front."""
+    top = foot - height
+    return "\n".join(
+        (
+            box(x, top, width, height, edge, 2),
+            box(x + 1, top + 1, width - 2, height - 1, fill, 1),
+            box(x + 1, top + 10, width - 2, 2, lines),
+            box(x + 1, top + 14, width - 2, 2, lines),
+            box(x + 1, foot - 14, width - 2, 2, lines),
+        )
+    )
+
+
+def splash():
+    """450 by 246: an open book and a row of books on a shop's shelf with price tags."""
+    board = 190
+    books = "\n".join(
+        standing_book(x, board, width, height, *colours)
+        for x, width, height, colours in (
+            (334, 16, 84, (BLUE, NIGHT, LIGHT)),
+            (351, 20, 72, (LIGHT, BLUE, BLUE)),
+            (372, 14, 90, (GREY, "#7A7A7A", WHITE)),
+            (387, 22, 78, (BLUE, NIGHT, LIGHT)),
+            (410, 15, 68, (LIGHT, BLUE, BLUE)),
+        )
+    )
+    tags = "\n".join(
+        stroke(f"M{x} {board + 9}V{board + 18}", "#7A7A7A", 1) + price_tag(x, board + 20, 26, WHITE, "#7A7A7A", BLUE)
+        for x in (120, 362, 398)
+    )
+    return {
+        "Splash": picture(
+            450,
+            246,
+            box(0, 0, 450, 246, GREY),
+            box(1, 1, 448, 244, WHITE),
+            box(1, 1, 448, 3, BLUE),
+            box(1, 4, 448, 1, LIGHT),
+            f'<text x="30" y="58" font-family="Liberation Sans" font-weight="bold" font-size="32" fill="{BLUE}">'
+            f'Tallowmere <tspan fill="{INK}">Manager</tspan></text>',
+            f'<text x="31" y="82" font-family="Liberation Sans" font-size="13" fill="#707070">'
+            "Courses for the people in the store</text>",
+            open_book(36, board - 93, 166, "#FBFBFF", BLUE, LIGHT),
+            books,
+            box(1, board, 448, 9, GREY),
+            box(1, board, 448, 1, GREY_TOP),
+            box(1, board + 8, 448, 1, "#7A7A7A"),
+            box(1, board + 9, 448, 246 - board - 10, "#F2F2FA"),
+            tags,
+        )
+    }
+
+
+def icon():
+    """The program's icon on a grid of 64: an open book with a price tag as its bookmark."""
+    ground = (
+        '<defs><linearGradient id="ground" x1="0" y1="0" x2="0" y2="1"><stop offset="0" stop-color="#8C8CFF"/>'
+        f'<stop offset="0.3" stop-color="{BLUE}"/><stop offset="1" stop-color="#5959EC"/></linearGradient></defs>'
+    )
+    return {
+        "tallowmere": picture(
+            64,
+            64,
+            ground,
+            box(2, 2, 60, 60, OFF.edge, 12),
+            box(3, 3, 58, 58, "url(#ground)", 11),
+            open_book(8, 15, 48, WHITE, INK, "#B8B8F4"),
+            stroke("M32 40V45", WHITE, 1.5),
+            price_tag(32, 46, 16, WHITE, INK, BLUE),
+        )
+    }
