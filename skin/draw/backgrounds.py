@@ -65,20 +65,27 @@ def standing_book(x, foot, width, height, fill, edge, lines):
 
 def splash():
     """450 by 246: an open book and a row of books on a shop's shelf with price tags."""
-    board = 190
-    books = "\n".join(
-        standing_book(x, board, width, height, *colours)
-        for x, width, height, colours in (
-            (334, 16, 84, (BLUE, NIGHT, LIGHT)),
-            (351, 20, 72, (LIGHT, BLUE, BLUE)),
-            (372, 14, 90, (GREY, "#7A7A7A", WHITE)),
-            (387, 22, 78, (BLUE, NIGHT, LIGHT)),
-            (410, 15, 68, (LIGHT, BLUE, BLUE)),
-        )
+    board, shade = 190, "#7A7A7A"
+    blue, pale, grey = (BLUE, NIGHT, LIGHT), (LIGHT, BLUE, BLUE), (GREY, shade, WHITE)
+    row = (
+        (18, 78, blue),
+        (14, 66, pale),
+        (22, 84, blue),
+        (13, 90, grey),
+        (19, 72, pale),
+        (16, 86, blue),
+        (14, 80, blue),
+        (20, 68, grey),
+        (17, 76, pale),
     )
-    tags = "\n".join(
-        stroke(f"M{x} {board + 9}V{board + 18}", "#7A7A7A", 1) + price_tag(x, board + 20, 26, WHITE, "#7A7A7A", BLUE)
-        for x in (120, 362, 398)
+    books, x = [], 252
+    for width, height, colours in row:
+        books.append(standing_book(x, board, width, height, *colours))
+        x += width + 1
+    tags = (
+        stroke(f"M{at} {board + 9}V{board + 16}", shade, 1)
+        + price_tag(at, board + 20.5, 16, 26, WHITE, shade, BLUE)
+        for at in (109.5, 281.5, 383.5)
     )
     return {
         "Splash": picture(
@@ -88,17 +95,18 @@ def splash():
             box(1, 1, 448, 244, WHITE),
             box(1, 1, 448, 3, BLUE),
             box(1, 4, 448, 1, LIGHT),
-            f'<text x="30" y="58" font-family="Liberation Sans" font-weight="bold" font-size="32" fill="{BLUE}">'
+            f'<text x="33" y="54" font-family="Liberation Sans" font-weight="bold" font-size="32" fill="{BLUE}">'
             f'Tallowmere <tspan fill="{INK}">Manager</tspan></text>',
-            f'<text x="31" y="82" font-family="Liberation Sans" font-size="13" fill="#707070">'
+            '<text x="34" y="77" font-family="Liberation Sans" font-size="13" fill="#707070">'
             "Courses for the people in the store</text>",
-            open_book(36, board - 93, 166, "#FBFBFF", BLUE, LIGHT),
-            books,
+            open_book(34, board - 79.5, 150, "#F7F7FF", BLUE, "#B8B8F4", edge=NIGHT),
+            *books,
             box(1, board, 448, 9, GREY),
             box(1, board, 448, 1, GREY_TOP),
-            box(1, board + 8, 448, 1, "#7A7A7A"),
+            box(1, board + 8, 448, 1, shade),
             box(1, board + 9, 448, 246 - board - 10, "#F2F2FA"),
-            tags,
+            box(1, board + 9, 448, 2, "#E2E2EE"),
+            *tags,
         )
     }
 
@@ -116,8 +124,8 @@ def icon():
             ground,
             box(2, 2, 60, 60, OFF.edge, 12),
             box(3, 3, 58, 58, "url(#ground)", 11),
-            open_book(8, 15, 48, WHITE, INK, "#B8B8F4"),
-            stroke("M32 40V45", WHITE, 1.5),
-            price_tag(32, 46, 16, WHITE, INK, BLUE),
+            open_book(7, 11, 50, WHITE, INK, "#B8B8F4"),
+            stroke("M32 38V43", WHITE, 2),
+            price_tag(32, 44.5, 11, 16, WHITE, INK, BLUE),
         )
     }

@@ -5,6 +5,7 @@ from .shapes import band, box, button, grey_bar, picture, stroke, triangle
 
 ROW_HEIGHT = 33
 SCROLL_HEIGHT = 18
+TOOLBAR_WINDOW = 249  # the toolbar's menu window is narrower than its rows of 261
 HEADER_HEIGHT = 41
 
 
@@ -45,7 +46,7 @@ def header_buttons():
 
 NEXT_ARROW = "M17 16.5H33.5M27.5 10.5L33.5 16.5L27.5 22.5"
 PREVIOUS_ARROW = "M34 16.5H17.5M23.5 10.5L17.5 16.5L23.5 22.5"
-RETURN_ARROW = "M21 13.5H34A4.5 4.5 0 0 1 34 22.5H27M26.5 8L21 13.5L26.5 19"
+RETURN_ARROW = "M21.5 14.5H33.5A4.5 4.5 0 0 1 33.5 23.5H27M26.5 9.5L21.5 14.5L26.5 19.5"
 
 
 def bottom_buttons():
@@ -82,15 +83,18 @@ def bottom_buttons():
 
 def menu_rows():
     rows = {
-        "ModuleMenu_Off": (347, OFF),
-        "ModuleMenu_ON": (347, ON),
-        "TopicMenuBlank": (326, OFF),
-        "TopicMenuBlankOn": (326, ON),
-        "ToolBar_MenuSlice_Off": (261, OFF),
-        "ToolBar_MenuSlice_On": (261, ON),
-        "ToolBar_MenuSlice_Dis": (261, DISABLED),
+        "ModuleMenu_Off": (347, OFF, None),
+        "ModuleMenu_ON": (347, ON, None),
+        "TopicMenuBlank": (326, OFF, None),
+        "TopicMenuBlankOn": (326, ON, None),
+        "ToolBar_MenuSlice_Off": (261, OFF, TOOLBAR_WINDOW),
+        "ToolBar_MenuSlice_On": (261, ON, TOOLBAR_WINDOW),
+        "ToolBar_MenuSlice_Dis": (261, DISABLED, TOOLBAR_WINDOW),
     }
-    return {name: picture(width, ROW_HEIGHT, band(width, ROW_HEIGHT, look)) for name, (width, look) in rows.items()}
+    return {
+        name: picture(width, ROW_HEIGHT, band(width, ROW_HEIGHT, look, seen))
+        for name, (width, look, seen) in rows.items()
+    }
 
 
 def scroll_arrows():

@@ -1,10 +1,6 @@
 """Building blocks of the pictures. All take whole pixels, so edges stay sharp at 100 %."""
 
-from itertools import count
-
 from .palette import BLUE, GREY, GREY_TOP, LIGHT, NIGHT, RADIUS, STROKE, WHITE
-
-_ids = count(1)
 
 
 def picture(width, height, *parts):
@@ -25,8 +21,8 @@ def lit(y, height, look):
     """The paint of a ground: light in its first 5 pixels, shade in its last 3, flat base between.
 
     Captions stand on the flat part, which has exactly the base colour. Returns (definition, paint).
+    A picture has one such ground at most, so the definition's name is fixed.
     """
-    name = f"lit{next(_ids)}"
     stops = (
         (0, look.top),
         (5 / height, look.base),
@@ -35,10 +31,10 @@ def lit(y, height, look):
     )
     lines = "".join(f'<stop offset="{offset:.4f}" stop-color="{colour}"/>' for offset, colour in stops)
     definition = (
-        f'<defs><linearGradient id="{name}" gradientUnits="userSpaceOnUse" '
+        f'<defs><linearGradient id="lit" gradientUnits="userSpaceOnUse" '
         f'x1="0" y1="{y}" x2="0" y2="{y + height}">{lines}</linearGradient></defs>'
     )
-    return definition, f"url(#{name})"
+    return definition, "url(#lit)"
 
 
 def button(x, y, width, height, look):
@@ -53,10 +49,22 @@ def button(x, y, width, height, look):
     )
 
 
-def band(width, height, look):
-    """A menu row: edged above and below only, since its window may cut it off at the side."""
+def band(width, height, look, seen=None):
+    """A menu row with square corners, so that it goes with any ground.
+
+    seen: the columns that the row's window leaves to be seen, when it cuts off the rest; the right
+    edge is drawn at their end.
+    """
     definition, paint = lit(1, height - 2, look)
-    return "\n".join((definition, box(0, 0, width, height, look.edge), box(0, 1, width, height - 2, paint)))
+    inner = (seen or width) - 2
+    return "\n".join(
+        (
+            definition,
+            box(0, 0, width, height, look.edge),
+            box(1, 1, inner, height - 2, paint),
+            box(seen, 1, width - seen - 1, height - 2, paint) if seen else "",
+        )
+    )
 
 
 def grey_bar(width, height, y=0):
@@ -87,8 +95,11 @@ def triangle(x, y, half, colour, up):
     return f'<path d="{path}" fill="{colour}"/>'
 
 
-def open_book(x, y, width, pages=WHITE, cover=NIGHT, lines=LIGHT):
-    """An open book seen from the front; its height is 0.56 of its width. x, y: upper left corner."""
+def open_book(x, y, width, pages=WHITE, cover=NIGHT, lines=LIGHT, edge=None):
+    """An open book seen from the front; its height is 0.56 of its width. x, y: upper left corner.
+
+    edge: colour of a line around the pages, for a book on white.
+    """
     s = width / 100
 
     def p(dx, dy):
@@ -106,13 +117,16 @@ def open_book(x, y, width, pages=WHITE, cover=NIGHT, lines=LIGHT):
         return f"M{p(50 + 9 * side, dy + 2.5)}C{p(50 + 16 * side, dy)} {p(50 + 26 * side, dy - 1)} {p(50 + 38 * side, dy)}"
 
     back = (
-        f"M{p(0, 9)}H{x + 100 * s:.2f}V{y + 53 * s:.2f}H{x + 55 * s:.2f}"
-        f"Q{p(50, 58)} {p(45, 53)}H{x:.2f}Z"
+        f"M{p(2, 9)}H{x + 98 * s:.2f}Q{p(100, 9)} {p(100, 11)}V{y + 51 * s:.2f}Q{p(100, 53)} {p(98, 53)}"
+        f"H{x + 55 * s:.2f}Q{p(50, 58)} {p(45, 53)}H{x + 2 * s:.2f}Q{p(0, 53)} {p(0, 51)}"
+        f"V{y + 11 * s:.2f}Q{p(0, 9)} {p(2, 9)}Z"
     )
+    # The line lies outside the page: at whole pixels it then stays one sharp pixel.
+    outline = f' stroke="{edge}" stroke-width="2" stroke-linejoin="round" paint-order="stroke"' if edge else ""
     parts = [
-        f'<path d="{back}" fill="{cover}" stroke="{cover}" stroke-width="{2 * s:.2f}" stroke-linejoin="round"/>',
-        f'<path d="{leaf(-1)}" fill="{pages}"/>',
-        f'<path d="{leaf(1)}" fill="{pages}"/>',
+        f'<path d="{back}" fill="{cover}"/>',
+        f'<path d="{leaf(-1)}" fill="{pages}"{outline}/>',
+        f'<path d="{leaf(1)}" fill="{pages}"{outline}/>',
         f'<path d="M{p(50, 8)}V{y + 52 * s:.2f}" stroke="{lines}" stroke-width="{1.6 * s:.2f}"/>',
     ]
     rows = " ".join(text_line(side, dy) for side in (-1, 1) for dy in (14, 23, 32))
@@ -120,20 +134,24 @@ def open_book(x, y, width, pages=WHITE, cover=NIGHT, lines=LIGHT):
     return "\n".join(parts)
 
 
-def price_tag(x, y, height, fill, edge, mark, turn=0, line=1):
-    """A hanging price tag, 0.62 as wide as high; x, y is the middle of its hole."""
-    w, h = 0.62 * height, height
-    cut, hole = 0.26 * h, 0.085 * h
-    left, top = x - w / 2, y - 0.2 * h
+def price_tag(x, y, width, height, fill, edge, mark):
+    """A hanging price tag with an edge of one pixel; x, y is the middle of its hole.
+
+    With x, y on half pixels and an even width the edge falls on whole pixels.
+    """
+    left, top, cut = x - width / 2, y - 0.2 * height // 1, 0.28 * height
     path = (
-        f"M{left + 0.3 * w:.2f} {top:.2f}H{left + 0.7 * w:.2f}L{left + w:.2f} {top + cut:.2f}"
-        f"V{top + h:.2f}H{left:.2f}V{top + cut:.2f}Z"
+        f"M{left + 0.3 * width:.2f} {top}H{left + 0.7 * width:.2f}L{left + width} {top + cut:.2f}"
+        f"V{top + height}H{left}V{top + cut:.2f}Z"
     )
-    row = lambda at, part: f"M{x - part * w:.2f} {top + at * h:.2f}H{x + part * w:.2f}"
-    return (
-        f'<g transform="rotate({turn} {x} {y})">'
-        f'<path d="{path}" fill="{fill}" stroke="{edge}" stroke-width="{line}" stroke-linejoin="round"/>'
-        f'<circle cx="{x}" cy="{y}" r="{hole:.2f}" fill="{edge}"/>'
-        + stroke(f"{row(0.56, 0.28)} {row(0.76, 0.28)}", mark, f"{0.08 * h:.2f}")
-        + "</g>"
+
+    def row(at):
+        return f"M{x - 0.26 * width:.2f} {top + at:.2f}H{x + 0.26 * width:.2f}"
+
+    return "\n".join(
+        (
+            f'<path d="{path}" fill="{fill}" stroke="{edge}" stroke-linejoin="round"/>',
+            f'<circle cx="{x}" cy="{y}" r="{0.08 * height:.2f}" fill="{edge}"/>',
+            stroke(f"{row(0.56 * height // 1)} {row(0.77 * height // 1)}", mark, round(0.08 * height)),
+        )
     )
