@@ -1,0 +1,35 @@
+// The learners of this machine: one folder each, with a record of who they are. Sign-in, registration
+// and the profile form use it.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+struct UserRecord {
+  QString FirstName;
+  QString LastName;
+  QString Email;
+};
+
+// The program's name for "is there such a file".
+bool PathExists(const QString& path);
+
+// The name of a learner's folder: first + blank + last name whenever either is there, else empty.
+QString LearnerFolder(const QString& firstName, const QString& lastName);
+// The folder that holds the learners' folders.
+QString UserDataPath();
+// The path of a learner's folder. A name that is no plain folder name ("..", a slash, a NUL, more than
+// 255 bytes) is a RunTimeError that names it.
+QString LearnerPath(const QString& folderName);
+
+// Makes what is missing of the folders, writes the learner's record in place of an older one, and signs
+// the learner in. With neither name nothing happens. A failure is a RunTimeError, nobody new signed in.
+void CreateUser(const QString& firstName, const QString& lastName, const QString& email);
+// The names of the learners' folders.
+QStringList ListUsers();
+// Gives the signed-in learner new names and a new address: the record first, then the folder, then the
+// program-wide variables. Fails silently, with what was done until then kept: then false. When the
+// rename fails the record holds the new names and the learner goes on under the old folder.
+bool UpdateUser(const QString& firstName, const QString& lastName, const QString& email);
+// The record in a learner's folder. A missing or damaged one is a RunTimeError that names the file.
+UserRecord ReadUserFile(const QString& folderName);

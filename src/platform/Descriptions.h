@@ -1,0 +1,15 @@
+// The program's own run-time error descriptions, by key, from the file beside the text table, so that
+// they can be translated with it. Whoever throws a RunTimeError takes its text from here.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// The description with %1, %2 ... replaced by the arguments, which may hold percent signs themselves.
+// A key that the file does not have gives the key and the arguments, so that no error is without words.
+QString DescribeList(const char* key, const QStringList& arguments);
+
+template <typename... Arguments>
+QString Describe(const char* key, const Arguments&... arguments) {
+  return DescribeList(key, QStringList{QString(arguments)...});
+}
