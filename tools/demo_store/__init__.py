@@ -1,0 +1,1 @@
+"""Turns the sources of the demo store into the folders that the player reads."""
