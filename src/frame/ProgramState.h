@@ -61,5 +61,9 @@ inline QStringList gProgHighPattern;
 inline QStringList gProgHighDate;
 inline QStringList gProgLast;
 
+// The open course and module. An index outside its array is a RunTimeError.
+const CourseRecord& CurrentCourse();
+const ModuleRecord& CurrentModule();
+
 // Everything above as it is when the program starts.
 void ResetProgramState();

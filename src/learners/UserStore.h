@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+// The file in a learner's folder that holds the record.
+inline const QString kUserFileName = QStringLiteral("User");
+
 struct UserRecord {
   QString FirstName;
   QString LastName;

@@ -23,6 +23,7 @@ class TextStream {
   QChar ReadChar();
   // The end behind the last line end counts: "a" CR LF is one line.
   bool AtEndOfStream() const { return position_ >= text_.size(); }
+  const QString& Thing() const { return thing_; }
 
  private:
   void RefuseAtEnd() const;

@@ -45,8 +45,6 @@ class Registry {
   static std::optional<RegistryValue> QueryValue(const RegistryKey& key, const QString& name);
 
  private:
-  friend class RegistryFile;
-
   std::unique_ptr<RegistryKey> root_;
 };
 

@@ -1,0 +1,10 @@
+#include "frame/TextTable.h"
+
+#include <QHash>
+
+#include "platform/TextFile.h"
+
+QString LoadStringResource(int number) {
+  static const QHash<QString, QString> table = ReadTextFileOfKeys(QStringLiteral(":/tallowmere/texts.txt"));
+  return table.value(QString::number(number));
+}

@@ -1,0 +1,81 @@
+#include "learners/UserStore.h"
+
+#include "frame/ProgramState.h"
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/CodePage.h"
+#include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
+#include "platform/files/QuotedFields.h"
+
+namespace {
+
+const QString kProductFolder = QStringLiteral("Tallowmere Manager 1.0");
+const QString kUserDataFolder = QStringLiteral("UserData");
+
+QString UserPath(const QString& folderName) {
+  return LearnerPath(folderName) + u'\\' + kUserFileName;
+}
+
+void SignIn(const QString& firstName, const QString& lastName, const QString& email) {
+  gUserFirstName = firstName;
+  gUserLastName = lastName;
+  gUserEmail = email;
+}
+
+}  // namespace
+
+bool PathExists(const QString& path) {
+  return FileExists(path);
+}
+
+QString LearnerFolder(const QString& firstName, const QString& lastName) {
+  if (firstName.isEmpty() && lastName.isEmpty()) return {};
+  return firstName + u' ' + lastName;
+}
+
+QString UserDataPath() {
+  return gDriveRoot + kProductFolder + u'\\' + kUserDataFolder;
+}
+
+QString LearnerPath(const QString& folderName) {
+  if (!IsFileName(folderName)) throw RunTimeError(Describe("name-unusable", folderName));
+  return UserDataPath() + u'\\' + folderName;
+}
+
+void CreateUser(const QString& firstName, const QString& lastName, const QString& email) {
+  const QString folder = LearnerFolder(firstName, lastName);
+  if (folder.isEmpty()) return;
+  const QString learner = LearnerPath(folder);
+  MakeFolder(gDriveRoot);  // a fresh installation has no data folder yet
+  MakeFolder(gDriveRoot + kProductFolder);
+  MakeFolder(UserDataPath());
+  MakeFolder(learner);
+  SaveFile(UserPath(folder), EncodeText(QuotedRecord({firstName, lastName, email})));
+  SignIn(firstName, lastName, email);
+}
+
+QStringList ListUsers() {
+  return ListFolders(UserDataPath());
+}
+
+bool UpdateUser(const QString& firstName, const QString& lastName, const QString& email) {
+  const QString oldFolder = LearnerFolder(gUserFirstName, gUserLastName);
+  const QString newFolder = LearnerFolder(firstName, lastName);
+  if (oldFolder.isEmpty() || newFolder.isEmpty()) return false;
+  return IgnoreErrors([&] {
+    // The record comes first: when the folder cannot be renamed it holds the new names already.
+    SaveFile(UserPath(oldFolder), EncodeText(QuotedRecord({firstName, lastName, email, {}, {}})));
+    RenameFolder(LearnerPath(oldFolder), LearnerPath(newFolder));
+    SignIn(firstName, lastName, email);
+  });
+}
+
+UserRecord ReadUserFile(const QString& folderName) {
+  const QString path = UserPath(folderName);
+  QuotedFieldReader reader(ReadFile(path, kTextFileLimit), path);
+  UserRecord user;
+  for (QString* field : {&user.FirstName, &user.LastName, &user.Email})
+    *field = reader.ReadField();
+  return user;
+}

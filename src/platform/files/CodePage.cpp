@@ -1,0 +1,79 @@
+#include "platform/files/CodePage.h"
+
+#include <QStringDecoder>
+#include <QStringEncoder>
+
+namespace {
+
+constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
+constexpr qsizetype kUtf8MarkSize = 3;
+
+QByteArray g_codePage = kDefaultCodePage;
+
+QStringDecoder Decoder(bool utf8) {
+  if (utf8) return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+  return QStringDecoder(g_codePage.constData(), QStringDecoder::Flag::ConvertInitialBom);
+}
+
+QByteArray AllAscii() {
+  QByteArray ascii;
+  for (char c = 0; c < 0x7F; ++c)
+    ascii.append(c);
+  return ascii;
+}
+
+bool HoldsAscii(const QByteArray& codePage) {
+  const QByteArray ascii = AllAscii();
+  QStringDecoder decoder(codePage.constData());
+  if (!decoder.isValid()) return false;
+  const QString text = decoder.decode(ascii);
+  QStringEncoder encoder(codePage.constData());
+  if (!encoder.isValid()) return false;
+  const QByteArray back = encoder.encode(text);
+  return text == QString::fromLatin1(ascii) && back == ascii;
+}
+
+}  // namespace
+
+bool SetCodePage(const QString& name) {
+  const QByteArray wanted = name.trimmed().toLatin1();
+  if (wanted.isEmpty() || !HoldsAscii(wanted)) return false;
+  g_codePage = wanted;
+  return true;
+}
+
+QString CodePageName() {
+  return QString::fromLatin1(g_codePage);
+}
+
+bool HasUtf8Mark(const QByteArray& bytes) {
+  return bytes.startsWith(kUtf8Mark);
+}
+
+QString DecodeText(const QByteArray& bytes) {
+  const bool utf8 = HasUtf8Mark(bytes);
+  return DecodePiece(utf8 ? bytes.mid(kUtf8MarkSize) : bytes, utf8);
+}
+
+QByteArray EncodeText(const QString& text) {
+  const std::optional<QByteArray> bytes = EncodePiece(text, false);
+  return bytes && !HasUtf8Mark(*bytes) ? *bytes : kUtf8Mark + text.toUtf8();
+}
+
+QString DecodePiece(const QByteArray& bytes, bool utf8) {
+  QStringDecoder decoder = Decoder(utf8);
+  return decoder.decode(bytes);
+}
+
+std::optional<QByteArray> EncodePiece(const QString& text, bool utf8) {
+  QByteArray bytes;
+  if (utf8) {
+    bytes = text.toUtf8();
+  } else {
+    QStringEncoder encoder(g_codePage.constData(), QStringEncoder::Flag::ConvertInitialBom);
+    bytes = encoder.encode(text);
+  }
+  // Reading it back also finds the characters that an encoder swaps for similar ones.
+  if (DecodePiece(bytes, utf8) != text) return std::nullopt;
+  return bytes;
+}

@@ -1,0 +1,141 @@
+#include "platform/files/FileBytes.h"
+
+#include <errno.h>
+#include <fcntl.h>
+#include <stdio.h>
+#include <string.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/Paths.h"
+
+namespace {
+
+QString Reason(int error) {
+  return QString::fromLocal8Bit(strerror(error));
+}
+
+[[noreturn]] void FailToRead(const QString& path, const QString& reason) {
+  throw RunTimeError(Describe("file-unreadable", path, reason));
+}
+
+[[noreturn]] void FailToSave(const QString& path, const QString& reason) {
+  throw RunTimeError(Describe("file-unsaved", path, reason));
+}
+
+QByteArray ReadRealFile(const QString& path, qint64 limit) {
+  const QFileInfo info(path);
+  if (!info.exists()) throw RunTimeError(Describe("file-missing", path));
+  // Opening a pipe or a device could wait for ever.
+  if (!info.isFile()) throw RunTimeError(Describe("file-no-file", path));
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) FailToRead(path, file.errorString());
+  const auto refuseLarge = [&](qint64 size) {
+    if (size > limit) {
+      throw RunTimeError(Describe("file-too-large", path, QString::number(size), QString::number(limit)));
+    }
+  };
+  refuseLarge(file.size());
+  const QByteArray bytes = file.read(limit + 1);  // it may have grown
+  if (file.error() != QFileDevice::NoError) FailToRead(path, file.errorString());
+  refuseLarge(bytes.size());
+  return bytes;
+}
+
+// Puts the folder's entries on the disk. 0 or the error. Some file systems have nothing to flush there.
+int FlushFolder(const QString& folder) {
+  const int handle = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return errno;
+  const int error = fsync(handle) == 0 ? 0 : errno;
+  close(handle);
+  return error == EINVAL || error == ENOTSUP ? 0 : error;
+}
+
+QString FolderOf(const QString& path) {
+  const qsizetype slash = path.lastIndexOf(u'/');
+  return slash <= 0 ? QStringLiteral("/") : path.left(slash);
+}
+
+// The real path for something that gets this very spelling: only the folder is matched without regard
+// to case.
+QString RealPathAsSpelled(const QString& programPath) {
+  QString path = programPath;
+  path.replace(u'\\', u'/');
+  while (path.size() > 1 && path.endsWith(u'/'))
+    path.chop(1);
+  const qsizetype slash = path.lastIndexOf(u'/');
+  if (slash < 0) return ProgramFolder() + u'/' + path;
+  return QDir(RealPath(path.left(slash + 1))).filePath(path.mid(slash + 1));
+}
+
+}  // namespace
+
+QByteArray ReadFile(const QString& programPath, qint64 limit) {
+  return ReadRealFile(RealPath(programPath), limit);
+}
+
+QByteArray ReadProgramFile(const QString& programPath, qint64 limit) {
+  const QString path = ContainedPath(programPath);
+  if (path.isEmpty()) throw RunTimeError(Describe("file-missing", programPath));
+  return ReadRealFile(path, limit);
+}
+
+QByteArray ReadDevice(QIODevice& device, qint64 limit, const QString& thing) {
+  const QByteArray bytes = device.read(limit + 1);
+  if (bytes.size() > limit) throw RunTimeError(Describe("data-too-large", thing, QString::number(limit)));
+  return bytes;
+}
+
+void SaveFile(const QString& programPath, const QByteArray& bytes) {
+  const QString path = RealPath(programPath);
+  QSaveFile file(path);
+  file.setDirectWriteFallback(false);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) FailToSave(path, file.errorString());
+  if (file.write(bytes) != bytes.size() || !file.flush()) FailToSave(path, file.errorString());
+  // QSaveFile passes over a failed sync, so this one is ours.
+  if (fsync(file.handle()) != 0) {
+    const int error = errno;
+    file.cancelWriting();
+    FailToSave(path, Reason(error));
+  }
+  if (!file.commit()) FailToSave(path, file.errorString());
+  const int error = FlushFolder(FolderOf(path));
+  if (error != 0) FailToSave(path, Reason(error));
+}
+
+void MakeFolder(const QString& programPath) {
+  if (FolderExists(programPath)) return;
+  const QString path = RealPath(programPath);
+  if (mkdir(QFile::encodeName(path).constData(), 0777) != 0) {
+    throw RunTimeError(Describe("folder-unmade", path, Reason(errno)));
+  }
+  const int error = FlushFolder(FolderOf(path));
+  if (error != 0) throw RunTimeError(Describe("folder-unmade", path, Reason(error)));
+}
+
+void RenameFolder(const QString& oldPath, const QString& newPath) {
+  const QString from = RealPath(oldPath);
+  const QString to = RealPathAsSpelled(newPath);
+  if (from == to && FolderExists(oldPath)) return;
+  const auto fail = [&](const QString& reason) {
+    throw RunTimeError(Describe("folder-not-renamed", from, to, reason));
+  };
+  // Another spelling of the old name finds the old folder itself, which is no obstacle.
+  const QString found = RealPath(newPath);
+  if (found != from && (QFileInfo::exists(found) || QFileInfo(found).isSymLink())) {
+    fail(Describe("folder-exists"));
+  }
+  if (rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
+    fail(Reason(errno));
+  for (const QString& folder : {FolderOf(from), FolderOf(to)}) {
+    const int error = FlushFolder(folder);
+    if (error != 0) fail(Reason(error));
+  }
+}

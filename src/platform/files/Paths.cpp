@@ -1,0 +1,131 @@
+#include "platform/files/Paths.h"
+
+#include <limits.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QString g_programFolder;
+
+bool Exists(const QString& path) {
+  const QFileInfo info(path);
+  return info.exists() || info.isSymLink();  // a link that leads nowhere is still the exact name
+}
+
+// The name in `folder` that a step stands for.
+QString MatchStep(const QString& folder, const QString& step) {
+  if (Exists(folder + u'/' + step)) return step;
+  QStringList names =
+      QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+  names.sort();
+  for (const QString& name : names) {
+    if (name.compare(step, Qt::CaseInsensitive) == 0) return name;
+  }
+  return step;
+}
+
+// The steps of an absolute path without "." and "..".
+QStringList StepsOf(const QString& path) {
+  QStringList steps;
+  for (const QString& step : path.split(u'/', Qt::SkipEmptyParts)) {
+    if (step == u".") continue;
+    if (step != u"..") {
+      steps.append(step);
+    } else if (!steps.isEmpty()) {
+      steps.removeLast();
+    }
+  }
+  return steps;
+}
+
+bool IsUsable(const QString& path) {
+  if (path.contains(QChar::Null)) return false;
+  if (path.toUtf8().size() >= PATH_MAX) return false;
+  for (const QString& step : path.split(u'/')) {
+    if (step.toUtf8().size() > NAME_MAX) return false;
+  }
+  return true;
+}
+
+// The path with all links followed as far as it exists; empty when a link leads nowhere.
+QString FollowLinks(const QString& real) {
+  QString existing = real;
+  QString rest;
+  while (!QFileInfo::exists(existing)) {
+    if (QFileInfo(existing).isSymLink()) return {};
+    const qsizetype slash = existing.lastIndexOf(u'/');
+    if (slash < 0) return {};
+    rest.prepend(existing.mid(slash));
+    existing.truncate(slash);
+    if (existing.isEmpty()) return rest;  // nothing of it exists, not even its first step
+  }
+  const QString followed = QFileInfo(existing).canonicalFilePath();
+  if (followed.isEmpty()) return {};
+  return followed == u"/" ? followed + rest.mid(1) : followed + rest;
+}
+
+}  // namespace
+
+QString ProgramFolder() {
+  return g_programFolder.isEmpty() ? QCoreApplication::applicationDirPath() : g_programFolder;
+}
+
+void SetProgramFolder(const QString& folder) {
+  g_programFolder = folder;
+  while (g_programFolder.size() > 1 && g_programFolder.endsWith(u'/'))
+    g_programFolder.chop(1);
+}
+
+QString RealPath(const QString& programPath) {
+  QString path = programPath;
+  path.replace(u'\\', u'/');
+  if (!path.startsWith(u'/')) path = ProgramFolder() + u'/' + path;
+  QString real;
+  bool exists = true;
+  for (const QString& step : StepsOf(path)) {
+    const QString name = exists ? MatchStep(real, step) : step;
+    real += u'/' + name;
+    exists = exists && Exists(real);
+  }
+  return real.isEmpty() ? QStringLiteral("/") : real;
+}
+
+QString ContainedPath(const QString& programPath) {
+  return ContainedPathIn(ProgramFolder(), programPath);
+}
+
+QString ContainedPathIn(const QString& folder, const QString& programPath) {
+  if (!IsUsable(QString(programPath).replace(u'\\', u'/'))) return {};
+  const QString real = RealPath(programPath);
+  if (!IsUsable(real)) return {};
+  const QString followed = FollowLinks(real);
+  const QString root = FollowLinks(RealPath(folder));
+  if (followed.isEmpty() || root.isEmpty()) return {};
+  const bool inside = followed == root || followed.startsWith(root.endsWith(u'/') ? root : root + u'/');
+  return inside ? real : QString();
+}
+
+bool IsFileName(const QString& name) {
+  if (name.isEmpty() || name == u"." || name == u"..") return false;
+  if (name.contains(u'/') || name.contains(u'\\') || name.contains(QChar::Null)) return false;
+  return name.toUtf8().size() <= NAME_MAX;
+}
+
+bool FileExists(const QString& programPath) {
+  return !programPath.contains(QChar::Null) && QFileInfo(RealPath(programPath)).isFile();
+}
+
+bool FolderExists(const QString& programPath) {
+  return !programPath.contains(QChar::Null) && QFileInfo(RealPath(programPath)).isDir();
+}
+
+QStringList ListFolders(const QString& programPath) {
+  QStringList names = QDir(RealPath(programPath)).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+  names.removeIf([](const QString& name) { return name.contains(u'\\'); });  // no program path leads there
+  names.sort();
+  return names;
+}
