@@ -124,8 +124,7 @@ class _PageParser:
         while self._at < len(self._lines) and self._lines[self._at].startswith("|"):
             line = self._lines[self._at].rstrip()
             is_header = line.startswith("|=")
-            cells = [cell.strip() for cell in line.removeprefix("|").removeprefix("=")
-                     .rstrip("|").split("|")]
+            cells = [cell.strip() for cell in line[2 if is_header else 1 :].split("|")]
             if len(cells) != len(widths):
                 raise self._error(f"{len(widths)} widths for {len(cells)} cells")
             parsed = [self._inlines(cell, self._at + 1) for cell in cells]

@@ -43,8 +43,8 @@ def _draw(content: list[str], y: int, line: str) -> int:
     if line.startswith("## "):
         content.append(_text("F2", 13, INK, LEFT, y - 14, line[3:]))
         return 24
-    if line.startswith("___ "):
-        content.append(_text("F1", 11, INK, LEFT, y - 14, line[4:]))
+    if line.startswith("___"):
+        content.append(_text("F1", 11, INK, LEFT, y - 14, line[3:].strip()))
         content.append(f"0.6 G 0.7 w {LEFT + 200} {y - 17} m {RIGHT} {y - 17} l S")
         return 27
     if line.startswith("[] "):

@@ -14,6 +14,7 @@ from .palette import COLOURS, colour_number
 
 TWIPS_PER_PIXEL = 15
 CELL_GAP = 120
+BOX_PADDING = 100
 LIST_INDENT = 380
 BOX_LOOK = {"tip": ("pale", "blue"), "note": ("pale", "grey"), "warning": ("cream", "warm")}
 ALIGN_WORD = {"left": "\\ql", "center": "\\qc", "right": "\\qr"}
@@ -136,7 +137,7 @@ class _Renderer:
     def _box(self, block: Box) -> None:
         fill, rule = BOX_LOOK[block.kind]
         width = min(self._layout.text_width, self._layout.measure)
-        self._row([width], [fill], [self._cell(block.blocks)], rule)
+        self._row([width], [fill], [self._cell(block.blocks)], rule, BOX_PADDING)
 
     def _columns(self, block: Columns) -> None:
         widths = [self._layout.text_width * width // 100 for width in block.widths]
@@ -149,13 +150,15 @@ class _Renderer:
                                 for block, follower in zip(blocks, followers))
 
     def _row(self, widths: list[int], fills: list[str | None], cells: list[str],
-             rule: str | None) -> None:
+             rule: str | None, padding: int = 0) -> None:
         """Write one table row; without a rule the row has no borders."""
         border = ""
         if rule is not None:
             border = "".join(f"\\clbrdr{side}\\brdrs\\brdrw10\\brdrcf{colour_number(rule)}"
                              for side in "tlbr")
         line = f"\\trowd\\trgaph{CELL_GAP}\\trleft0"
+        if padding:
+            line += f"\\trpaddt{padding}\\trpaddft3\\trpaddb{padding}\\trpaddfb3"
         edge = 0
         for width, fill in zip(widths, fills):
             edge += width

@@ -60,7 +60,7 @@ def _read_map(folder: Path) -> Module:
     if len(text) < 4 or not text[1].strip():
         raise SourceError(path, "three head lines, the second with the module's name, then pages")
     lines = []
-    topics: set[str] = set()
+    topics: list[str] = []
     for number, raw in enumerate(text[3:], start=4):
         match = MAP_LINE.match(raw)
         if match is None or match[2] not in PAGE_TYPES:
@@ -70,14 +70,22 @@ def _read_map(folder: Path) -> Module:
             raise SourceError(path, f"{line.page} is out of order", number)
         if (line.kind == "Topic") != bool(line.topic.strip()):
             raise SourceError(path, "a topic page, and no other, names its topic", number)
-        if line.topic in topics:
-            raise SourceError(path, f"the topic {line.topic} stands twice", number)
         if line.topic:
-            topics.add(line.topic)
+            _check_topic(path, number, line.topic, topics)
+            topics.append(line.topic)
         lines.append(line)
     if lines[0].page != FIRST_PAGE or lines[0].kind != "Topic":
         raise SourceError(path, "the first page has to be a named topic", 4)
     return Module(folder.name, folder, text[1], (text[0], text[2]), lines)
+
+
+def _check_topic(path: Path, number: int, topic: str, earlier: list[str]) -> None:
+    """The player keeps the viewed topics in one text and looks a topic up by its bare name."""
+    if "_" in topic:
+        raise SourceError(path, f"an underscore in the topic {topic}", number)
+    for other in earlier:
+        if topic in other or other in topic:
+            raise SourceError(path, f"{topic} and {other} can't be told apart", number)
 
 
 def _check_reviews(course: Course) -> None:
