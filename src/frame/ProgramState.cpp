@@ -9,11 +9,27 @@ const CourseRecord& CurrentCourse() {
 }
 
 const ModuleRecord& CurrentModule() {
+  return ModuleAt(gCurrentModule);
+}
+
+const ModuleRecord& ModuleAt(int index) {
   const CourseRecord& course = CurrentCourse();
-  if (gCurrentModule < 0 || gCurrentModule >= course.Modules.size()) {
-    throw RunTimeError(Describe("no-module-open", course.CourseName, QString::number(gCurrentModule)));
+  if (index < 0 || index >= course.Modules.size()) {
+    throw RunTimeError(Describe("no-module-open", course.CourseName, QString::number(index)));
   }
-  return course.Modules.at(gCurrentModule);
+  return course.Modules.at(index);
+}
+
+int LastModule() {
+  return static_cast<int>(CurrentCourse().Modules.size()) - 1;
+}
+
+int ModuleIndex(const QString& moduleId) {
+  const auto& modules = CurrentCourse().Modules;
+  for (int i = 0; i < modules.size(); ++i) {
+    if (modules.at(i).ModuleId == moduleId) return i;
+  }
+  return -1;
 }
 
 void ResetProgramState() {

@@ -64,6 +64,12 @@ inline QStringList gProgLast;
 // The open course and module. An index outside its array is a RunTimeError.
 const CourseRecord& CurrentCourse();
 const ModuleRecord& CurrentModule();
+// A module of the open course by its index. One outside the course is a RunTimeError that names it.
+const ModuleRecord& ModuleAt(int index);
+// The highest module index of the open course, -1 when it has none.
+int LastModule();
+// The index of the first module of that id in the open course, -1 when it is not there. Case counts.
+int ModuleIndex(const QString& moduleId);
 
 // Everything above as it is when the program starts.
 void ResetProgramState();

@@ -7,13 +7,17 @@ namespace {
 
 class SystemAlarm final : public Alarm {
  public:
-  SystemAlarm(int milliseconds, std::function<void()> tick) {
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, std::move(tick));
-    timer_.start(milliseconds);
+  SystemAlarm(int milliseconds, std::function<void()> tick) : timer_(new QTimer) {
+    QObject::connect(timer_, &QTimer::timeout, timer_, std::move(tick));
+    timer_->start(milliseconds);
+  }
+  ~SystemAlarm() override {
+    timer_->stop();
+    timer_->deleteLater();  // the alarm may be stopped from inside its own tick
   }
 
  private:
-  QTimer timer_;
+  QTimer* timer_;
 };
 
 class SystemClock final : public Clock {

@@ -21,9 +21,21 @@ int PixelsY(double twips);
 // A colour in the program's form, 0xBBGGRR (blue in the high byte).
 QColor Colour(int bbggrr);
 
+// The pointer of the whole program by its number; the default gives it back to the forms.
+void SetMousePointer(int pointer);
+
 }  // namespace Screen
 
 // Mouse pointers by their numbers.
 inline constexpr int kPointerDefault = 0;
 inline constexpr int kPointerHourglass = 11;
 inline constexpr int kPointerHand = 99;
+
+// The hourglass over the whole program for as long as it lives.
+class Hourglass {
+ public:
+  Hourglass() { Screen::SetMousePointer(kPointerHourglass); }
+  ~Hourglass() { Screen::SetMousePointer(kPointerDefault); }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+};

@@ -1,0 +1,38 @@
+// The dialogs of one family: sign-in, registration, profile and course choice share their size, their
+// background, the header bar with the exit button, and the button strip.
+#pragma once
+
+#include "platform/forms/Form.h"
+#include "platform/forms/SkinButton.h"
+
+namespace DialogLayout {  // twips at 15 per pixel
+
+inline constexpr double kWidth = 7800, kHeight = 5400;
+inline constexpr double kMargin = 360;
+inline constexpr Place kTitle{kMargin, 225, 6600, 390};
+inline constexpr Place kExit{7155, 180, 465, 465};
+inline constexpr Place kLeftButton{4590, 4703, 1335, 495};
+inline constexpr Place kRightButton{6105, 4703, 1335, 495};
+inline constexpr double kTitlePoints = 14.25, kTextPoints = 10;
+inline constexpr int kTitleColour = 0xFFFFFF, kTextColour = 0x333333, kStrongColour = 0xB24747;
+
+}  // namespace DialogLayout
+
+class DialogForm : public Form {
+ protected:
+  explicit DialogForm(const QString& name);
+
+  // The picture that fills the form; controls of the dialog stand on it.
+  PictureBox* Backdrop() const { return backdrop_; }
+  ButtonFamily& Buttons() { return buttons_; }
+  // A dialog button at a place, a member of the family.
+  SkinButton* AddButton(const QString& name, const QString& captionName, const Place& place);
+  // The exit button in the header bar, a member of the family.
+  SkinButton* AddExitButton(const QString& name);
+
+  void Form_MouseMove() override;
+
+ private:
+  PictureBox* backdrop_;
+  ButtonFamily buttons_;
+};

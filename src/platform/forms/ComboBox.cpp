@@ -1,0 +1,19 @@
+#include "platform/forms/ComboBox.h"
+
+#include <QAbstractItemView>
+
+ComboBox::ComboBox(QWidget* container, const QString& name)
+    : QComboBox(container), Control(this, name, ControlKind::ComboBox) {
+  QFont font(QStringLiteral("Arial"));
+  font.setPointSizeF(10);
+  setFont(font);
+  setMaxVisibleItems(10);
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // the place is the form's matter
+  view()->setTextElideMode(Qt::ElideRight);
+}
+
+void ComboBox::AddItems(const QStringList& items) {
+  const int chosen = currentIndex();
+  addItems(items);
+  setCurrentIndex(chosen);  // Qt would choose the first by itself
+}

@@ -1,0 +1,132 @@
+#include "platform/forms/Control.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include "platform/forms/Form.h"
+#include "platform/forms/Screen.h"
+
+namespace {
+
+// Turns the events of a widget into those of its control.
+class Watcher final : public QObject {
+ public:
+  explicit Watcher(Control& control) : control_(control) {}
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::MouseButtonPress:
+        Press(*static_cast<QMouseEvent*>(event));
+        break;
+      case QEvent::MouseButtonDblClick:
+        Press(*static_cast<QMouseEvent*>(event));
+        control_.DblClick.Raise();
+        break;
+      case QEvent::MouseButtonRelease:
+        Release(*static_cast<QMouseEvent*>(event));
+        break;
+      case QEvent::MouseMove:
+        control_.MouseMove.Raise();
+        break;
+      case QEvent::FocusIn:
+        control_.GotFocus.Raise();
+        break;
+      case QEvent::FocusOut:
+        control_.LostFocus.Raise();
+        break;
+      default:
+        break;
+    }
+    return QObject::eventFilter(object, event);
+  }
+
+ private:
+  void Press(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton) return;
+    pressed_ = true;
+    control_.MouseDown.Raise();
+  }
+
+  void Release(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton || !pressed_) return;
+    pressed_ = false;
+    const bool inside = control_.Widget()->rect().contains(event.position().toPoint());
+    control_.MouseUp.Raise();
+    if (inside) control_.Click.Raise();
+  }
+
+  Control& control_;
+  bool pressed_ = false;
+};
+
+}  // namespace
+
+Control::Control(QWidget* widget, const QString& name, ControlKind kind)
+    : widget_(widget), kind_(kind), watcher_(std::make_unique<Watcher>(*this)) {
+  widget_->setObjectName(name);
+  Watch(widget_);
+  form_ = dynamic_cast<Form*>(widget_->window());
+  if (form_ != nullptr) form_->controls_.append(this);
+}
+
+Control::~Control() {
+  if (form_ != nullptr) form_->controls_.removeOne(this);
+}
+
+void Control::Watch(QWidget* part) {
+  part->setMouseTracking(true);
+  part->installEventFilter(watcher_.get());
+}
+
+QString Control::Name() const {
+  return widget_->objectName();
+}
+
+void Control::Move(double left, double top, double width, double height) {
+  left_ = left;
+  top_ = top;
+  width_ = width;
+  height_ = height;
+  // Both edges are rounded, so that neighbours that touch in twips touch in pixels.
+  const int x = Screen::PixelsX(left), y = Screen::PixelsY(top);
+  widget_->setGeometry(x, y, Screen::PixelsX(left + width) - x, Screen::PixelsY(top + height) - y);
+}
+
+void Control::SetVisible(bool visible) {
+  visible_ = visible;
+  widget_->setVisible(visible);
+}
+
+void Control::SetEnabled(bool enabled) {
+  enabled_ = enabled;
+  widget_->setEnabled(enabled);
+}
+
+void Control::SetForeColor(int colour) {
+  if (colour == foreColor_) return;
+  foreColor_ = colour;
+  ColoursChanged();
+}
+
+void Control::SetBackColor(int colour) {
+  if (colour == backColor_) return;
+  backColor_ = colour;
+  ColoursChanged();
+}
+
+void Control::ColoursChanged() {
+  widget_->update();
+}
+
+void Control::SetFocus() {
+  widget_->setFocus(Qt::OtherFocusReason);
+}
+
+bool Control::HasFocus() const {
+  return widget_->hasFocus();
+}
+
+void Control::SetAccessibleName(const QString& name) {
+  widget_->setAccessibleName(name);
+}

@@ -1,0 +1,185 @@
+#include "platform/forms/Form.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QWindow>
+
+#include "platform/forms/Control.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/Timer.h"
+
+namespace {
+
+Qt::WindowFlags FlagsOf(FormFrame frame) {
+  switch (frame) {
+    case FormFrame::Frameless:
+      return Qt::Window | Qt::FramelessWindowHint;
+    case FormFrame::Tool:
+      return Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    case FormFrame::Framed:
+      break;
+  }
+  return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+}
+
+Qt::CursorShape ShapeOf(int pointer) {
+  switch (pointer) {
+    case kPointerHand:
+      return Qt::PointingHandCursor;
+    case kPointerHourglass:
+      return Qt::WaitCursor;
+    default:
+      return Qt::ArrowCursor;
+  }
+}
+
+}  // namespace
+
+Form::Form(const QString& name, FormFrame frame) : QWidget(nullptr, FlagsOf(frame)) {
+  setObjectName(name);
+  setMouseTracking(true);
+  setWindowTitle(QApplication::applicationDisplayName());
+  setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+Form::~Form() {
+  for (Control* control : controls_)
+    control->form_ = nullptr;
+  for (Timer* timer : timers_)
+    timer->form_ = nullptr;
+}
+
+Control* Form::ActiveControl() const {
+  for (Control* control : controls_) {
+    if (control->Widget() == focusWidget()) return control;
+  }
+  return nullptr;
+}
+
+void Form::Move(double left, double top, double width, double height) {
+  left_ = left;
+  top_ = top;
+  placed_ = true;
+  SetSize(width, height);
+  move(Screen::PixelsX(left), Screen::PixelsY(top));
+}
+
+void Form::SetSize(double width, double height) {
+  width_ = width;
+  height_ = height;
+  setFixedSize(Screen::PixelsX(width), Screen::PixelsY(height));
+}
+
+void Form::Centre() {
+  const QRect place = screen()->geometry();
+  const QPoint corner((place.width() - width()) / 2, (place.height() - height()) / 2);
+  const QPoint shown(std::max(corner.x(), 0), std::max(corner.y(), 0));
+  move(place.topLeft() + shown);
+  left_ = shown.x() * Screen::TwipsPerPixelX();
+  top_ = shown.y() * Screen::TwipsPerPixelY();
+}
+
+void Form::Show(FormMode mode, Form* owner) {
+  if (!loaded_) return;
+  if (!placed_) Centre();
+  setWindowModality(mode == FormMode::Modal ? Qt::ApplicationModal : Qt::NonModal);
+  winId();  // makes the native window, which the owner and the key preview need
+  windowHandle()->installEventFilter(this);
+  Form* beneath = owner != nullptr ? owner : FormLife::Active();
+  const bool floats = mode == FormMode::Modal || owner != nullptr;
+  windowHandle()->setTransientParent(floats && beneath != nullptr && beneath != this ? beneath->windowHandle()
+                                                                                     : nullptr);
+  shown_ = true;
+  show();
+  activateWindow();
+  FormLife::SetActive(this);
+  if (mode == FormMode::Modal && shown_) RunModalLoop();
+}
+
+void Form::RunModalLoop() {
+  QEventLoop loop;
+  modalLoop_ = &loop;
+  loop.exec(QEventLoop::DialogExec);
+  modalLoop_ = nullptr;
+}
+
+void Form::Hide() {
+  shown_ = false;
+  hide();
+  FormLife::Forget(this);
+  if (modalLoop_ != nullptr) modalLoop_->quit();
+}
+
+void Form::Minimise() {
+  showMinimized();
+}
+
+bool Form::Unload(UnloadMode mode) {
+  if (!loaded_ || unloading_) return true;
+  unloading_ = true;
+  if (!Form_QueryUnload(mode)) {
+    unloading_ = false;
+    return false;
+  }
+  Form_Unload();
+  for (Timer* timer : timers_)
+    timer->SetEnabled(false);
+  loaded_ = false;
+  Hide();
+  deleteLater();
+  return true;
+}
+
+void Form::Refresh() {
+  repaint();
+}
+
+void Form::SetMousePointer(int pointer) {
+  if (pointer == mousePointer_) return;
+  mousePointer_ = pointer;
+  setCursor(ShapeOf(pointer));
+}
+
+bool Form::event(QEvent* event) {
+  // A click on another of our windows makes it the active form, if no modal one keeps it out.
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (event->type() == QEvent::WindowActivate && shown_ && (modal == nullptr || modal == this)) {
+    Dispatcher::Run([this] { FormLife::SetActive(this); });
+  }
+  return QWidget::event(event);
+}
+
+bool Form::eventFilter(QObject* object, QEvent* event) {
+  if (object == windowHandle() && PreviewKey(event)) return true;
+  return QWidget::eventFilter(object, event);
+}
+
+bool Form::PreviewKey(QEvent* event) {
+  if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (key.isAutoRepeat()) return false;  // a held key repeats as release and press
+  const int code = key.key() == Qt::Key_Enter ? static_cast<int>(Qt::Key_Return) : key.key();
+  if (event->type() == QEvent::KeyPress) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    const bool elsewhere =
+        (modal != nullptr && modal != this) || QApplication::activePopupWidget() != nullptr;
+    if (!elsewhere) pressedKeys_.insert(code);
+    return false;
+  }
+  if (!pressedKeys_.remove(code)) return false;
+  const Qt::KeyboardModifiers modifiers = key.modifiers();
+  Dispatcher::Run([&] { Form_KeyUp(code, modifiers); });
+  return !loaded_;  // nothing more for the controls of a form that is gone
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the form's own life decides
+  Dispatcher::Run([this] { Unload(UnloadMode::ControlBox); });
+}
+
+void Form::mouseMoveEvent(QMouseEvent*) {
+  Dispatcher::Run([this] { Form_MouseMove(); });
+}

@@ -1,0 +1,134 @@
+// Forms and their life: default instances, load and unload, modal loops, activation, keys.
+#pragma once
+
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QWidget>
+
+#include "platform/forms/Event.h"
+
+class Control;
+class QEventLoop;
+class Timer;
+
+enum class FormFrame { Framed, Frameless, Tool };
+enum class FormMode { Modeless, Modal };
+// Who asks for the unload: the learner by the window's close box, or the code.
+enum class UnloadMode { ControlBox = 0, Code = 1 };
+
+class Form : public QWidget {
+ public:
+  // `name` is the form's name; its caption is the run title that every form carries until it sets another.
+  Form(const QString& name, FormFrame frame);
+  ~Form() override;
+
+  QString Name() const { return objectName(); }
+  const QList<Control*>& Controls() const { return controls_; }
+  Control* ActiveControl() const;
+
+  // Place on the screen in twips. A form that never got a left and top is centred when it is shown.
+  double Left() const { return left_; }
+  double Top() const { return top_; }
+  double Width() const { return width_; }
+  double Height() const { return height_; }
+  void Move(double left, double top, double width, double height);
+  void SetSize(double width, double height);
+  bool HasPlace() const { return placed_; }
+
+  // Shows the form. Modal: returns when the form is hidden or unloaded. The owner stays beneath it.
+  void Show(FormMode mode = FormMode::Modeless, Form* owner = nullptr);
+  void Hide();
+  bool Shown() const { return shown_; }  // minimised counts as shown
+  void Minimise();
+
+  // Asks Form_QueryUnload, runs Form_Unload, and takes the form out of the collection. The object
+  // lives until its handlers have returned. False when the query cancelled it.
+  bool Unload(UnloadMode mode = UnloadMode::Code);
+
+  // Repaints the form at once.
+  void Refresh();
+
+  // One of the pointer numbers of Screen.h.
+  void SetMousePointer(int pointer);
+  int MousePointer() const { return mousePointer_; }
+
+  void SetCaption(const QString& caption) { setWindowTitle(caption); }
+
+  // Whether the form and its timers take part in the program; false from Form_Unload's end on.
+  bool Loaded() const { return loaded_; }
+
+ protected:
+  virtual void Form_Load() {}
+  virtual void Form_Activate() {}
+  virtual void Form_Deactivate() {}
+  virtual bool Form_QueryUnload(UnloadMode) { return true; }  // false keeps the form
+  virtual void Form_Unload() {}
+  virtual void Form_MouseMove() {}
+  // The form sees keys before its controls do, and the release only of a key whose press it saw.
+  virtual void Form_KeyUp(int /*key*/, Qt::KeyboardModifiers) {}
+
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  friend class Control;
+  friend class Timer;
+  friend class FormLife;
+
+  void Centre();
+  void RunModalLoop();
+  bool PreviewKey(QEvent* event);
+
+  QList<Control*> controls_;
+  QList<Timer*> timers_;
+  QSet<int> pressedKeys_;
+  QEventLoop* modalLoop_ = nullptr;
+  double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
+  bool placed_ = false, shown_ = false, loaded_ = false, unloading_ = false;
+  int mousePointer_ = 0;
+};
+
+// The collection of loaded forms, which of them is active, and the end of the program.
+class FormLife {
+ public:
+  static const QList<Form*>& Loaded();
+  static Form* Active();
+  // Loads a new form: it joins the collection, then its load handler runs. An error in the handler
+  // takes the form out again and goes on to the caller.
+  static void Load(Form* form);
+  static void SetActive(Form* form);
+  // The form lost its window; the one that was active before it becomes active.
+  static void Forget(Form* form);
+
+  // Ends the program where it stands: no unload handlers run.
+  static void EndProgram();
+  static bool Ended();
+  // What ends the event loop; tests put their own in its place. Also begins a new life after an end.
+  static void Begin(std::function<void()> quit);
+  // Brings the active form to the front of the desktop.
+  static void BringForward();
+
+ private:
+  static void EndIfNothingShows();
+};
+
+// The loaded form of that class, or nullptr.
+template <typename FormType>
+FormType* LoadedForm() {
+  for (Form* form : FormLife::Loaded()) {
+    if (auto* found = dynamic_cast<FormType*>(form)) return found;
+  }
+  return nullptr;
+}
+
+// The default instance of a form class, made and loaded on first mention.
+template <typename FormType>
+FormType& Default() {
+  if (FormType* loaded = LoadedForm<FormType>()) return *loaded;
+  auto* form = new FormType;  // owned by the collection, deleted after its unload
+  FormLife::Load(form);
+  return *form;
+}

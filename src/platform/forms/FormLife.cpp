@@ -1,0 +1,106 @@
+#include <QApplication>
+#include <QWindow>
+
+#include "platform/forms/Form.h"
+#include "platform/forms/Timer.h"
+
+namespace {
+
+struct Life {
+  QList<Form*> Loaded;
+  QList<Form*> Activation;  // shown forms, the active one last
+  std::function<void()> Quit;
+  bool Ended = false;
+};
+
+Life& TheLife() {
+  static Life life;
+  return life;
+}
+
+}  // namespace
+
+const QList<Form*>& FormLife::Loaded() {
+  return TheLife().Loaded;
+}
+
+Form* FormLife::Active() {
+  return TheLife().Activation.isEmpty() ? nullptr : TheLife().Activation.last();
+}
+
+void FormLife::Load(Form* form) {
+  TheLife().Loaded.append(form);
+  form->loaded_ = true;
+  try {
+    form->Form_Load();
+  } catch (...) {
+    form->loaded_ = false;
+    form->Hide();
+    form->deleteLater();
+    throw;
+  }
+}
+
+void FormLife::SetActive(Form* form) {
+  Form* before = Active();
+  if (before == form || !form->shown_) return;
+  TheLife().Activation.removeOne(form);
+  TheLife().Activation.append(form);
+  if (before != nullptr) before->Form_Deactivate();
+  form->Form_Activate();
+}
+
+void FormLife::Forget(Form* form) {
+  const bool wasActive = Active() == form;
+  TheLife().Activation.removeOne(form);
+  if (!form->loaded_) TheLife().Loaded.removeOne(form);
+  if (!wasActive || Active() == nullptr) return;
+  Active()->activateWindow();
+  Active()->Form_Activate();
+}
+
+void FormLife::EndProgram() {
+  TheLife().Ended = true;
+  for (Form* form : TheLife().Loaded) {
+    for (Timer* timer : form->timers_)
+      timer->SetEnabled(false);
+    form->hide();
+    if (form->modalLoop_ != nullptr) form->modalLoop_->quit();
+  }
+  if (TheLife().Quit) TheLife().Quit();
+}
+
+bool FormLife::Ended() {
+  return TheLife().Ended;
+}
+
+void FormLife::Begin(std::function<void()> quit) {
+  TheLife().Ended = false;
+  TheLife().Quit = std::move(quit);
+  Dispatcher::SetIdleCheck(&FormLife::EndIfNothingShows);
+}
+
+void FormLife::BringForward() {
+  Form* form = Active();
+  if (form == nullptr) return;
+  if (form->isMinimized()) form->showNormal();
+  form->raise();
+  form->activateWindow();
+}
+
+void FormLife::EndIfNothingShows() {
+  if (TheLife().Ended) return;
+  for (const Form* form : TheLife().Loaded) {
+    if (form->shown_) return;
+  }
+  // Forms that are only hidden go with the program.
+  while (!TheLife().Loaded.isEmpty()) {
+    Form* form = TheLife().Loaded.last();
+    form->Unload();
+    if (form->loaded_ && !form->shown_)
+      TheLife().Loaded.removeOne(form);  // it would not go: the end is the end
+    if (form->shown_) return;
+  }
+  TheLife().Ended = true;
+  if (TheLife().Quit) TheLife().Quit();
+}

@@ -1,0 +1,31 @@
+// A line or paragraph of plain text. Its back colour is state only: a label lets its container shine
+// through, and the code reads the colour back.
+#pragma once
+
+#include <QLabel>
+
+#include "platform/forms/Control.h"
+
+class Label : public QLabel, public Control {
+ public:
+  Label(QWidget* container, const QString& name);
+
+  const QString& Caption() const { return caption_; }
+  void SetCaption(const QString& caption);
+
+  // A single line that ends in an ellipsis, with the whole text in a tool tip, where it does not fit.
+  void SetElided(bool elided);
+
+  // Arial in points.
+  void SetFont(double points, bool bold);
+
+ protected:
+  void ColoursChanged() override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void ShowCaption();
+
+  QString caption_;
+  bool elided_ = false;
+};

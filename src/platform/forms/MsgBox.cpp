@@ -1,0 +1,49 @@
+#include "platform/forms/MsgBox.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace {
+
+std::function<MsgAnswer(const MsgBoxCall&)>& Answerer() {
+  static std::function<MsgAnswer(const MsgBoxCall&)> answerer;
+  return answerer;
+}
+
+QMessageBox::Icon QtIcon(MsgIcon icon) {
+  switch (icon) {
+    case MsgIcon::Exclamation:
+      return QMessageBox::Warning;
+    case MsgIcon::Information:
+      return QMessageBox::Information;
+    case MsgIcon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+MsgAnswer Show(const MsgBoxCall& call) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("MsgBox"));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(call.Text);
+  box.setIcon(QtIcon(call.Icon));
+  box.setWindowTitle(call.Title.isEmpty() ? QApplication::applicationDisplayName() : call.Title);
+  box.setStandardButtons(call.Buttons == MsgButtons::Ok ? QMessageBox::Ok
+                                                        : QMessageBox::Yes | QMessageBox::No);
+  if (call.Buttons == MsgButtons::YesNo) box.setEscapeButton(QMessageBox::No);
+  const int answer = box.exec();
+  if (call.Buttons == MsgButtons::Ok) return MsgAnswer::Ok;
+  return answer == QMessageBox::Yes ? MsgAnswer::Yes : MsgAnswer::No;
+}
+
+}  // namespace
+
+MsgAnswer MsgBox(const QString& text, MsgButtons buttons, MsgIcon icon, const QString& title) {
+  const MsgBoxCall call{text, buttons, icon, title};
+  return Answerer() ? Answerer()(call) : Show(call);
+}
+
+void AnswerMessageBoxes(std::function<MsgAnswer(const MsgBoxCall&)> answerer) {
+  Answerer() = std::move(answerer);
+}

@@ -1,0 +1,24 @@
+// Message boxes, and the place where a test answers them.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+enum class MsgButtons { Ok, YesNo };
+enum class MsgIcon { None, Exclamation, Information };
+enum class MsgAnswer { Ok, Yes, No };
+
+struct MsgBoxCall {
+  QString Text;
+  MsgButtons Buttons = MsgButtons::Ok;
+  MsgIcon Icon = MsgIcon::None;
+  QString Title;
+};
+
+// Shows a modal message box over the active window. Without a title of its own it carries the
+// program's. Closing a yes/no box, or Escape in it, answers No.
+MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::None,
+                 const QString& title = {});
+
+// Tests answer message boxes themselves; an empty function brings the real boxes back.
+void AnswerMessageBoxes(std::function<MsgAnswer(const MsgBoxCall&)> answerer);

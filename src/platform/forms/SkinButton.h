@@ -1,0 +1,68 @@
+// The skinned button: a picture box with its caption label, and the family whose members light up
+// one at a time. Every form's picture buttons are of this class.
+#pragma once
+
+#include <QStringList>
+#include <vector>
+
+#include "platform/forms/Label.h"
+#include "platform/forms/PictureBox.h"
+
+// File names of a button's pictures in the folder of the skin.
+struct ButtonImages {
+  QString On, Off, Disabled;
+};
+
+// The dialog button ("Button_On.jpg" and its kin) and the exit button without a disabled look.
+const ButtonImages& DialogButtonImages();
+const ButtonImages& ExitButtonImages();
+
+class SkinButton : public PictureBox {
+ public:
+  enum class Look { None, Off, On, Disabled };
+
+  // Caption colours, as 0xBBGGRR; they double as the button's state.
+  static constexpr int kLitText = 0x000000, kPlainText = 0xFFFFFF, kDisabledText = 0x808080;
+  static constexpr int kLitBack = 0xFFCCCC, kPlainBack = 0xFF6666;
+
+  // A button without a caption name has no label; its words are its tool tip.
+  SkinButton(QWidget* container, const QString& name, const ButtonImages& images,
+             const QString& captionName = {});
+
+  // Puts the button, and its caption in the middle of it.
+  void PlaceAt(const Place& place);
+
+  Label* Caption() const { return caption_; }
+  void SetCaption(const QString& text);
+  void SetToolTip(const QString& text);
+
+  // Changes picture, caption colours and Tag (the name of the picture shown). Asked for the look that
+  // it has, does nothing.
+  void Show(Look look);
+  Look Shown() const { return look_; }
+
+ private:
+  ButtonImages images_;
+  Label* caption_ = nullptr;
+  Look look_ = Look::None;
+};
+
+// The buttons of one form: the mouse over an enabled member sets the form's pointer to the hand and
+// gives the member the focus, and the focus lights it and puts the others out. A disabled member keeps
+// its disabled look.
+class ButtonFamily {
+ public:
+  void Add(SkinButton* button);
+  // Puts all enabled members out; a form calls it when another control gets the focus.
+  void PutOut();
+  // The member that is lit, or nullptr.
+  SkinButton* Lit() const;
+
+ private:
+  void LightUp(SkinButton* button);
+
+  std::vector<SkinButton*> members_;
+};
+
+// The folder of the skin's pictures: "\GUIimages\" under the program folder, as a program path.
+QString SkinPicture(const QString& fileName);

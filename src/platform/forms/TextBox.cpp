@@ -1,0 +1,20 @@
+#include "platform/forms/TextBox.h"
+
+#include "platform/forms/Screen.h"
+
+TextBox::TextBox(QWidget* container, const QString& name, int maxLength)
+    : QLineEdit(container), Control(this, name) {
+  setMaxLength(maxLength);
+  QFont font(QStringLiteral("Arial"));
+  font.setPointSizeF(10);
+  setFont(font);
+  setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void TextBox::ColoursChanged() {
+  const auto name = [](int colour) { return Screen::Colour(colour).name(); };
+  setStyleSheet(QStringLiteral("QLineEdit { background: %1; color: %2; border: 1px solid #4747B2; "
+                               "border-radius: 3px; padding: 0 5px; "
+                               "selection-background-color: #FFFFFF; selection-color: #4747B2; }")
+                    .arg(name(BackColor()), name(ForeColor())));
+}

@@ -1,0 +1,310 @@
+// Forms, controls, timers and message boxes, driven by real clicks and keys.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QWindow>
+
+#include "frame/FormFitting.h"
+#include "platform/RunTimeError.h"
+#include "platform/forms/ComboBox.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/Picture.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/forms/TextBox.h"
+#include "platform/forms/Timer.h"
+#include "support/Gui.h"
+#include "support/HandClock.h"
+#include "support/Messages.h"
+#include "support/Store.h"
+
+namespace {
+
+// What happened to the forms of a test, in order.
+QStringList g_log;
+
+template <int number>
+class LoggedForm : public Form {
+ public:
+  LoggedForm() : Form(QStringLiteral("Form%1").arg(number), FormFrame::Framed) {
+    SetSize(3000, 1500);
+    button = new SkinButton(this, QStringLiteral("Button"), DialogButtonImages(), QStringLiteral("Words"));
+    button->PlaceAt({150, 150, 1335, 495});
+    button->Show(SkinButton::Look::Off);
+    other = new SkinButton(this, QStringLiteral("Other"), DialogButtonImages(), QStringLiteral("OtherWords"));
+    other->PlaceAt({1500, 150, 1335, 495});
+    other->Show(SkinButton::Look::Off);
+    family.Add(button);
+    family.Add(other);
+    timer.SetInterval(100);
+  }
+
+  SkinButton* button;
+  SkinButton* other;
+  ButtonFamily family;
+  Timer timer{this, QStringLiteral("Timer1")};
+  bool mayClose = true;
+
+ protected:
+  void Form_Load() override { Log("load"); }
+  void Form_Activate() override { Log("activate"); }
+  void Form_Deactivate() override { Log("deactivate"); }
+  bool Form_QueryUnload(UnloadMode mode) override {
+    Log(mode == UnloadMode::ControlBox ? "query by window" : "query by code");
+    return mayClose;
+  }
+  void Form_Unload() override { Log("unload"); }
+  void Form_KeyUp(int key, Qt::KeyboardModifiers) override { Log(QStringLiteral("key %1").arg(key, 0, 16)); }
+
+ private:
+  void Log(const QString& what) { g_log.append(QStringLiteral("%1 %2").arg(number).arg(what)); }
+};
+
+using First = LoggedForm<1>;
+using Second = LoggedForm<2>;
+
+class FormsTest : public ::testing::Test {
+ protected:
+  FormsTest() {
+    g_log.clear();
+    FormLife::Begin([this] { ++quits; });
+  }
+  ~FormsTest() override {
+    Dispatcher::SetIdleCheck({});
+    while (!FormLife::Loaded().isEmpty()) {
+      auto* form = FormLife::Loaded().last();
+      if (auto* first = dynamic_cast<First*>(form)) first->mayClose = true;
+      form->Unload();
+    }
+    Gui::Settle();
+  }
+
+  QStringList TakeLog() { return std::exchange(g_log, {}); }
+
+  Store store;
+  HandClock clock;
+  Messages messages;
+  int quits = 0;
+};
+
+TEST_F(FormsTest, AMentionMakesAndLoadsTheFormOnce) {
+  First& form = Default<First>();
+  EXPECT_EQ(&form, &Default<First>());
+  EXPECT_EQ(TakeLog(), QStringList{"1 load"});
+  form.Unload();
+  EXPECT_EQ(LoadedForm<First>(), nullptr);
+  EXPECT_NE(&form, &Default<First>());  // a mention after the unload makes a fresh one
+}
+
+TEST_F(FormsTest, ActivationFollowsWhatIsShownHiddenAndUnloaded) {
+  Default<First>().Show();
+  Default<Second>().Show();
+  EXPECT_EQ(TakeLog(), QStringList({"1 load", "1 activate", "2 load", "1 deactivate", "2 activate"}));
+  Default<Second>().Hide();
+  EXPECT_EQ(TakeLog(), QStringList{"1 activate"});
+  Default<Second>().Show();
+  Default<Second>().Unload();
+  EXPECT_EQ(TakeLog(),
+            QStringList({"1 deactivate", "2 activate", "2 query by code", "2 unload", "1 activate"}));
+}
+
+TEST_F(FormsTest, TheCloseBoxAsksWithItsModeAndCanBeRefused) {
+  First& form = Default<First>();
+  form.Show();
+  form.mayClose = false;
+  TakeLog();
+  form.close();
+  EXPECT_EQ(TakeLog(), QStringList{"1 query by window"});
+  EXPECT_TRUE(form.Shown());
+  form.mayClose = true;
+  form.close();
+  EXPECT_EQ(LoadedForm<First>(), nullptr);
+}
+
+TEST_F(FormsTest, AModalFormHoldsItsOpenerUntilItCloses) {
+  Default<First>().Show();
+  Gui::Script script;
+  script.When("Form2", [](Form& form) { form.Hide(); });
+  Dispatcher::Run([] {
+    g_log.append("opens");
+    Default<Second>().Show(FormMode::Modal);
+    g_log.append("goes on");
+  });
+  EXPECT_TRUE(script.Done());
+  const QStringList log = TakeLog();
+  EXPECT_LT(log.indexOf("2 activate"), log.indexOf("goes on"));
+  EXPECT_NE(LoadedForm<Second>(), nullptr);  // hidden, still loaded
+}
+
+TEST_F(FormsTest, TheProgramEndsWhenTheOutermostHandlerLeavesNoFormVisible) {
+  Dispatcher::Run([] { Default<First>().Show(); });
+  Dispatcher::Run([this] {
+    Default<First>().Hide();
+    Dispatcher::Run([] {});
+    EXPECT_EQ(quits, 0);  // not yet: a handler still runs
+  });
+  EXPECT_EQ(quits, 1);
+  EXPECT_TRUE(FormLife::Loaded().isEmpty());  // the hidden form went with the program
+}
+
+TEST_F(FormsTest, AMinimisedFormKeepsTheProgramUp) {
+  Dispatcher::Run([] {
+    Default<First>().Show();
+    Default<First>().Minimise();
+  });
+  EXPECT_EQ(quits, 0);
+}
+
+TEST_F(FormsTest, TheImmediateEndRunsNoUnloadHandlers) {
+  Default<First>().Show();
+  TakeLog();
+  FormLife::EndProgram();
+  EXPECT_EQ(quits, 1);
+  EXPECT_TRUE(TakeLog().isEmpty());
+}
+
+TEST_F(FormsTest, AnErrorInAHandlerIsShownAndTheProgramGoesOn) {
+  First& form = Default<First>();
+  form.Show();
+  form.button->Click = [] { throw RunTimeError("the file xyz is gone"); };
+  Gui::Click(form, "Button");
+  EXPECT_EQ(messages.Take(), QStringList{"the file xyz is gone"});
+  EXPECT_TRUE(form.Shown());
+}
+
+TEST_F(FormsTest, AFormSeesTheReleaseOnlyOfAKeyWhosePressItSaw) {
+  First& form = Default<First>();
+  form.Show();
+  TakeLog();
+  QTest::sendKeyEvent(QTest::Release, form.windowHandle(), Qt::Key_Escape, QString(), {});
+  EXPECT_TRUE(TakeLog().isEmpty());
+  Gui::Key(form, Qt::Key_Escape);
+  EXPECT_EQ(TakeLog(), QStringList{"1 key 1000000"});
+  Gui::Key(form, Qt::Key_Enter);  // the keypad's Enter is Enter
+  EXPECT_EQ(TakeLog(), QStringList{"1 key 1000004"});
+}
+
+TEST_F(FormsTest, AHeldKeyIsOneRelease) {
+  First& form = Default<First>();
+  form.Show();
+  TakeLog();
+  const auto send = [&](QEvent::Type type, bool repeat) {
+    QKeyEvent event(type, Qt::Key_Right, {}, {}, repeat);
+    QApplication::sendEvent(form.windowHandle(), &event);
+  };
+  send(QEvent::KeyPress, false);
+  for (int i = 0; i < 3; ++i) {
+    send(QEvent::KeyRelease, true);
+    send(QEvent::KeyPress, true);
+  }
+  send(QEvent::KeyRelease, false);
+  EXPECT_EQ(TakeLog().size(), 1);
+}
+
+TEST_F(FormsTest, TheMouseOverAButtonLightsItAloneAndASkippedOneStaysDisabled) {
+  First& form = Default<First>();
+  form.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  Gui::MoveTo(form, "Button");
+  EXPECT_EQ(form.family.Lit(), form.button);
+  EXPECT_EQ(form.MousePointer(), kPointerHand);
+  Gui::MoveTo(form, "Other");
+  EXPECT_EQ(form.family.Lit(), form.other);
+  EXPECT_EQ(form.button->Caption()->ForeColor(), SkinButton::kPlainText);
+  form.button->SetEnabled(false);
+  form.button->Show(SkinButton::Look::Disabled);
+  form.family.PutOut();
+  EXPECT_EQ(form.button->Shown(), SkinButton::Look::Disabled);
+  EXPECT_EQ(form.other->Shown(), SkinButton::Look::Off);
+}
+
+TEST_F(FormsTest, AClickOnTheCaptionIsAClickOnTheButton) {
+  First& form = Default<First>();
+  form.Show();
+  int clicks = 0;
+  form.button->Click = [&] { ++clicks; };
+  Gui::Click(form, "Words");
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(FormsTest, AReleaseOutsideIsAMouseUpButNoClick) {
+  First& form = Default<First>();
+  form.Show();
+  form.button->Click = [] { g_log.append("click"); };
+  form.button->MouseUp = [] { g_log.append("up"); };
+  TakeLog();
+  const QPoint inside = form.button->geometry().center();
+  QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, inside);
+  QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, inside + QPoint(0, 60));
+  EXPECT_EQ(TakeLog(), QStringList{"up"});
+}
+
+TEST_F(FormsTest, TimersTickWhileEnabledAndStartAnewWhenEnabledAgain) {
+  First& form = Default<First>();
+  int ticks = 0;
+  form.timer.Tick = [&] { ++ticks; };
+  form.timer.SetEnabled(true);
+  clock.Advance(99);
+  form.timer.SetEnabled(true);  // starts anew
+  clock.Advance(99);
+  EXPECT_EQ(ticks, 0);
+  clock.Advance(1);
+  EXPECT_EQ(ticks, 1);
+  form.timer.SetInterval(0);  // idle, though enabled
+  clock.Advance(1000);
+  EXPECT_EQ(ticks, 1);
+  form.timer.SetInterval(100);
+  form.Unload();
+  clock.Advance(1000);
+  EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(FormsTest, AFormIsFittedToTheDisplayOnce) {
+  First& form = Default<First>();
+  auto* label = new Label(&form, QStringLiteral("Label"));
+  label->Move(300, 450, 1500, 300);
+  auto* list = new ComboBox(&form, QStringLiteral("List"));
+  list->Move(0, 750, 1500, 315);
+  ScaleFormToDisplay(form);
+  const double scale = Screen::TwipsPerPixelX();
+  const bool scaled = scale != 15;
+  // 20 pixels high at 30: a label of another scale is five pixels taller and three higher.
+  EXPECT_DOUBLE_EQ(label->Height(), (scaled ? 25 : 20) * scale);
+  EXPECT_DOUBLE_EQ(label->Top(), (scaled ? 27 : 30) * scale);
+  EXPECT_DOUBLE_EQ(list->Height(), 315);
+  EXPECT_DOUBLE_EQ(list->Top(), 50 * scale);
+  EXPECT_EQ(form.button->size(), QSize(89, 33));  // pixels stay pixels
+}
+
+TEST_F(FormsTest, AMissingPictureNamesItsFileAndKeepsTheOldOne) {
+  First& form = Default<First>();
+  const QString before = form.button->Picture();
+  try {
+    form.button->SetPicture(SkinPicture("nowhere.jpg"));
+    FAIL() << "no error";
+  } catch (const RunTimeError& error) {
+    EXPECT_TRUE(error.Description().contains("nowhere.jpg"));
+  }
+  EXPECT_EQ(form.button->Picture(), before);
+}
+
+TEST_F(FormsTest, APictureIsReadOnceWhateverItsLetters) {
+  LoadPicture(SkinPicture("nextOff.jpg"));
+  const int reads = PictureReads();
+  LoadPicture(SkinPicture("nextOff.jpg"));
+  LoadPicture(SkinPicture("NEXTOFF.JPG"));
+  EXPECT_EQ(PictureReads(), reads);
+}
+
+TEST_F(FormsTest, ATextBoxTakesNoMoreThanItsLength) {
+  First& form = Default<First>();
+  auto* box = new TextBox(&form, QStringLiteral("Box"), 32);
+  box->Move(150, 900, 2000, 390);
+  form.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  box->SetFocus();
+  Gui::Type(form, QString(40, QLatin1Char('a')));
+  EXPECT_EQ(box->Text().size(), 32);
+}
+
+}  // namespace

@@ -1,0 +1,74 @@
+#include "support/Gui.h"
+
+#include <QCoreApplication>
+#include <QWindow>
+
+namespace Gui {
+
+namespace {
+
+constexpr int kPatience = 20000;  // polls of a script's step before it counts as never coming
+
+QPoint Middle(const Form& form, const QString& name) {
+  const QWidget* widget = Find(form, name);
+  return widget->mapTo(&form, widget->rect().center());
+}
+
+}  // namespace
+
+void Click(const Form& form, const QString& name) {
+  QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, Middle(form, name));
+}
+
+void MoveTo(const Form& form, const QString& name) {
+  // A move to where the pointer stands already is none: it comes from one pixel aside.
+  QTest::mouseMove(form.windowHandle(), Middle(form, name) + QPoint(1, 0));
+  QTest::mouseMove(form.windowHandle(), Middle(form, name));
+}
+
+void Key(const Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(form.windowHandle(), key, modifiers);
+}
+
+void Type(const Form& form, const QString& text) {
+  for (const QChar character : text) {
+    QTest::sendKeyEvent(QTest::Click, form.windowHandle(), Qt::Key_unknown, QString(character), {});
+  }
+}
+
+void Settle() {
+  QCoreApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+Script::Script() {
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Poll(); });
+}
+
+Script::~Script() {
+  timer_.stop();
+}
+
+Script& Script::When(const QString& form, std::function<void(Form&)> action) {
+  steps_.push_back({form, std::move(action)});
+  timer_.start(0);
+  return *this;
+}
+
+void Script::Poll() {
+  if (steps_.empty()) {
+    timer_.stop();
+    return;
+  }
+  Form* active = FormLife::Active();
+  if (active == nullptr || active->Name() != steps_.front().Form) {
+    if (++idle_ > kPatience) qFatal("the form %s never came", qPrintable(steps_.front().Form));
+    return;
+  }
+  idle_ = 0;
+  const auto action = steps_.front().Action;
+  steps_.pop_front();
+  action(*active);
+}
+
+}  // namespace Gui

@@ -1,0 +1,53 @@
+// Real clicks and keys on real forms, and a script that acts inside modal loops.
+#pragma once
+
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+#include "platform/forms/Control.h"
+#include "platform/forms/Form.h"
+
+namespace Gui {
+
+// The widget of that name on a form; the test stops when it is not there.
+template <typename Widget = QWidget>
+Widget* Find(const Form& form, const QString& name) {
+  auto* found = form.findChild<QWidget*>(name);
+  auto* widget = dynamic_cast<Widget*>(found);
+  if (widget == nullptr) qFatal("no control %s on %s", qPrintable(name), qPrintable(form.Name()));
+  return widget;
+}
+
+// Mouse and keys go to the window, as the desktop delivers them.
+void Click(const Form& form, const QString& name);
+void MoveTo(const Form& form, const QString& name);
+void Key(const Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+void Type(const Form& form, const QString& text);
+
+// Lets everything that is posted be delivered, deletions included.
+void Settle();
+
+// Acts when a form comes to the front, also inside the modal loops of others.
+class Script {
+ public:
+  Script();
+  ~Script();
+  // The steps run in order, each once its form is the active one.
+  Script& When(const QString& form, std::function<void(Form&)> action);
+  bool Done() const { return steps_.empty(); }
+
+ private:
+  void Poll();
+
+  struct Step {
+    QString Form;
+    std::function<void(::Form&)> Action;
+  };
+  std::deque<Step> steps_;
+  QTimer timer_;
+  int idle_ = 0;
+};
+
+}  // namespace Gui

@@ -1,0 +1,24 @@
+// Answers the message boxes of a test and keeps what they said.
+#pragma once
+
+#include <QStringList>
+#include <deque>
+
+#include "platform/forms/MsgBox.h"
+
+class Messages {
+ public:
+  Messages();
+  ~Messages();
+
+  // The answers of the next yes/no boxes, in order; without one a yes/no box is answered No.
+  void Answer(std::initializer_list<MsgAnswer> answers) { answers_ = answers; }
+  // The texts since the last call.
+  QStringList Take();
+  const std::vector<MsgBoxCall>& Calls() const { return calls_; }
+
+ private:
+  std::deque<MsgAnswer> answers_;
+  std::vector<MsgBoxCall> calls_;
+  size_t taken_ = 0;
+};
