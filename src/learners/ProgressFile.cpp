@@ -52,8 +52,10 @@ bool HasLine(const QString& path, const QString& moduleId) {
   return false;
 }
 
-void AppendLine(ProgressRecords& records, const QString& moduleId, const QString& topic,
-                const TestFields& tests) {
+// A new line at the end. A file without a resume line gets one, so that the new line does not become it.
+void SaveWithNewLine(ProgressRecords& records, const QString& moduleId, const QString& topic,
+                     const TestFields& tests) {
+  if (!records.HasResume()) records.SetResume(moduleId, ProgressText(gPageList.GetCurrentPageName()));
   // An empty topic gives "__" here, on purpose: the list still reads by its own rule.
   records.Append(QStringList{moduleId, u'_' + topic + u'_'} + TestTexts(tests));
   records.Save();
@@ -68,8 +70,7 @@ void StartModuleInAllModules(const QString& moduleId, const QString& topic, cons
   const QString path = CoursePath(folderName, course);
   const bool isNew = !PathExists(path);
   ProgressRecords records = isNew ? ProgressRecords(path) : ProgressRecords::Load(path);
-  if (isNew) records.SetResume(moduleId, ProgressText(gPageList.GetCurrentPageName()));
-  AppendLine(records, moduleId, topic, tests);
+  SaveWithNewLine(records, moduleId, topic, tests);
   if (isNew) SaveResumeAlone(CurrentCoursePath(folderName), moduleId);
 }
 
@@ -118,7 +119,7 @@ void RecordModuleProgress(const QString& moduleId, const QString& topic, const Q
     StartModuleInAllModules(id, viewed, folder, tests);
   } else {
     ProgressRecords records = ProgressRecords::Load(CurrentCoursePath(folder));
-    AppendLine(records, id, viewed, tests);
+    SaveWithNewLine(records, id, viewed, tests);
   }
 }
 

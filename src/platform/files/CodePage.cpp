@@ -15,15 +15,16 @@ QStringDecoder Decoder(bool utf8) {
   return QStringDecoder(g_codePage.constData(), QStringDecoder::Flag::ConvertInitialBom);
 }
 
-QByteArray AllAscii() {
-  QByteArray ascii;
-  for (char c = 0; c < 0x7F; ++c)
+// The characters that files are made of. Some tables of far-eastern pages swap control characters.
+QByteArray PlainAscii() {
+  QByteArray ascii("\t\n\r");
+  for (char c = 0x20; c < 0x7F; ++c)
     ascii.append(c);
   return ascii;
 }
 
 bool HoldsAscii(const QByteArray& codePage) {
-  const QByteArray ascii = AllAscii();
+  const QByteArray ascii = PlainAscii();
   QStringDecoder decoder(codePage.constData());
   if (!decoder.isValid()) return false;
   const QString text = decoder.decode(ascii);

@@ -1,0 +1,85 @@
+#include "platform/FailingCalls.h"
+
+#include <dlfcn.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+// These stand before the C library's own: the program and the libraries it uses call them.
+
+namespace {
+
+SystemCall g_failing = SystemCall::None;
+int g_error = 0;
+int g_count = 0;
+
+bool Fails(SystemCall call) {
+  if (g_failing != call) return false;
+  ++g_count;
+  errno = g_error;
+  return true;
+}
+
+SystemCall SyncOf(int handle) {
+  struct stat status {};
+  const bool folder = fstat(handle, &status) == 0 && S_ISDIR(status.st_mode);
+  return folder ? SystemCall::FolderSync : SystemCall::FileSync;
+}
+
+template <typename Function>
+Function* Real(const char* name) {
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+extern "C" {
+
+ssize_t write(int handle, const void* bytes, size_t size) {
+  if (handle > STDERR_FILENO && Fails(SystemCall::Write)) return -1;
+  return Real<ssize_t(int, const void*, size_t)>("write")(handle, bytes, size);
+}
+
+int fsync(int handle) {
+  if (Fails(SyncOf(handle))) return -1;
+  return Real<int(int)>("fsync")(handle);
+}
+
+int fdatasync(int handle) {
+  if (Fails(SyncOf(handle))) return -1;
+  return Real<int(int)>("fdatasync")(handle);
+}
+
+int rename(const char* from, const char* to) noexcept {
+  if (Fails(SystemCall::Rename)) return -1;
+  return Real<int(const char*, const char*)>("rename")(from, to);
+}
+
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned int flags) noexcept {
+  if (Fails(SystemCall::Rename)) return -1;
+  return Real<int(int, const char*, int, const char*, unsigned int)>("renameat2")(fromFolder, from, toFolder,
+                                                                                  to, flags);
+}
+
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
+  if (Fails(SystemCall::Rename)) return -1;
+  return Real<int(int, const char*, int, const char*, int)>("linkat")(fromFolder, from, toFolder, to, flags);
+}
+
+}  // extern "C"
+
+FailingCall::FailingCall(SystemCall call, int error) {
+  g_failing = call;
+  g_error = error;
+  g_count = 0;
+}
+
+FailingCall::~FailingCall() {
+  g_failing = SystemCall::None;
+}
+
+int FailingCall::Count() const {
+  return g_count;
+}

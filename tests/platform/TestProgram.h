@@ -1,0 +1,69 @@
+// A program folder that lives as long as a test, files in it, and what the test programs print and
+// compare with.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <ostream>
+
+#include "platform/RunTimeError.h"
+#include "platform/files/CodePage.h"
+#include "platform/files/Paths.h"
+
+// GoogleTest finds these by name.
+inline void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
+  *out << '"' << bytes.toPercentEncoding(" \"\\,.:;<>[]{}()=@*'/-_").toStdString() << '"';
+}
+
+// The description of the error that a statement ends with, empty when it ends well.
+template <typename Statement>
+QString ErrorOf(Statement&& statement) {
+  try {
+    statement();
+    return {};
+  } catch (const RunTimeError& error) {
+    return error.Description();
+  }
+}
+
+// A fresh program folder, in force until it goes.
+class TestProgram {
+ public:
+  TestProgram() { SetProgramFolder(Folder()); }
+  ~TestProgram() {
+    SetProgramFolder({});
+    SetCodePage(kDefaultCodePage);
+  }
+  TestProgram(const TestProgram&) = delete;
+  TestProgram& operator=(const TestProgram&) = delete;
+
+  QString Folder() const { return dir_.path(); }
+  QString Path(const QString& relative) const { return dir_.filePath(relative); }
+
+  void MakeDir(const QString& relative) const { QDir(Folder()).mkpath(relative); }
+  // Makes the folders on the way too.
+  void Write(const QString& relative, const QByteArray& bytes) const {
+    MakeDir(QFileInfo(relative).path());
+    QFile file(Path(relative));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << relative.toStdString();
+    file.write(bytes);
+  }
+  QByteArray Read(const QString& relative) const {
+    QFile file(Path(relative));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+  }
+  // Everything in a folder, sorted: also finds what a save left behind.
+  QStringList Names(const QString& relative) const {
+    return QDir(Path(relative))
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+  }
+
+ private:
+  QTemporaryDir dir_;
+};

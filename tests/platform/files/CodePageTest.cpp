@@ -1,0 +1,49 @@
+#include "platform/files/CodePage.h"
+
+#include "platform/TestProgram.h"
+
+TEST(CodePage, ATextIsInTheCodePageOrInUtf8WithTheMark) {
+  const TestProgram program;
+  const struct {
+    const char* Page;
+    QString Text;
+    QByteArray Bytes;
+  } cases[] = {
+      {"windows-1252", u"«Café» – €"_qs,
+       "\xAB"
+       "Caf\xE9\xBB \x96 \x80"},
+      {"windows-1252", u"Łukasz"_qs, "\xEF\xBB\xBF\xC5\x81ukasz"},
+      {"windows-1250", u"Łukasz"_qs, "\xA3ukasz"},
+      {"windows-1252", u"田中"_qs, "\xEF\xBB\xBF\xE7\x94\xB0\xE4\xB8\xAD"},
+      {"cp932", u"田中"_qs, "\x93\x63\x92\x86"},
+      {"windows-1252", u"Ａ"_qs, "\xEF\xBB\xBF\xEF\xBC\xA1"},  // no similar letter in its place
+      {"windows-1252", QString(QChar(0x1A)), "\x1A"},          // what encoders write for the unknown
+      {"windows-1252", u"ï»¿x"_qs, "\xEF\xBB\xBF\xC3\xAF\xC2\xBB\xC2\xBFx"},  // would pass for the mark
+      {"windows-1252", QString(), ""},
+  };
+  for (const auto& c : cases) {
+    ASSERT_TRUE(SetCodePage(c.Page));
+    EXPECT_EQ(EncodeText(c.Text), c.Bytes) << c.Page;
+    EXPECT_EQ(DecodeText(c.Bytes), c.Text) << c.Page;
+  }
+}
+
+TEST(CodePage, EveryByteOfASingleBytePageSurvives) {
+  const TestProgram program;
+  QByteArray all;
+  for (int byte = 0; byte < 256; ++byte)
+    all.append(static_cast<char>(byte));
+  for (const char* page : {"windows-1252", "windows-1250", "windows-1251"}) {
+    ASSERT_TRUE(SetCodePage(page));
+    EXPECT_EQ(EncodeText(DecodeText(all)), all) << page;
+  }
+}
+
+TEST(CodePage, APageThatCannotServeIsRefused) {
+  const TestProgram program;
+  ASSERT_TRUE(SetCodePage("windows-1250"));
+  for (const char* bad : {"", "no such page", "UTF-16", "UTF-32LE", "ebcdic-cp-us"}) {
+    EXPECT_FALSE(SetCodePage(bad)) << bad;
+  }
+  EXPECT_EQ(CodePageName(), "windows-1250");
+}

@@ -1,0 +1,124 @@
+#include "platform/files/FileBytes.h"
+
+#include <errno.h>
+#include <sys/stat.h>
+
+#include <QBuffer>
+
+#include "platform/FailingCalls.h"
+#include "platform/TestProgram.h"
+
+TEST(ReadFile, SaysWhichFileAndWhy) {
+  const TestProgram program;
+  program.Write("large", QByteArray(11, 'x'));
+  program.Write("fits", QByteArray(10, 'x'));
+  program.MakeDir("folder");
+  mkfifo(qPrintable(program.Path("pipe")), 0600);
+  const struct {
+    const char* Path;
+    QString Error;
+  } cases[] = {
+      {"missing", "The file \"" + program.Path("missing") + "\" was not found."},
+      {"large",
+       "The file \"" + program.Path("large") + "\" is too large: 11 bytes, where at most 10 are read."},
+      {"folder", "The file \"" + program.Path("folder") + "\" could not be read: it is not a file."},
+      {"pipe", "The file \"" + program.Path("pipe") + "\" could not be read: it is not a file."},
+      {"FITS", ""},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(ErrorOf([&] { ReadFile(c.Path, 10); }), c.Error);
+  EXPECT_EQ(ReadFile("Fits", 10), QByteArray(10, 'x'));
+}
+
+TEST(ReadFile, ACourseFileOutsideTheProgramFolderIsMissing) {
+  const TestProgram program;
+  EXPECT_EQ(ErrorOf([] { ReadProgramFile("/etc/passwd", kTextFileLimit); }),
+            "The file \"/etc/passwd\" was not found.");
+}
+
+TEST(ReadFile, ADeviceHasTheSameLimit) {
+  QByteArray bytes("0123456789A");
+  QBuffer device(&bytes);
+  ASSERT_TRUE(device.open(QIODevice::ReadOnly));
+  EXPECT_EQ(ErrorOf([&] { ReadDevice(device, 10, "The thing"); }),
+            "The thing is too large: at most 10 bytes are read.");
+}
+
+TEST(SaveFile, MakesAndReplacesUnderTheNameThatIsThere) {
+  const TestProgram program;
+  SaveFile("New", "one");
+  SaveFile("NEW", "two");
+  EXPECT_EQ(program.Names("."), QStringList("New"));
+  EXPECT_EQ(program.Read("New"), "two");
+}
+
+TEST(SaveFile, AFailedSaveLeavesTheOldFileAlone) {
+  const struct {
+    SystemCall Call;
+    int Error;
+    const char* Reason;
+  } cases[] = {
+      {SystemCall::Write, ENOSPC, "No space left on device"},
+      {SystemCall::FileSync, EIO, "Input/output error"},
+      {SystemCall::Rename, EACCES, "Permission denied"},
+  };
+  for (const auto& c : cases) {
+    const TestProgram program;
+    program.Write("Old", "old content");
+    for (const char* name : {"Old", "New"}) {
+      const FailingCall failing(c.Call, c.Error);
+      EXPECT_EQ(ErrorOf([&] { SaveFile(name, "new"); }),
+                "The file \"" + program.Path(name) + "\" could not be saved: " + c.Reason);
+      EXPECT_GT(failing.Count(), 0) << c.Reason;
+    }
+    EXPECT_EQ(program.Names("."), QStringList("Old")) << c.Reason;
+    EXPECT_EQ(program.Read("Old"), "old content") << c.Reason;
+  }
+}
+
+TEST(SaveFile, AFolderThatCannotBeFlushedIsToldBehindTheReplacement) {
+  const TestProgram program;
+  program.Write("Old", "old content");
+  const FailingCall failing(SystemCall::FolderSync, EIO);
+  EXPECT_NE(ErrorOf([] { SaveFile("Old", "new"); }), "");
+  EXPECT_EQ(failing.Count(), 1);
+  EXPECT_EQ(program.Read("Old"), "new");
+  EXPECT_EQ(program.Names("."), QStringList("Old"));
+}
+
+TEST(SaveFile, AMissingFolderIsAnError) {
+  const TestProgram program;
+  EXPECT_EQ(ErrorOf([] { SaveFile("no\\file", "x"); }),
+            "The file \"" + program.Path("no/file") + "\" could not be saved: No such file or directory");
+}
+
+TEST(Folders, AreMadeOnce) {
+  const TestProgram program;
+  MakeFolder("Data\\");
+  MakeFolder("DATA");
+  EXPECT_EQ(program.Names("."), QStringList("Data"));
+  program.Write("file", "");
+  EXPECT_EQ(ErrorOf([] { MakeFolder("file"); }),
+            "The folder \"" + program.Path("file") + "\" could not be made: File exists");
+}
+
+TEST(Folders, ARenameNeverTakesAnothersPlace) {
+  const struct {
+    const char* From;
+    const char* To;
+    QStringList Names;  // afterwards
+    bool Works;
+  } cases[] = {
+      {"Ann Lee", "Ann Lea", {"Ann Lea", "Bo"}, true}, {"Ann Lee", "Ann Lee", {"Ann Lee", "Bo"}, true},
+      {"ann lee", "ANN lee", {"ANN lee", "Bo"}, true}, {"Ann Lee", "Bo", {"Ann Lee", "Bo"}, false},
+      {"Ann Lee", "bo", {"Ann Lee", "Bo"}, false},     {"Cy", "Cy", {"Ann Lee", "Bo"}, false},
+      {"Ann Lee", "x\\y", {"Ann Lee", "Bo"}, false},
+  };
+  for (const auto& c : cases) {
+    const TestProgram program;
+    program.MakeDir("Ann Lee");
+    program.MakeDir("Bo");
+    EXPECT_EQ(ErrorOf([&] { RenameFolder(c.From, c.To); }).isEmpty(), c.Works) << c.From << " to " << c.To;
+    EXPECT_EQ(program.Names("."), c.Names) << c.From << " to " << c.To;
+  }
+}

@@ -1,0 +1,61 @@
+#include "platform/files/QuotedFields.h"
+
+#include "platform/TestProgram.h"
+
+namespace {
+
+// All fields up to the end of the file, or the error.
+QStringList FieldsOf(const QByteArray& bytes) {
+  QStringList fields;
+  const QString error = ErrorOf([&] {
+    QuotedFieldReader reader(bytes, "The test");
+    while (!reader.AtEnd())
+      fields.append(reader.ReadField());
+  });
+  return error.isEmpty() ? fields : fields + QStringList(error);
+}
+
+}  // namespace
+
+TEST(QuotedFields, AreReadAsAStream) {
+  const struct {
+    QByteArray Bytes;
+    QStringList Fields;
+  } cases[] = {
+      {"", {}},
+      {"\r\n \r\n", {}},
+      {"\"1\"\r\n\"a, b\",\"c\"\r\n", {"1", "a, b", "c"}},
+      {"\"1\"\n\"a\"", {"1", "a"}},
+      {"\"1\"\r\"a\"", {"1", "a"}},
+      {"\"a\" , \"b\"\t,c", {"a", "b", "c"}},
+      {"  un quoted ,x\r\n", {"un quoted", "x"}},
+      {"a\"b,c", {"a\"b", "c"}},
+      {"\"over\r\na line\",\"x\"", {"over\r\na line", "x"}},
+      {"\"\",,\"\"", {"", "", ""}},
+      {"a,\r\nb", {"a", "", "b"}},
+      {"a\r\n\r\nb\r\n\r\n", {"a", "", "b"}},
+      {"\"a\",", {"a", ""}},
+      {"\"a\",\r\n", {"a", ""}},
+      {"\"a\"\"b\"c", {"a", "b", "c"}},
+      {"\"a\",\"b\r\n", {"a", "The test ends inside a quoted text."}},
+      {"\"", {"The test ends inside a quoted text."}},
+      {"\xEF\xBB\xBF\"\xC5\x81\",\xC5\x81", {u"Ł"_qs, u"Ł"_qs}},
+      {"\"\xABSale\xBB\"", {u"«Sale»"_qs}},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(FieldsOf(c.Bytes), c.Fields) << c.Bytes.toStdString();
+}
+
+TEST(QuotedFields, ReadingOnBehindTheLastRecordIsAnError) {
+  QuotedFieldReader reader(QByteArray("\"a\"\r\n\r\n\r\n"), "The test");
+  reader.ReadField();
+  EXPECT_TRUE(reader.AtEnd());
+  EXPECT_EQ(ErrorOf([&] { reader.ReadField(); }), "The test ends too early.");
+}
+
+TEST(QuotedFields, AWrittenRecordReadsBack) {
+  const QStringList fields{"RT0102", "_a, b_", "", " x "};
+  const QString record = QuotedRecord(fields);
+  EXPECT_EQ(record, "\"RT0102\",\"_a, b_\",\"\",\" x \"\r\n");
+  EXPECT_EQ(FieldsOf(record.toLatin1()), fields);
+}

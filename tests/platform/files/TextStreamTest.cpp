@@ -1,0 +1,57 @@
+#include "platform/files/TextStream.h"
+
+#include <QBuffer>
+
+#include "platform/TestProgram.h"
+
+namespace {
+
+QStringList LinesOf(const QByteArray& bytes) {
+  TextStream stream(bytes, "text");
+  QStringList lines;
+  while (!stream.AtEndOfStream())
+    lines.append(stream.ReadLine());
+  return lines;
+}
+
+}  // namespace
+
+TEST(TextStream, LinesEndWithLineFeedOrBoth) {
+  const struct {
+    QByteArray Bytes;
+    QStringList Lines;
+  } cases[] = {
+      {"", {}},
+      {"a", {"a"}},
+      {"a\r\n", {"a"}},
+      {"a\n", {"a"}},
+      {"a\r\n\r\n", {"a", ""}},
+      {"a\nb\r\nc", {"a", "b", "c"}},
+      {"\n\rb", {"", "\rb"}},
+      {"a\rb\r", {"a\rb\r"}},
+      {"\xEF\xBB\xBF\xC5\x81\n", {u"Ł"_qs}},
+      {"\xABx\xBB", {u"«x»"_qs}},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(LinesOf(c.Bytes), c.Lines) << c.Bytes.toStdString();
+}
+
+TEST(TextStream, ReadsCharactersBetweenLines) {
+  QByteArray bytes("ab\r\ncd");
+  QBuffer device(&bytes);
+  ASSERT_TRUE(device.open(QIODevice::ReadOnly));
+  TextStream stream(device, "The glossary");
+  EXPECT_EQ(stream.Read(1), "a");
+  EXPECT_EQ(stream.ReadLine(), "b");
+  EXPECT_EQ(stream.ReadChar(), u'c');
+  EXPECT_EQ(stream.Read(5), "d");
+  EXPECT_TRUE(stream.AtEndOfStream());
+}
+
+TEST(TextStream, RunningOffTheEndNamesTheText) {
+  TextStream stream(QByteArray("a\n"), "The map");
+  stream.ReadLine();
+  EXPECT_EQ(ErrorOf([&] { stream.ReadLine(); }), "The map ends too early.");
+  EXPECT_EQ(ErrorOf([&] { stream.Read(1); }), "The map ends too early.");
+  EXPECT_EQ(ErrorOf([&] { stream.ReadChar(); }), "The map ends too early.");
+}
