@@ -24,6 +24,7 @@ bool IsLineEnd(char c) {
 QuotedFieldReader::QuotedFieldReader(const QByteArray& bytes, QString thing)
     : bytes_(bytes), thing_(std::move(thing)), utf8_(HasUtf8Mark(bytes)) {
   if (utf8_) bytes_.remove(0, 3);
+  if (bytes_.endsWith('\x1A')) bytes_.chop(1);  // old editors mark the end of a file with it
   end_ = bytes_.size();
   while (end_ > 0 && (IsBlank(bytes_.at(end_ - 1)) || IsLineEnd(bytes_.at(end_ - 1))))
     --end_;

@@ -82,7 +82,9 @@ RegistryFile::RegistryFile(RegistryKey& root, QString fileName)
     : root_(root), fileName_(std::move(fileName)) {}
 
 QStringList RegistryFile::Load(const QByteArray& bytes) {
-  lines_ = DecodeFile(bytes).split(u'\n');
+  QString text = DecodeFile(bytes);
+  if (text.endsWith(u'\x1A')) text.chop(1);  // old editors mark the end of a file with it
+  lines_ = text.split(u'\n');
   ReadHeader();
   while (next_ < lines_.size()) {
     const QString line = TakeLogicalLine();

@@ -37,6 +37,7 @@ TEST(QuotedFields, AreReadAsAStream) {
       {"\"a\",", {"a", ""}},
       {"\"a\",\r\n", {"a", ""}},
       {"\"a\"\"b\"c", {"a", "b", "c"}},
+      {"\"a\"\r\n\x1A", {"a"}},
       {"\"a\",\"b\r\n", {"a", "The test ends inside a quoted text."}},
       {"\"", {"The test ends inside a quoted text."}},
       {"\xEF\xBB\xBF\"\xC5\x81\",\xC5\x81", {u"Ł"_qs, u"Ł"_qs}},

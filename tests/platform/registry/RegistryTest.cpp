@@ -57,10 +57,11 @@ TEST(Registry, ReadsEveryKindOfValue) {
       {"\"a\"=\"1\"\r\n\"A\"=\"2\"", {"|a|1|2"}},
       {"\"a\"=\"1\"\r\n\"A\"=-", {}},
       {"; \"a\"=\"1\"", {}},
+      {"\"a\"=\"1\"\r\n\x1A", {"|a|1|1"}},
   };
   for (const auto& c : cases) {
     // With the line ends of its own system and with those of this one, and in each encoding.
-    const QByteArray file = kVersion5 + kKey + c.Lines + "\r\n";
+    const QByteArray file = kVersion5 + kKey + c.Lines;
     for (const QByteArray& bytes : {file, QByteArray("\xEF\xBB\xBF" + file), Utf16(file)}) {
       Registry registry;
       EXPECT_EQ(registry.LoadText(bytes, "x.reg"), QStringList());

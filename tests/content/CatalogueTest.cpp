@@ -1,0 +1,150 @@
+#include "content/REGISTRY.h"
+
+#include "frame/Settings.h"
+#include "platform/TestProgram.h"
+#include "platform/registry/Registry.h"
+
+namespace {
+
+// Installed modules and the registry lines behind the catalogue's root key.
+class Catalogue {
+ public:
+  Catalogue() {
+    LocalMachine().Clear();
+    Map("RT0101", "a\r\nSelling\r\nb\r\n0001.txm*Topic*Start\r\n0002.txm*Topic*End\r\n");
+    Map("RT0102", "a\r\nPaying\r\nb\r\n0001.txm*Page*\r\n");
+    Map("RT0103", "only one line\r\n");
+    Map("RT0104", "a\r\nBroken\r\nb\r\nno page\r\n");
+  }
+
+  void Map(const QString& moduleId, const QByteArray& text) { Program.Write(moduleId + "/Map.txt", text); }
+
+  CatalogueResult Load(const QByteArray& lines) {
+    LocalMachine().LoadText("REGEDIT4\n" + QByteArray(lines).replace("[+",
+                                                                     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\"
+                                                                     "Tallowmere Manager 1.0"),
+                            "test.reg");
+    return LoadInstalledCourses(kCatalogueRoot, Courses, Problems);
+  }
+
+  // course(repository)[+ when all are installed]: id=name/topic/topic@course ...
+  QStringList Table() const {
+    QStringList table;
+    for (const CourseRecord& course : Courses) {
+      QString line = course.CourseName + "(" + course.RepNum + ")" + (course.AllInstalled ? "+" : "") + ":";
+      for (const ModuleRecord& module : course.Modules) {
+        line += " " + (QStringList(module.ModuleId + "=" + module.ModuleName) + module.Topics).join('/') +
+                "@" + module.CourseName;
+      }
+      table.append(line);
+    }
+    return table;
+  }
+
+  TestProgram Program;
+  QList<CourseRecord> Courses;
+  QStringList Problems;
+};
+
+}  // namespace
+
+TEST(Catalogue, IsReadFromTheRegistryAndTheModuleFolders) {
+  const QString selling = " RT0101=Selling/Start/End@B";
+  const struct {
+    QByteArray Lines;
+    QStringList Table;
+  } cases[] = {
+      {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0101RT0102\"\n\"RepNum\"=\"3\"",
+       {"B(3)+:" + selling + " RT0102=Paying@B"}},
+      {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0101RT0999\"", {"B():" + selling}},
+      {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0103RT0101\"", {"B():" + selling}},
+      {"[+\\B\\Modules]\n\"ModuleString\"=\"\"", {"B()+:"}},
+      {"[+\\B]", {"B()+:"}},
+      {"[+\\B\\Modules]\n\"ModuleString\"=\"rt0101\"\n\"RepNum\"=dword:3",
+       {"B()+: rt0101=Selling/Start/End@B"}},
+      {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0101\"\n[+\\a\\Modules]\n\"ModuleString\"=\"RT0999\"",
+       {"a():", "B()+:" + selling, "All modules():" + selling}},
+      {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0101\"\n[+\\a\\Modules]\n\"ModuleString\"=\"RT0101\"",
+       {"a()+: RT0101=Selling/Start/End@a", "B()+:" + selling,
+        "All modules(): RT0101=Selling/Start/End@a" + selling}},
+  };
+  for (const auto& c : cases) {
+    Catalogue catalogue;
+    EXPECT_EQ(catalogue.Load(c.Lines), CatalogueResult::Loaded);
+    EXPECT_EQ(catalogue.Table(), c.Table) << c.Lines.toStdString();
+    EXPECT_EQ(catalogue.Problems, QStringList());
+    EXPECT_TRUE(HasCourses(catalogue.Courses));
+  }
+}
+
+TEST(Catalogue, WhatIsMalformedIsToldAndTheCourseStays) {
+  const struct {
+    QByteArray Modules;
+    QString Course;
+    QString Problem;
+  } cases[] = {
+      {"RT0102RT01", "B(): RT0102=Paying@B",
+       "The module list of the course \"B\" ends in \"RT01\", which is no module."},
+      {"RT0104RT0102", "B()+: RT0104=Broken@B RT0102=Paying@B",
+       "The module \"RT0104\" of the course \"B\" has no topics: %1 has a page line without \"*\": \"no "
+       "page\""},
+  };
+  for (const auto& c : cases) {
+    Catalogue catalogue;
+    catalogue.Load("[+\\B\\Modules]\n\"ModuleString\"=\"" + c.Modules + "\"");
+    EXPECT_EQ(catalogue.Table(), QStringList(c.Course));
+    EXPECT_EQ(catalogue.Problems, QStringList(QString(c.Problem).replace(
+                                      "%1", catalogue.Program.Folder() + "\\RT0104\\Map.txt")));
+  }
+}
+
+TEST(Catalogue, AMissingOneIsToldFromAnEmptyOne) {
+  Catalogue none;
+  EXPECT_EQ(none.Load("[HKEY_LOCAL_MACHINE\\SOFTWARE]"), CatalogueResult::NoRootKey);
+  EXPECT_FALSE(HasCourses(none.Courses));
+  Catalogue empty;
+  EXPECT_EQ(empty.Load("[+]\n\"DataRoot\"=\"x\""), CatalogueResult::NoCourses);
+}
+
+TEST(Catalogue, AModuleOutsideTheProgramFolderIsNotInstalled) {
+  Catalogue catalogue;
+  catalogue.Map("Other", "a\r\nInside\r\nb\r\n");
+  SetProgramFolder(catalogue.Program.Path("RT0101"));
+  QString name = "old";
+  EXPECT_FALSE(IsModuleInstalled(name, "..\\Other"));
+  EXPECT_EQ(name, "");
+}
+
+TEST(RegistryValues, AreTextsOrTheFirstNumberOfBinaries) {
+  const struct {
+    QByteArray Data;
+    const char* Text;
+  } cases[] = {
+      {"\"text\"", "text"},   {"hex(1):61,62,00,63", "ab"},
+      {"hex:ff,ff,01", "-1"}, {"hex:34,12", "4660"},
+      {"hex:07", "7"},        {"hex:", ""},
+      {"dword:3", ""},        {"hex(2):61,00", ""},
+  };
+  for (const auto& c : cases) {
+    LocalMachine().Clear();
+    LocalMachine().LoadText("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n@=" + c.Data + "\n", "test.reg");
+    EXPECT_EQ(ReadValueFromPath("K", ""), c.Text) << c.Data.toStdString();
+  }
+  EXPECT_EQ(ReadValueFromPath("K", "absent"), "");
+  EXPECT_EQ(ReadValueFromPath("Absent", ""), "");
+}
+
+TEST(PlayerVersions, AreLeftAloneWhenThePlayerIsAbsent) {
+  LocalMachine().Clear();
+  LocalMachine().LoadText(
+      "REGEDIT4\n[HKEY_CLASSES_ROOT\\ShockwaveFlash.ShockwaveFlash\\CurVer]\n@=\"Flash.9\"\n"
+      "[HKEY_CLASSES_ROOT\\MediaPlayer.MediaPlayer\\CurVer]\n",
+      "test.reg");
+  QString flash = "old", shockwave = "old", media = "old";
+  GetFlashVersion(flash);
+  GetShockwaveVersion(shockwave);
+  GetMediaPlayerVersion(media);
+  EXPECT_EQ(flash, "Flash.9");
+  EXPECT_EQ(shockwave, "old");
+  EXPECT_EQ(media, "");
+}

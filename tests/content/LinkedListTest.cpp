@@ -1,0 +1,210 @@
+#include "content/LinkedList.h"
+
+#include <functional>
+
+#include "platform/TestProgram.h"
+#include "platform/files/TextStream.h"
+
+namespace {
+
+const QByteArray kHead = "any\r\nStore Basics\r\nany\r\n";
+const QByteArray kPages =
+    "0001.txm*Topic*Getting started\r\n0002.txm*Page*\r\n0003.txm*Page*dropped\r\n"
+    "0004.txm*Topic*Opening\r\n0005.txm*Test*\r\n";
+
+QString Load(LinkedList& list, const QByteArray& map) {
+  TextStream stream(map, "The map");
+  QString name;
+  list.InitLinedList();
+  list.LoadExistingList(stream, name);
+  return name;
+}
+
+// name|type|topic of each page.
+QStringList PagesOf(const LinkedList& list) {
+  int count = 0;
+  QStringList names, types, topics;
+  list.GetAllPageInfo(count, names, types, topics);
+  QStringList pages;
+  for (int i = 1; i <= count; ++i)
+    pages.append(names.at(i) + "|" + types.at(i) + "|" + topics.at(i));
+  return pages;
+}
+
+}  // namespace
+
+TEST(Map, EachLineIsAPage) {
+  const struct {
+    QByteArray Lines;
+    QStringList Pages;
+  } cases[] = {
+      {"", {}},
+      {"0001.txm*Topic*Start", {"0001.txm|Topic|Start"}},
+      {"0001.txm*Topic*A * B\r\n\r\n0002.txm*Page*x", {"0001.txm|Topic|A * B", "0002.txm|Page|"}},
+      {"0001.txm*Topic", {"0001.txm|Topic|Topic"}},
+      {"0001.txm*Page", {"0001.txm|Page|"}},
+      {"0001.txm*Topic*", {"0001.txm|Topic|"}},
+      {"0001.txm*topic*Start", {"0001.txm|topic|"}},
+      {"0001.txm*", {"0001.txm||"}},
+      {"\n\r0001.txm*Test*", {"0001.txm|Test|"}},
+      {"0001.txm*Topic*\xABStart\xBB", {u"0001.txm|Topic|«Start»"_qs}},
+  };
+  for (const auto& c : cases) {
+    for (const QByteArray& map : {QByteArray(kHead + c.Lines), QByteArray(kHead + c.Lines).replace("\r\n", "\n")}) {
+      LinkedList list;
+      EXPECT_EQ(Load(list, map), "Store Basics");
+      EXPECT_EQ(PagesOf(list), c.Pages) << c.Lines.toStdString();
+      EXPECT_EQ(list.PageCount(), c.Pages.size());
+    }
+  }
+}
+
+TEST(Map, ALineWithoutAStarStopsTheReadingAndNamesTheMap) {
+  LinkedList list;
+  EXPECT_EQ(ErrorOf([&] { Load(list, kHead + "0001.txm*Page*\r\nno page\r\n0003.txm*Page*\r\n"); }),
+            "The map has a page line without \"*\": \"no page\"");
+  EXPECT_EQ(PagesOf(list), QStringList("0001.txm|Page|"));
+  EXPECT_EQ(ErrorOf([&] { Load(list, "one line\r\n"); }), "The map ends too early.");
+  QString name;
+  const TestProgram program;
+  EXPECT_EQ(ErrorOf([&] { list.LoadExistingList("RT0101\\Map.txt", name); }),
+            "The file \"" + program.Path("RT0101/Map.txt") + "\" was not found.");
+}
+
+TEST(LinkedList, MovesAndLookUps) {
+  const auto next = [](LinkedList& list) { list.NextPage(); };
+  const auto previous = [](LinkedList& list) { list.PreviousPage(); };
+  const auto last = [](LinkedList& list) { list.GoToLastPage(); };
+  const auto page = [](const char* name) {
+    return [name](LinkedList& list) { list.SetPageAsCurrent(name); };
+  };
+  const auto topic = [](const char* name) { return [name](LinkedList& list) { list.GoToTopic(name); }; };
+  using Step = std::function<void(LinkedList&)>;
+  const struct {
+    const char* What;
+    QList<Step> Steps;
+    QStringList Names;  // previous, current, next
+    QString TopicName;  // "!" when there is none
+  } cases[] = {
+      {"loaded", {}, {"", "0001.txm", "0002.txm"}, "Getting started"},
+      {"next", {next}, {"0001.txm", "0002.txm", "0003.txm"}, "Getting started"},
+      {"a dropped topic", {next, next}, {"0002.txm", "0003.txm", "0004.txm"}, "Getting started"},
+      {"last", {last}, {"0004.txm", "0005.txm", ""}, "Opening"},
+      {"behind the last", {last, next}, {"0004.txm", "0005.txm", ""}, "Opening"},
+      {"onto the head", {previous}, {"", "", "0001.txm"}, "!"},
+      {"before the head", {previous, previous}, {"", "", "0001.txm"}, "!"},
+      {"back from the head", {previous, next}, {"", "0001.txm", "0002.txm"}, "Getting started"},
+      {"by name", {page("0004.txm")}, {"0003.txm", "0004.txm", "0005.txm"}, "Opening"},
+      {"by a name in capitals", {page("0004.TXM")}, {"", "0001.txm", "0002.txm"}, "Getting started"},
+      {"by no name", {page("")}, {"", "0001.txm", "0002.txm"}, "Getting started"},
+      {"by topic", {topic("Opening")}, {"0003.txm", "0004.txm", "0005.txm"}, "Opening"},
+      {"by an unknown topic",
+       {next, topic("opening")},
+       {"0001.txm", "0002.txm", "0003.txm"},
+       "Getting started"},
+      {"first",
+       {last, [](LinkedList& list) { list.GoToFirstPage(); }},
+       {"", "0001.txm", "0002.txm"},
+       "Getting started"},
+  };
+  for (const auto& c : cases) {
+    LinkedList list;
+    Load(list, kHead + kPages);
+    for (const Step& step : c.Steps)
+      step(list);
+    EXPECT_EQ(QStringList({list.GetPrevPageName(), list.GetCurrentPageName(), list.GetNextPageName()}),
+              c.Names)
+        << c.What;
+    QString topicName = "!";
+    IgnoreErrors([&] { topicName = list.GetCurrentPageTopName(); });
+    EXPECT_EQ(topicName, c.TopicName) << c.What;
+  }
+}
+
+TEST(LinkedList, PagesAreFoundWithoutMoving) {
+  LinkedList list;
+  Load(list, kHead + kPages);
+  EXPECT_TRUE(list.PageExist("0005.txm"));
+  EXPECT_FALSE(list.PageExist("0006.txm"));
+  EXPECT_FALSE(list.PageExist(""));
+  EXPECT_EQ(list.GetCurrentPageName(), "0001.txm");
+  list.GoToLastPage();
+  EXPECT_EQ(list.GetCurrentPageTpye(), "Test");
+}
+
+TEST(LinkedList, AllPageInfoBeginsWithTheHead) {
+  LinkedList list;
+  Load(list, kHead + "a*Topic*T\r\nb*Page*\r\nc*Test*\r\n");
+  int count = 7;
+  QStringList names{"old"}, types{"old"}, topics{"old"};
+  list.GetAllPageInfo(count, names, types, topics);
+  EXPECT_EQ(count, 3);
+  EXPECT_EQ(names, QStringList({"", "a", "b", "c"}));
+  EXPECT_EQ(types, QStringList({"", "Topic", "Page", "Test"}));
+  EXPECT_EQ(topics, QStringList({"", "T", "", ""}));
+}
+
+TEST(LinkedList, WithoutPagesThereIsNoCurrentOne) {
+  LinkedList list;
+  Load(list, kHead);
+  list.NextPage();
+  list.PreviousPage();
+  EXPECT_EQ(list.GetCurrentPageName(), "");
+  EXPECT_EQ(list.GetNextPageName(), "");
+  EXPECT_EQ(list.GetPrevPageName(), "");
+  EXPECT_EQ(list.GetCurrentPageTpye(), "");
+}
+
+TEST(LinkedList, APageWithoutATopicBeforeItNamesTheMap) {
+  LinkedList list;
+  Load(list, kHead + "0001.txm*Page*\r\n");
+  EXPECT_EQ(ErrorOf([&] { list.GetCurrentPageTopName(); }),
+            "The map has no topic at or before the page \"0001.txm\".");
+}
+
+TEST(LinkedList, AnotherModuleTakesThePlaceOfTheFirst) {
+  LinkedList list;
+  Load(list, kHead + kPages);
+  list.CleanUp();
+  EXPECT_EQ(list.GetCurrentPageName(), "");
+  list.InitLinedList();
+  EXPECT_EQ(list.PageCount(), 0);
+  Load(list, kHead + "x*Topic*X\r\n");
+  EXPECT_EQ(PagesOf(list), QStringList("x|Topic|X"));
+  list.CleanUp();
+  list.Add_Page("first", "Page", "");  // without a head the page is the head
+  EXPECT_EQ(list.GetCurrentPageName(), "first");
+  EXPECT_EQ(list.GetPrevPageName(), "");
+  EXPECT_TRUE(list.PageExist("first"));
+}
+
+TEST(LinkedList, TheSearchListGivesTheTopics) {
+  const struct {
+    QByteArray Pages;
+    QStringList Topics;
+  } cases[] = {{kPages, {"Getting started", "Opening"}}, {"a*Page*x\r\nb*Topic*\r\n", {}}, {"", {}}};
+  for (const auto& c : cases) {
+    LinkedList list;
+    TextStream stream(kHead + c.Pages, "The map");
+    QString name;
+    list.InitSearchLinkedList();
+    list.LoadNewSearchList(stream, name);
+    int count = -1;
+    QStringList topics{"old"};
+    list.GetTopics(count, topics);
+    EXPECT_EQ(topics, c.Topics);
+    EXPECT_EQ(count, c.Topics.size());
+    EXPECT_EQ(name, "Store Basics");
+  }
+}
+
+TEST(LinkedList, AVeryLongMapIsReadAndFreed) {
+  constexpr int kMany = 100000;
+  LinkedList list;
+  Load(list, kHead + "first*Topic*T\r\n" + QByteArray("p*Page*\r\n").repeated(kMany));
+  EXPECT_EQ(list.PageCount(), kMany + 1);
+  list.GoToLastPage();
+  EXPECT_EQ(list.GetCurrentPageTopName(), "T");
+  list.SetPageAsCurrent("nowhere");
+  EXPECT_EQ(list.GetNextPageName(), "");
+}

@@ -1,0 +1,48 @@
+#include "frame/TextTable.h"
+
+#include "frame/ResConstants.h"
+#include "platform/Descriptions.h"
+#include "platform/TestProgram.h"
+
+TEST(TextTable, BlanksQuotesAndMisspellingsArePartOfAText) {
+  const struct {
+    int Number;
+    const char* Text;
+  } cases[] = {
+      {kResToolbar, "Toolbar"},
+      {kResReturnTo, "Return to "},
+      {kResResultOutOf, " out of "},
+      {kResAboutVersion, "Tallowmere Manager    version "},
+      {kResNameIllegalCharacters, "Name can not contain the following characters:   \\ / : * ? \" < > |"},
+      {kResResolutionAfter, ".  Would you like to continue?"},
+      {kResReviewPageNotFound, "The remediation page could not be located.  The module my not be installed."},
+      {kResPageHasFlash,
+       "This page contains a Macromedia Flashmovie.  Please make sure the Flash player is installed on this "
+       "machine (https://ruffle.rs)."},
+      {109, ""},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(LoadStringResource(c.Number), c.Text) << c.Number;
+}
+
+TEST(TextTable, EveryGroupIsWhole) {
+  const struct {
+    int First;
+    int Last;
+    int Texts;
+  } groups[] = {{101, 144, 43}, {150, 161, 12}, {200, 201, 2}, {250, 255, 6}, {300, 325, 13},
+                {350, 361, 12}, {375, 380, 6},  {400, 405, 6}, {415, 419, 5}, {500, 543, 44}};
+  for (const auto& group : groups) {
+    int texts = 0;
+    for (int number = group.First; number <= group.Last; ++number) {
+      if (!LoadStringResource(number).isEmpty()) ++texts;
+    }
+    EXPECT_EQ(texts, group.Texts) << group.First;
+  }
+}
+
+TEST(Descriptions, TakeTheirArgumentsAsTheyStand) {
+  EXPECT_EQ(Describe("file-missing", "100%2 \"x\""), "The file \"100%2 \"x\"\" was not found.");
+  EXPECT_EQ(Describe("file-unreadable", "%2", "why"), "The file \"%2\" could not be read: why");
+  EXPECT_EQ(Describe("no-such-key", "a", "b"), "no-such-key a b");
+}
