@@ -1,0 +1,292 @@
+#include "learners/ProgressFile.h"
+
+#include "LearnerStore.h"
+
+namespace {
+
+const TestFields kRun = {"2", "80", "10110", "2004-03-09", "90", "10111", "2004-03-10", "70"};
+const QByteArray kNoTest = ",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
+const QByteArray kRunBytes =
+    ",\"2\",\"80\",\"10110\",\"2004-03-09\",\"90\",\"10111\",\"2004-03-10\",\"70\"\r\n";
+
+QByteArray Line(const QByteArray& id, const QByteArray& viewed, const QByteArray& tests = kNoTest) {
+  return "\"" + id + "\",\"" + viewed + "\"" + tests;
+}
+QByteArray Resume(const QByteArray& id, const QByteArray& page) {
+  return "\"" + id + "\",\"" + page + "\"\r\n";
+}
+
+void Record(const QString& moduleId, const QString& topic, const TestFields& tests = {}) {
+  RecordModuleProgress(moduleId, topic, "Ann", "Lee", tests);
+}
+
+}  // namespace
+
+TEST(ViewedList, GrowsByWhatIsNotInIt) {
+  const struct {
+    const char* List;
+    const char* Topic;
+    const char* Result;
+  } cases[] = {
+      {"", "A", "_A_"},   {"_A_", "B", "_A__B_"}, {"_A__B_", "A", "_A__B_"},  {"_A_", "a", "_A__a_"},
+      {"_A_", "", "_A_"}, {"__", "A", "___A_"},   {"_A B_", "B", "_A B__B_"}, {"_A_B_C_", "B", "_A_B_C_"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(AddToViewedList(c.List, c.Topic), c.Result) << c.List << c.Topic;
+}
+
+TEST(Progress, APageTurnKeepsTheFilesForm) {
+  const QByteArray old =
+      Resume("RT0101", "0001.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_");
+  const struct {
+    const char* What;
+    QByteArray Before;
+    const char* Module;
+    const char* Topic;
+    TestFields Tests;
+    QByteArray After;
+  } cases[] = {
+      {"a new module is appended, and the resume line stays",
+       Resume("RT0101", "0009.txm"),
+       "RT0102",
+       "A",
+       {},
+       Resume("RT0101", "0009.txm") + Line("RT0102", "_A_")},
+      {"a new module without a topic",
+       Resume("RT0101", "0009.txm"),
+       "RT0102",
+       "",
+       {},
+       Resume("RT0101", "0009.txm") + Line("RT0102", "__")},
+      {"a new module with a result", Resume("RT0101", "0009.txm"), "RT0102", "A", kRun,
+       Resume("RT0101", "0009.txm") + Line("RT0102", "_A_", kRunBytes)},
+      {"a new topic",
+       old,
+       "RT0101",
+       "B",
+       {},
+       Resume("RT0101", "0002.txm") + Line("RT0101", "_A__B_", kRunBytes) + Line("RT0102", "_X_")},
+      {"the same topic",
+       old,
+       "RT0102",
+       "X",
+       {},
+       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_")},
+      {"no topic",
+       old,
+       "RT0102",
+       "",
+       {},
+       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_")},
+      {"a result", old, "RT0102", "X", kRun,
+       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_", kRunBytes)},
+      {"a result without attempts changes no field",
+       old,
+       "RT0101",
+       "A",
+       {"", "1", "1", "1", "1", "1", "1", "1"},
+       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_")},
+      {"a topic with quotes does not break the line",
+       Resume("RT0101", "0009.txm"),
+       "RT0102",
+       "The \"B\"",
+       {},
+       Resume("RT0101", "0009.txm") + Line("RT0102", "_The 'B'_")},
+      {"a topic with quotes is found again",
+       Resume("RT0101", "0009.txm") + Line("RT0102", "_The 'B'_"),
+       "RT0102",
+       "The \"B\"",
+       {},
+       Resume("RT0101", "0002.txm") + Line("RT0102", "_The 'B'_")},
+      {"an empty file", "", "RT0101", "A", {}, Resume("RT0101", "0002.txm") + Line("RT0101", "_A_")},
+      {"a last line without its end",
+       Resume("RT0101", "0009.txm") + Line("RT0101", "_A_").chopped(2),
+       "RT0102",
+       "B",
+       {},
+       Resume("RT0101", "0009.txm") + Line("RT0101", "_A_") + Line("RT0102", "_B_")},
+      {"blank lines at the end",
+       Resume("RT0101", "0009.txm") + "\r\n\r\n",
+       "RT0102",
+       "B",
+       {},
+       Resume("RT0101", "0009.txm") + Line("RT0102", "_B_")},
+  };
+  for (const auto& c : cases) {
+    const LearnerStore store;
+    store.ShowPage("0002.txm");
+    store.Write("Selling", c.Before);
+    Record(c.Module, c.Topic, c.Tests);
+    EXPECT_EQ(store.Read("Selling"), c.After) << c.What;
+    EXPECT_EQ(store.Names(), QStringList("Selling")) << c.What;
+  }
+}
+
+TEST(Progress, TheResumeLineAloneBeginsAFile) {
+  const LearnerStore store;
+  store.Write("Selling", "old");
+  gCurrentModule = 1;
+  WriteResumeLine();
+  EXPECT_EQ(store.Read("Selling"), Resume("RT0102", "0001.txm"));
+  const ResumeLine resume = ReadResumeLine("Ann Lee", "Selling");
+  EXPECT_EQ(resume.Module + " " + resume.Page, "RT0102 0001.txm");
+}
+
+TEST(Progress, NobodyIsRecordedNowhere) {
+  const LearnerStore store;
+  gUserFirstName.clear();
+  gUserLastName.clear();
+  WriteResumeLine();
+  RecordModuleProgress("RT0101", "A", "", "");
+  ReadProgressFile();
+  EXPECT_EQ(store.Program.Names("."), QStringList());
+}
+
+TEST(Progress, WithoutNamesTheFolderIsTold) {
+  const LearnerStore store;
+  store.Write("Selling", Resume("RT0101", "0001.txm"));
+  RecordModuleProgress("RT0101", "A", "", "", {}, "Ann Lee");
+  EXPECT_EQ(store.Read("Selling"), Resume("RT0101", "0001.txm") + Line("RT0101", "_A_"));
+}
+
+TEST(Progress, AMissingFileIsAnError) {
+  const LearnerStore store;
+  store.Write("x", "");
+  const QString error = "The file \"" + store.Program.Path(store.kFolder + "Selling") + "\" was not found.";
+  EXPECT_EQ(ErrorOf([] { Record("RT0101", "A"); }), error);
+  EXPECT_EQ(ErrorOf([] { ReadProgressFile(); }), error);
+  EXPECT_EQ(ErrorOf([] { ReadResumeLine("Ann Lee", "Selling"); }), error);
+}
+
+TEST(Progress, DamageIsNamedAndNeverWrittenOver) {
+  const QByteArray good = Resume("RT0101", "0001.txm") + Line("RT0101", "_A_");
+  const QString line = "the line of module \"RT0102\" does not hold ten fields.";
+  const struct {
+    QByteArray File;
+    QString Reason;
+  } cases[] = {
+      {"\"RT0101\"\r\n" + Line("RT0101", "_A_"), "the first line does not hold a module and a page."},
+      {"\"RT0101\",\"1\",\"2\"\r\n" + Line("RT0101", "_A_"),
+       "the first line does not hold a module and a page."},
+      {good + "\"RT0102\",\"_X_\"\r\n", line},
+      {good + "\"RT0102\",\"_X_\"\r\n" + Line("RT0103", "_Y_"), line},
+      {good + Line("RT0102", "_X_").chopped(2) + ",\"\"\r\n", line},
+      {good + "\"RT0102\",\"_X_\",\"2\",\"80", ""},
+      {good + "\"RT0102\",", ""},
+  };
+  for (const auto& c : cases) {
+    const LearnerStore store;
+    store.Write("Selling", c.File);
+    const QString name = "Ann Lee\\Selling";
+    for (const QString& error : {ErrorOf([] { Record("RT0101", "B"); }),
+                                 ErrorOf([] { Record("RT0109", "B"); }), ErrorOf(ReadProgressFile)}) {
+      EXPECT_TRUE(error.contains(name) && error.contains(c.Reason))
+          << error.toStdString() << c.File.toStdString();
+    }
+    EXPECT_EQ(store.Read("Selling"), c.File);
+  }
+}
+
+TEST(Progress, OldBytesStayAsTheyAreUntilATextNeedsUtf8) {
+  const QByteArray cp = Resume("RT0101", "0001.txm") + Line("RT0101", "_Caf\xE9\x81_");
+  const QByteArray utf8 =
+      "\xEF\xBB\xBF" + Resume("RT0101", "0001.txm") + Line("RT0101", "_Caf\xC3\xA9\xC2\x81_");
+  const struct {
+    QByteArray Before;
+    QString Topic;
+    QByteArray After;
+  } cases[] = {
+      {cp, u"Th\u00E9"_qs, cp + Line("RT0102", "_Th\xE9_")},
+      {cp, u"Łódź"_qs, utf8 + Line("RT0102", "_\xC5\x81\xC3\xB3\x64\xC5\xBA_")},
+      {utf8, u"Th\u00E9"_qs, utf8 + Line("RT0102", "_Th\xC3\xA9_")},
+  };
+  for (const auto& c : cases) {
+    const LearnerStore store;
+    store.Write("Selling", c.Before);
+    Record("RT0102", c.Topic);
+    EXPECT_EQ(store.Read("Selling"), c.After) << c.Topic.toStdString();
+  }
+}
+
+TEST(Progress, BytesThatAreNoTextAreKeptAndNotTurnedIntoUtf8) {
+  const LearnerStore store;
+  ASSERT_TRUE(SetCodePage("cp932"));
+  const QByteArray old = Resume("RT0101", "0001.txm") + Line("RT0101", "_\x93\x63\x85\x40_");
+  store.Write("Selling", old);
+  EXPECT_TRUE(ErrorOf([] { Record("RT0102", u"☕"_qs); }).contains("is not valid in the code page"));
+  EXPECT_EQ(store.Read("Selling"), old);
+  Record("RT0102", u"田"_qs);
+  EXPECT_EQ(store.Read("Selling"), old + Line("RT0102", "_\x93\x63_"));
+}
+
+TEST(Progress, ArraysAreFilledInTheOrderOfTheFile) {
+  const LearnerStore store;
+  store.Write("Selling",
+              Resume("RT0101", "0001.txm") + Line("RT0102", "_A_", kRunBytes) + Line("RT0101", "_B_"));
+  ReadProgressFile();
+  EXPECT_EQ(gProgModuleId, QStringList({"RT0102", "RT0101"}));
+  EXPECT_EQ(gProgViewed, QStringList({"_A_", "_B_"}));
+  const QStringList tests{gProgAttempts.at(0),  gProgFirstScore.at(0), gProgFirstPattern.at(0),
+                          gProgFirstDate.at(0), gProgHighest.at(0),    gProgHighPattern.at(0),
+                          gProgHighDate.at(0),  gProgLast.at(0)};
+  EXPECT_EQ(tests, QStringList({"2", "80", "10110", "2004-03-09", "90", "10111", "2004-03-10", "70"}));
+  store.Write("Selling", Resume("RT0101", "0001.txm"));
+  ReadProgressFile();
+  EXPECT_EQ(gProgModuleId.size(), 2);  // without lines they keep what they hold
+}
+
+TEST(AllModules, ANewModuleGoesToItsOwnCourse) {
+  const LearnerStore store;
+  store.Program.MakeDir(store.kFolder);
+  store.EnterAllModules(2);
+  Record("RT0201", "A");
+  EXPECT_EQ(store.Read("Paying"), Resume("RT0201", "0001.txm") + Line("RT0201", "_A_"));
+  EXPECT_EQ(store.Read("All modules"), Resume("RT0201", "0001.txm"));
+  gCurrentModule = 3;
+  store.ShowPage("0005.txm");
+  Record("RT0102", "B");  // both list it; the first gets its file now
+  EXPECT_EQ(store.Read("Selling"), Resume("RT0102", "0005.txm") + Line("RT0102", "_B_"));
+  EXPECT_EQ(store.Read("All modules"), Resume("RT0102", "0005.txm"));
+  gCurrentModule = 0;
+  store.ShowPage("0007.txm");
+  Record("RT0101", "C");  // the file is there: a line more, and no resume line moves
+  EXPECT_EQ(store.Read("Selling"),
+            Resume("RT0102", "0005.txm") + Line("RT0102", "_B_") + Line("RT0101", "_C_"));
+  EXPECT_EQ(store.Read("All modules"), Resume("RT0102", "0005.txm"));
+}
+
+TEST(AllModules, AnUpdateLeavesTheRealCoursesPlace) {
+  const LearnerStore store;
+  store.Write("Paying", Resume("RT0201", "0009.txm") + Line("RT0201", "_A_") + Line("RT0102", "_B_"));
+  store.EnterAllModules(1);
+  store.ShowPage("0003.txm");
+  Record("RT0102", "C", kRun);
+  EXPECT_EQ(store.Read("Paying"),
+            Resume("RT0201", "0009.txm") + Line("RT0201", "_A_") + Line("RT0102", "_B__C_", kRunBytes));
+  EXPECT_EQ(store.Read("All modules"), Resume("RT0102", "0003.txm"));
+  EXPECT_EQ(store.Names(), QStringList({"All modules", "Paying"}));
+}
+
+TEST(AllModules, TheArraysHoldAllRealCourses) {
+  const LearnerStore store;
+  store.Write("Selling", Resume("RT0101", "1") + Line("RT0101", "_A_"));
+  store.Write("Paying", Resume("RT0201", "1") + Line("RT0201", "_B_"));
+  store.Write("All modules", Resume("RT0201", "1"));
+  store.EnterAllModules(0);
+  ReadProgressFile();
+  EXPECT_EQ(gProgModuleId, QStringList({"RT0101", "RT0201"}));
+}
+
+TEST(AllModules, AModuleOfNoCourseIsAnError) {
+  const LearnerStore store;
+  store.EnterAllModules(0);
+  EXPECT_EQ(ErrorOf([] { Record("RT0999", "A"); }), "No course lists the module \"RT0999\".");
+}
+
+TEST(ProgressPath, ACourseCannotTakeAnotherFilesPlace) {
+  const LearnerStore store;
+  for (const char* name : {"User", "USER", "..", "a/b", "a\\b", ""}) {
+    EXPECT_EQ(ErrorOf([&] { ProgressPath("Ann Lee", name); }),
+              QString("The name \"%1\" cannot be used for a file or folder.").arg(name));
+  }
+}

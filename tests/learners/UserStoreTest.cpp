@@ -1,0 +1,113 @@
+#include "learners/UserStore.h"
+
+#include "LearnerStore.h"
+
+TEST(UserStore, RegistrationMakesTheFoldersAndSignsIn) {
+  const LearnerStore store;
+  EXPECT_EQ(ListUsers(), QStringList());
+  CreateUser("Bo", "Ek", "bo@ek.se");
+  EXPECT_EQ(ListUsers(), QStringList("Bo Ek"));
+  EXPECT_EQ(store.Program.Read("data/Tallowmere Manager 1.0/UserData/Bo Ek/User"),
+            "\"Bo\",\"Ek\",\"bo@ek.se\"\r\n");
+  EXPECT_EQ(gUserFirstName + gUserLastName + gUserEmail, "BoEkbo@ek.se");
+}
+
+TEST(UserStore, ASecondRegistrationKeepsTheOtherFiles) {
+  const LearnerStore store;
+  CreateUser("Ann", "Lee", "old@a.b");
+  store.Write("Selling", "\"RT0101\",\"0001.txm\"\r\n");
+  CreateUser("Ann", "Lee", "new@a.b");
+  EXPECT_EQ(store.Read("User"), "\"Ann\",\"Lee\",\"new@a.b\"\r\n");
+  EXPECT_EQ(store.Names(), QStringList({"Selling", "User"}));
+}
+
+TEST(UserStore, ListsFoldersOnly) {
+  const LearnerStore store;
+  store.Program.Write("data/Tallowmere Manager 1.0/UserData/notes", "");
+  store.Program.MakeDir("data/Tallowmere Manager 1.0/UserData/ Lee");
+  store.Program.MakeDir("data/Tallowmere Manager 1.0/UserData/Bo Ek");
+  EXPECT_EQ(ListUsers(), QStringList({" Lee", "Bo Ek"}));
+}
+
+TEST(UserStore, NamesInAnyScriptComeBackWhole) {
+  for (const QString& name : {u"Zoë"_qs, u"Łukasz"_qs, u"田中"_qs, u"Ａnn"_qs, u"Ann ☕"_qs}) {
+    const LearnerStore store;
+    CreateUser(name, u"Lee"_qs, name + "@a.b");
+    const UserRecord user = ReadUserFile(name + " Lee");
+    EXPECT_EQ(user.FirstName, name);
+    EXPECT_EQ(user.LastName, "Lee");
+    EXPECT_EQ(user.Email, name + "@a.b");
+  }
+}
+
+TEST(UserStore, ANameNeverLeavesTheUserDataFolder) {
+  const LearnerStore store;
+  store.Program.MakeDir("data/Tallowmere Manager 1.0/UserData");
+  const struct {
+    QString First;
+    QString Last;
+  } cases[] = {{"../Ann", "Lee"},
+               {"..\\Ann", "Lee"},
+               {"a/b", "Lee"},
+               {QString(QChar::Null), "Lee"},
+               {QString(256, u'a'), "Lee"}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(ErrorOf([&] { CreateUser(c.First, c.Last, "a@b.c"); }),
+              "The name \"" + LearnerFolder(c.First, c.Last) + "\" cannot be used for a file or folder.");
+    EXPECT_FALSE(UpdateUser(c.First, c.Last, "a@b.c"));
+    EXPECT_EQ(gUserFirstName, "Ann");
+  }
+  for (const char* name : {"..", ".", ""})
+    EXPECT_NE(ErrorOf([&] { ReadUserFile(name); }), "") << name;
+  EXPECT_EQ(ListUsers(), QStringList());
+}
+
+TEST(UserStore, NobodyIsNotRegistered) {
+  const LearnerStore store;
+  CreateUser("", "", "a@b.c");
+  EXPECT_EQ(store.Program.Names("."), QStringList());
+  EXPECT_EQ(gUserFirstName, "Ann");
+}
+
+TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
+  const struct {
+    const char* First;
+    const char* Last;
+    const char* Folder;
+  } cases[] = {
+      {"Anna", "Lee", "Anna Lee"}, {"Ann", "Lee", "Ann Lee"}, {"ANN", "Lee", "ANN Lee"}, {"", "Lee", " Lee"}};
+  for (const auto& c : cases) {
+    const LearnerStore store;
+    CreateUser("Ann", "Lee", "old@a.b");
+    store.Write("Selling", "kept");
+    EXPECT_TRUE(UpdateUser(c.First, c.Last, "new@a.b"));
+    EXPECT_EQ(ListUsers(), QStringList(c.Folder));
+    const QString folder = QString("data/Tallowmere Manager 1.0/UserData/") + c.Folder;
+    EXPECT_EQ(store.Program.Read(folder + "/User"),
+              QString("\"%1\",\"%2\",\"new@a.b\",\"\",\"\"\r\n").arg(c.First, c.Last).toLatin1());
+    EXPECT_EQ(store.Program.Read(folder + "/Selling"), "kept");
+    EXPECT_EQ(gUserFirstName, c.First);
+    EXPECT_EQ(gUserEmail, "new@a.b");
+    EXPECT_EQ(ReadUserFile(c.Folder).Email, "new@a.b");
+  }
+}
+
+TEST(UserStore, ARefusedRenameLeavesTheRecordAheadOfTheFolder) {
+  const LearnerStore store;
+  CreateUser("Bo", "Ek", "bo@ek.se");
+  CreateUser("Ann", "Lee", "ann@a.b");
+  EXPECT_FALSE(UpdateUser("Bo", "Ek", "new@a.b"));
+  EXPECT_EQ(store.Read("User"), "\"Bo\",\"Ek\",\"new@a.b\",\"\",\"\"\r\n");
+  EXPECT_EQ(gUserFirstName, "Ann");
+  EXPECT_EQ(gUserEmail, "ann@a.b");
+}
+
+TEST(UserStore, ARecordThatCannotBeReadNamesItsFile) {
+  const LearnerStore store;
+  store.Write("x", "");
+  EXPECT_TRUE(ErrorOf([] { ReadUserFile("Ann Lee"); }).contains("Ann Lee/User\" was not found."));
+  for (const char* damaged : {"", "\"Ann\",\"Lee\"\r\n", "\"Ann\",\"Le"}) {
+    store.Write("User", damaged);
+    EXPECT_TRUE(ErrorOf([] { ReadUserFile("Ann Lee"); }).contains("Ann Lee\\User ends")) << damaged;
+  }
+}
