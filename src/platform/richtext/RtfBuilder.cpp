@@ -1,0 +1,141 @@
+#include "platform/richtext/RtfBuilder.h"
+
+#include <QTextDocument>
+#include <QTextTable>
+#include <algorithm>
+
+#include "platform/richtext/RtfTableGrid.h"
+
+namespace {
+
+// A document looks through all its tables for each new one: what goes beyond is told as lines.
+constexpr int kMostTables = 3000;
+// Longer tables continue as another one below, since joining cells costs time by the table's size.
+constexpr size_t kRowsAtOnce = 400;
+// Cells looked at while joining cells; beyond it cells of a page stay single.
+constexpr long long kMostMergeWork = 200'000'000;
+
+}  // namespace
+
+RtfBuilder::RtfBuilder(RichPage& page, RtfFormats& formats)
+    : page_(page), formats_(formats), cursor_(page.Document.get()) {
+  cursor_.beginEditBlock();
+}
+
+void RtfBuilder::Finish() {
+  if (isAtFreshBlock_ && cursor_.position() > 0) FlattenBlock();
+  cursor_.endEditBlock();
+}
+
+// The block behind a table at the end belongs to nobody: it must not add a line of height.
+void RtfBuilder::FlattenBlock() {
+  QTextBlockFormat flat;
+  flat.setLineHeight(1, QTextBlockFormat::FixedHeight);
+  cursor_.setBlockFormat(flat);
+}
+
+void RtfBuilder::Insert(const RtfBlock& block) {
+  if (block.Table) {
+    InsertTable(*block.Table);
+  } else {
+    InsertParagraph(block.Paragraph);
+  }
+}
+
+void RtfBuilder::InsertParagraph(const RtfParagraph& paragraph) {
+  const QTextBlockFormat& blockFormat = formats_.BlockFormat(paragraph.Props);
+  const QTextCharFormat& endFormat = formats_.CharFormat(paragraph.EndFormat);
+  if (isAtFreshBlock_) {
+    cursor_.setBlockFormat(blockFormat);
+    // Elsewhere that format is the one of the cell or table in front of the block.
+    if (cursor_.position() == 0) cursor_.setBlockCharFormat(endFormat);
+    isAtFreshBlock_ = false;
+  } else {
+    cursor_.insertBlock(blockFormat, endFormat);
+  }
+  for (const RtfPlace& place : paragraph.Places) {
+    const int position = cursor_.position() + static_cast<int>(place.Offset);
+    if (!page_.Places.contains(place.Name.toLower())) page_.Places.insert(place.Name.toLower(), position);
+  }
+  InsertSpans(paragraph);
+}
+
+void RtfBuilder::InsertSpans(const RtfParagraph& paragraph) {
+  if (paragraph.Spans.size() == 1 && paragraph.Text.size() != 1) {
+    cursor_.insertText(paragraph.Text, formats_.CharFormat(paragraph.Spans.front().Format));
+    return;
+  }
+  qsizetype start = 0;
+  for (const RtfSpan& span : paragraph.Spans) {
+    const QTextCharFormat& format = formats_.CharFormat(span.Format);
+    if (format.hasProperty(kObjectIdProperty)) {
+      const int index = format.intProperty(kObjectIdProperty) - 1;
+      page_.Objects[index].Position = cursor_.position();
+    }
+    cursor_.insertText(paragraph.Text.mid(start, span.Length), format);
+    start += span.Length;
+  }
+}
+
+void RtfBuilder::InsertTable(const RtfTable& table) {
+  for (size_t first = 0; first < table.Rows.size(); first += kRowsAtOnce) {
+    InsertRows(table, first, std::min(kRowsAtOnce, table.Rows.size() - first));
+  }
+}
+
+void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
+  const RtfTableGrid grid(table, first, count);
+  if (++tables_ > kMostTables || grid.ColumnCount() == 0) {
+    InsertAsText(table, first, count);
+    return;
+  }
+  QTextTable* const made =
+      cursor_.insertTable(static_cast<int>(count), grid.ColumnCount(), grid.Format(formats_));
+  for (const RtfGridCell& cell : grid.Cells()) {
+    mergeWork_ += static_cast<long long>(count) * grid.ColumnCount();
+    if ((cell.RowSpan > 1 || cell.ColumnSpan > 1) && mergeWork_ < kMostMergeWork) {
+      made->mergeCells(cell.Row, cell.Column, cell.RowSpan, cell.ColumnSpan);
+    }
+    QTextTableCell target = made->cellAt(cell.Row, cell.Column);
+    QTextCharFormat format = EmptyLineFont(cell.Content);
+    format.merge(grid.CellFormat(cell, formats_));
+    target.setFormat(format);
+    if (cell.Content != nullptr) InsertCell(*cell.Content, target.firstCursorPosition());
+  }
+  cursor_.setPosition(made->lastPosition() + 1);
+  isAtFreshBlock_ = true;
+}
+
+// The format of a cell gives its first line its height when that has no text.
+QTextCharFormat RtfBuilder::EmptyLineFont(const RtfCell* cell) const {
+  QTextCharFormat font;
+  if (cell == nullptr || cell->Blocks.empty() || cell->Blocks.front().Table) return font;
+  const QTextCharFormat& end = formats_.CharFormat(cell->Blocks.front().Paragraph.EndFormat);
+  font.setFontFamilies(end.fontFamilies().toStringList());
+  font.setFontPointSize(end.fontPointSize());
+  return font;
+}
+
+void RtfBuilder::InsertCell(const RtfCell& cell, const QTextCursor& at) {
+  const QTextCursor outer = cursor_;
+  cursor_ = at;
+  isAtFreshBlock_ = true;
+  for (const RtfBlock& block : cell.Blocks)
+    Insert(block);
+  if (!cell.Blocks.empty() && isAtFreshBlock_) FlattenBlock();
+  cursor_ = outer;
+}
+
+void RtfBuilder::InsertAsText(const RtfTable& table, size_t first, size_t count) {
+  for (size_t row = first; row < first + count; ++row) {
+    for (const RtfCell& cell : table.Rows[row].Cells) {
+      for (const RtfBlock& block : cell.Blocks) {
+        if (block.Table) {
+          InsertAsText(*block.Table, 0, block.Table->Rows.size());
+        } else {
+          InsertParagraph(block.Paragraph);
+        }
+      }
+    }
+  }
+}

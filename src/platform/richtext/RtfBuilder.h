@@ -1,0 +1,37 @@
+// Writes finished paragraphs and tables of an RTF page into the document.
+#pragma once
+
+#include <QTextCursor>
+#include <vector>
+
+#include "platform/richtext/RichText.h"
+#include "platform/richtext/RtfFormats.h"
+#include "platform/richtext/RtfModel.h"
+
+class RtfBuilder {
+ public:
+  // The page's document must be there and empty. All three must outlive the builder.
+  RtfBuilder(RichPage& page, RtfFormats& formats);
+
+  void InsertParagraph(const RtfParagraph& paragraph);
+  void Insert(const RtfBlock& block);
+
+  // No more will come. Before it the document's positions are not final.
+  void Finish();
+
+ private:
+  void InsertTable(const RtfTable& table);
+  void InsertRows(const RtfTable& table, size_t first, size_t count);
+  void InsertCell(const RtfCell& cell, const QTextCursor& at);
+  void InsertAsText(const RtfTable& table, size_t first, size_t count);
+  QTextCharFormat EmptyLineFont(const RtfCell* cell) const;
+  void FlattenBlock();
+  void InsertSpans(const RtfParagraph& paragraph);
+
+  RichPage& page_;
+  RtfFormats& formats_;
+  QTextCursor cursor_;
+  bool isAtFreshBlock_ = true;  // the cursor stands in an empty block that nobody asked for
+  int tables_ = 0;
+  long long mergeWork_ = 0;
+};

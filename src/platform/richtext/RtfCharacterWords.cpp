@@ -1,0 +1,70 @@
+// Control words that set the look of characters.
+#include "platform/richtext/RtfParser.h"
+#include "platform/richtext/RtfWords.h"
+
+namespace {
+
+using P = RtfParser;
+using A = RtfArgument;
+
+RtfCharProps& Chars(P& parser) {
+  return parser.State().Chars;
+}
+
+template <bool RtfCharProps::*Flag>
+void Switch(P& parser, A argument) {
+  Chars(parser).*Flag = argument.IsOn();
+}
+
+template <RtfUnderline Kind>
+void Underline(P& parser, A argument) {
+  Chars(parser).Underline = argument.IsOn() ? Kind : RtfUnderline::None;
+}
+
+template <int RtfCharProps::*Number, int Usual>
+void Set(P& parser, A argument) {
+  Chars(parser).*Number = argument.Or(Usual);
+}
+
+constexpr RtfWord kWords[] = {
+    {"b", Switch<&RtfCharProps::IsBold>},
+    {"i", Switch<&RtfCharProps::IsItalic>},
+    {"strike", Switch<&RtfCharProps::IsStruck>},
+    {"striked", Switch<&RtfCharProps::IsStruck>},
+    {"caps", Switch<&RtfCharProps::IsCapitals>},
+    {"scaps", Switch<&RtfCharProps::IsSmallCapitals>},
+    {"v", Switch<&RtfCharProps::IsHidden>},
+    {"deleted", Switch<&RtfCharProps::IsHidden>},
+    {"ul", Underline<RtfUnderline::Single>},
+    {"uldb", Underline<RtfUnderline::Single>},
+    {"ulw", Underline<RtfUnderline::Single>},
+    {"ulth", Underline<RtfUnderline::Single>},
+    {"uld", Underline<RtfUnderline::Dotted>},
+    {"ulthd", Underline<RtfUnderline::Dotted>},
+    {"uldash", Underline<RtfUnderline::Dash>},
+    {"ulldash", Underline<RtfUnderline::Dash>},
+    {"ulthdash", Underline<RtfUnderline::Dash>},
+    {"uldashd", Underline<RtfUnderline::DashDot>},
+    {"uldashdd", Underline<RtfUnderline::DashDotDot>},
+    {"ulwave", Underline<RtfUnderline::Wave>},
+    {"ulhwave", Underline<RtfUnderline::Wave>},
+    {"ululdbwave", Underline<RtfUnderline::Wave>},
+    {"ulnone", [](P& p, A) { Chars(p).Underline = RtfUnderline::None; }},
+    {"super", [](P& p, A a) { Chars(p).Script = a.IsOn() ? RtfScript::Super : RtfScript::Normal; }},
+    {"sub", [](P& p, A a) { Chars(p).Script = a.IsOn() ? RtfScript::Sub : RtfScript::Normal; }},
+    {"nosupersub", [](P& p, A) { Chars(p).Script = RtfScript::Normal; }},
+    {"up", [](P& p, A a) { Chars(p).Rise = a.Or(6); }},
+    {"dn", [](P& p, A a) { Chars(p).Rise = a.Or(6) > 1000 ? -1000 : -a.Or(6); }},
+    {"fs", Set<&RtfCharProps::HalfPoints, 24>},
+    {"cf", Set<&RtfCharProps::Colour, 0>},
+    {"cb", Set<&RtfCharProps::Back, 0>},
+    {"chcbpat", Set<&RtfCharProps::Back, 0>},
+    {"highlight", Set<&RtfCharProps::Back, 0>},
+    {"expndtw", Set<&RtfCharProps::Spacing, 0>},
+};
+
+}  // namespace
+
+std::span<const RtfWord> RtfCharacterWords() {
+  return kWords;
+}

@@ -1,0 +1,192 @@
+// Control words that open a group with a meaning of its own, and the words that are used in them.
+#include "platform/richtext/RtfParser.h"
+#include "platform/richtext/RtfWords.h"
+
+namespace {
+
+using P = RtfParser;
+using A = RtfArgument;
+using D = RtfDestination;
+using E = RtfGroupEnd;
+
+template <D Destination, E AtEnd = E::Nothing>
+void Begin(P& parser, A) {
+  parser.SetDestination(Destination, AtEnd);
+}
+
+template <int RtfPicture::*Number>
+void Measure(P& parser, A argument) {
+  constexpr int kMost = 1'000'000;
+  parser.Picture().*Number =
+      argument.Number > kMost ? kMost : (argument.Number < -kMost ? -kMost : argument.Number);
+}
+
+template <RtfPictureKind Kind>
+void Picture(P& parser, A) {
+  parser.Picture().Kind = Kind;
+}
+
+void BeginList(P& parser, A) {
+  parser.SetDestination(D::Other, E::List);
+  parser.List() = {};
+  parser.ListId() = 0;
+}
+
+void BeginListLevel(P& parser, A) {
+  if (parser.List().Levels.size() >= kListLevels) {
+    parser.SetDestination(D::Skip);
+    return;
+  }
+  parser.SetDestination(D::Other, E::ListLevel);
+  parser.State().Chars.Font = -1;
+  parser.List().Levels.emplace_back();
+}
+
+void BeginListOverride(P& parser, A) {
+  parser.SetDestination(D::Other, E::ListOverride);
+  parser.ListId() = 0;
+  parser.ListNumber() = 0;
+}
+
+template <int RtfListLevel::*Number>
+void SetLevel(P& parser, A argument) {
+  if (!parser.List().Levels.empty()) parser.List().Levels.back().*Number = argument.Number;
+}
+
+void BeginListText(P& parser, A) {
+  parser.SetDestination(parser.State().Destination);
+  if (parser.IsIn(D::Body)) parser.Flow().SetHasListText();
+}
+
+void BeginPlace(P& parser, A) {
+  parser.SetDestination(D::PlaceName, E::PlaceName);
+  parser.ClearName();
+}
+
+void BeginBox(P& parser, A) {
+  parser.SetDestination(D::Body, E::Aside);
+  parser.SetPlain();
+  parser.State().Para = {};
+  parser.Flow().BeginAside(RtfFlow::Aside::Box);
+}
+
+void BeginBackground(P& parser, A) {
+  parser.SetDestination(D::Other);
+  parser.State().IsBackground = true;
+}
+
+void BeginNestedRow(P& parser, A) {
+  parser.SetDestination(parser.State().Destination, E::NestedRow);
+  parser.Flow().BeginNestedRow();
+}
+
+void BeginShapeProperty(P& parser, A) {
+  parser.SetDestination(D::Other, E::ShapeProperty);
+}
+
+constexpr RtfWord kWords[] = {
+    {"fonttbl", Begin<D::FontTable, E::Font>},
+    {"colortbl", Begin<D::ColourTable>},
+    {"stylesheet", Begin<D::StyleSheet>},
+    {"listtable", Begin<D::Other>},
+    {"list", BeginList},
+    {"listlevel", BeginListLevel},
+    {"leveltext", Begin<D::ListLevelText>},
+    {"levelnumbers", Begin<D::Skip>},
+    {"levelnfc", SetLevel<&RtfListLevel::NumberKind>},
+    {"levelnfcn", SetLevel<&RtfListLevel::NumberKind>},
+    {"levelstartat", SetLevel<&RtfListLevel::StartAt>},
+    {"listname", Begin<D::Skip>},
+    {"listid", [](P& p, A a) { p.ListId() = a.Number; }},
+    {"listoverridetable", Begin<D::Other>},
+    {"listoverride", BeginListOverride},
+    {"lfolevel", Begin<D::Skip>},
+    {"listtext", BeginListText},
+    {"pntext", BeginListText},
+    {"field", [](P& p, A) { p.BeginField(); }},
+    {"fldinst", Begin<D::FieldInstruction>},
+    {"fldrslt", [](P& p, A) { p.BeginFieldResult(); }},
+    {"bkmkstart", BeginPlace},
+    {"pict", [](P& p, A) { p.BeginPicture(); }},
+    {"shppict", [](P& p, A) { p.BeginShapePicture(); }},
+    {"nonshppict", [](P& p, A) { p.BeginPlainPicture(); }},
+    {"object", [](P& p, A) { p.BeginObject(); }},
+    {"objname", Begin<D::ObjectName>},
+    {"objw", [](P& p, A a) { p.SetObjectSize(a.Number, 0); }},
+    {"objh", [](P& p, A a) { p.SetObjectSize(0, a.Number); }},
+    {"result", [](P& p, A) { p.BeginObjectResult(); }},
+    {"shp", Begin<D::Other>},
+    {"shpgrp", Begin<D::Other>},
+    {"shpinst", Begin<D::Other>},
+    {"shprslt", Begin<D::Skip>},
+    {"do", Begin<D::Other>},
+    {"shptxt", BeginBox},
+    {"dptxbxtext", BeginBox},
+    {"background", BeginBackground},
+    {"sp", BeginShapeProperty},
+    {"sn", Begin<D::ShapeName>},
+    {"sv", Begin<D::ShapeValue>},
+    {"footnote", [](P& p, A) { p.BeginFootnote(); }},
+    {"pngblip", Picture<RtfPictureKind::Png>},
+    {"jpegblip", Picture<RtfPictureKind::Jpeg>},
+    {"dibitmap", Picture<RtfPictureKind::Dib>},
+    {"wbitmap", Picture<RtfPictureKind::DeviceBitmap>},
+    {"wmetafile", Picture<RtfPictureKind::Metafile>},
+    {"pmmetafile", Picture<RtfPictureKind::Metafile>},
+    {"emfblip", Picture<RtfPictureKind::Metafile>},
+    {"macpict", Picture<RtfPictureKind::Metafile>},
+    {"picw", Measure<&RtfPicture::Width>},
+    {"pich", Measure<&RtfPicture::Height>},
+    {"picwgoal", Measure<&RtfPicture::GoalWidth>},
+    {"pichgoal", Measure<&RtfPicture::GoalHeight>},
+    {"picscalex", Measure<&RtfPicture::ScaleX>},
+    {"picscaley", Measure<&RtfPicture::ScaleY>},
+    {"piccropl", Measure<&RtfPicture::CropLeft>},
+    {"piccropt", Measure<&RtfPicture::CropTop>},
+    {"piccropr", Measure<&RtfPicture::CropRight>},
+    {"piccropb", Measure<&RtfPicture::CropBottom>},
+    {"wbmbitspixel", Measure<&RtfPicture::BitsPerPixel>},
+    {"wbmwidthbytes", Measure<&RtfPicture::BytesPerLine>},
+    {"nesttableprops", BeginNestedRow},
+    {"nonesttables", Begin<D::Skip>},
+    {"header", Begin<D::Skip>},
+    {"headerl", Begin<D::Skip>},
+    {"headerr", Begin<D::Skip>},
+    {"headerf", Begin<D::Skip>},
+    {"footer", Begin<D::Skip>},
+    {"footerl", Begin<D::Skip>},
+    {"footerr", Begin<D::Skip>},
+    {"footerf", Begin<D::Skip>},
+    {"info", Begin<D::Skip>},
+    {"xe", Begin<D::Skip>},
+    {"tc", Begin<D::Skip>},
+    {"tcn", Begin<D::Skip>},
+    {"rxe", Begin<D::Skip>},
+    {"annotation", Begin<D::Skip>},
+    {"atnid", Begin<D::Skip>},
+    {"atnauthor", Begin<D::Skip>},
+    {"pn", Begin<D::Skip>},
+    {"pnseclvl", Begin<D::Skip>},
+    {"objdata", Begin<D::Skip>},
+    {"objclass", Begin<D::Skip>},
+    {"objalias", Begin<D::Skip>},
+    {"objsect", Begin<D::Skip>},
+    {"datafield", Begin<D::Skip>},
+    {"formfield", Begin<D::Skip>},
+    {"bkmkend", Begin<D::Skip>},
+    {"filetbl", Begin<D::Skip>},
+    {"revtbl", Begin<D::Skip>},
+    {"ud", Begin<D::Skip>},
+    {"ftnsep", Begin<D::Skip>},
+    {"ftnsepc", Begin<D::Skip>},
+    {"ftncn", Begin<D::Skip>},
+    {"aftnsep", Begin<D::Skip>},
+    {"aftnsepc", Begin<D::Skip>},
+    {"aftncn", Begin<D::Skip>},
+};
+
+}  // namespace
+
+std::span<const RtfWord> RtfDestinationWords() {
+  return kWords;
+}

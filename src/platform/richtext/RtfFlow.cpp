@@ -1,0 +1,188 @@
+#include "platform/richtext/RtfFlow.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// Deeper tables run into the deepest one: their text stays. The layout of tables in tables
+// doubles its work with each depth.
+constexpr size_t kDeepestTable = 5;
+
+size_t LevelOf(const RtfParaProps& props) {
+  const int told = std::max(props.Nesting, props.IsInTable ? 1 : 0);
+  return std::min(static_cast<size_t>(std::max(told, 0)), kDeepestTable);
+}
+
+}  // namespace
+
+void RtfFlow::AddText(const QString& text, int format) {
+  if (text.isEmpty()) return;
+  paragraph_.Text += text;
+  const int length = static_cast<int>(text.size());
+  if (!paragraph_.Spans.empty() && paragraph_.Spans.back().Format == format) {
+    paragraph_.Spans.back().Length += length;
+  } else {
+    paragraph_.Spans.push_back({length, format});
+  }
+}
+
+void RtfFlow::AddInline(int format) {
+  AddText(QString(QChar::ObjectReplacementCharacter), format);
+}
+
+void RtfFlow::AddPlace(const QString& name) {
+  if (!name.isEmpty()) paragraph_.Places.push_back({name, paragraph_.Text.size()});
+}
+
+RtfParagraph RtfFlow::TakeParagraph(const RtfParaProps& props, int endFormat) {
+  RtfParagraph taken = std::move(paragraph_);
+  paragraph_ = {};
+  taken.Props = props;
+  taken.EndFormat = endFormat;
+  return taken;
+}
+
+void RtfFlow::EndParagraph(const RtfParaProps& props, int endFormat) {
+  size_t level = LevelOf(props);
+  // Some writers say only in front of the row that what follows stands in a table.
+  if (level == 0 && isRowOpen_ && !row_.Cells.empty()) level = 1;
+  Place(TakeParagraph(props, endFormat), level);
+}
+
+void RtfFlow::Place(RtfParagraph&& paragraph, size_t level) {
+  if (IsInFootnote()) {
+    footnotes_.push_back(std::move(paragraph));
+    return;
+  }
+  // A text box goes where the paragraph goes that it hangs on.
+  if (!asides_.empty()) level = levels_.size();
+  CloseLevelsTo(level);
+  OpenLevels(level);
+  if (level == 0) {
+    builder_.InsertParagraph(paragraph);
+  } else {
+    levels_.back().Cell.Blocks.push_back({std::move(paragraph), nullptr});
+  }
+}
+
+void RtfFlow::EndCell(const RtfParaProps& props, int endFormat, bool isNested) {
+  if (!asides_.empty()) {  // tables beside the text are told as lines
+    AddText(QStringLiteral("\t"), endFormat);
+    return;
+  }
+  const size_t level = isNested ? std::max(LevelOf(props), size_t{2}) : 1;
+  Place(TakeParagraph(props, endFormat), level);
+  EndCellOf(levels_.back());
+}
+
+void RtfFlow::EndCellOf(Level& level) {
+  std::vector<RtfCell>& cells = level.Row.Cells;
+  if (cells.size() < kMostRtfCells) {
+    cells.push_back(std::move(level.Cell));
+  } else {
+    std::move(level.Cell.Blocks.begin(), level.Cell.Blocks.end(), std::back_inserter(cells.back().Blocks));
+  }
+  level.Cell = {};
+}
+
+void RtfFlow::EndRow(const RtfParaProps& props, bool isNested) {
+  if (!asides_.empty()) {
+    EndParagraph(props, 0);
+    return;
+  }
+  const size_t level = isNested ? std::max(LevelOf(props), size_t{2}) : 1;
+  if (!isNested) isRowOpen_ = false;
+  if (levels_.size() < level) return;  // a row without cells
+  CloseLevelsTo(level);
+  EndRowOf(levels_.back(), row_);
+}
+
+void RtfFlow::EndRowOf(Level& level, RtfRowProps props) {
+  if (!level.Cell.Blocks.empty()) EndCellOf(level);
+  if (!level.Row.Cells.empty()) {
+    level.Row.Props = std::move(props);
+    level.Table.Rows.push_back(std::move(level.Row));
+  }
+  level.Row = {};
+}
+
+void RtfFlow::ResetRow() {
+  row_ = {};
+  isRowOpen_ = true;
+}
+
+void RtfFlow::BeginNestedRow() {
+  outerRows_.emplace_back(std::move(row_), isRowOpen_);
+  row_ = {};
+}
+
+void RtfFlow::EndNestedRow() {
+  if (outerRows_.empty()) return;
+  row_ = std::move(outerRows_.back().first);
+  isRowOpen_ = outerRows_.back().second;
+  outerRows_.pop_back();
+}
+
+void RtfFlow::OpenLevels(size_t count) {
+  while (levels_.size() < count)
+    levels_.emplace_back();
+}
+
+void RtfFlow::CloseLevelsTo(size_t count) {
+  while (levels_.size() > count) {
+    Level closed = std::move(levels_.back());
+    levels_.pop_back();
+    if (levels_.empty()) isRowOpen_ = false;
+    const bool isRowOnly = closed.Table.Rows.empty() && closed.Row.Cells.empty();
+    if (isRowOnly && levels_.empty()) {
+      // Paragraphs that were only meant for a cell: nothing ever ended one.
+      for (const RtfBlock& block : closed.Cell.Blocks)
+        builder_.Insert(block);
+      continue;
+    }
+    EndRowOf(closed, row_);
+    if (closed.Table.Rows.empty()) continue;
+    RtfBlock block;
+    block.Table = std::make_unique<RtfTable>(std::move(closed.Table));
+    if (levels_.empty()) {
+      builder_.Insert(block);
+    } else {
+      levels_.back().Cell.Blocks.push_back(std::move(block));
+    }
+  }
+}
+
+bool RtfFlow::IsInFootnote() const {
+  return std::any_of(asides_.begin(), asides_.end(),
+                     [](const SavedParagraph& aside) { return aside.Kind == Aside::Footnote; });
+}
+
+void RtfFlow::BeginAside(Aside kind) {
+  asides_.push_back({kind, std::move(paragraph_)});
+  paragraph_ = {};
+}
+
+void RtfFlow::EndAside(const RtfParaProps& props, int endFormat) {
+  if (asides_.empty()) return;
+  if (!paragraph_.Text.isEmpty() || !paragraph_.Places.empty()) EndParagraph(props, endFormat);
+  paragraph_ = std::move(asides_.back().Paragraph);
+  asides_.pop_back();
+}
+
+void RtfFlow::Finish(const RtfParaProps& props, int endFormat) {
+  while (!asides_.empty())
+    EndAside(props, endFormat);
+  if (!paragraph_.Text.isEmpty() || !paragraph_.Places.empty()) EndParagraph(props, endFormat);
+  CloseLevelsTo(0);
+  if (!footnotes_.empty()) {
+    RtfParagraph rule;
+    rule.Props.HasRuleBelow = true;
+    rule.EndFormat = footnotes_.front().EndFormat;
+    builder_.InsertParagraph(rule);
+  }
+  for (const RtfParagraph& footnote : footnotes_)
+    builder_.InsertParagraph(footnote);
+  footnotes_.clear();
+  builder_.Finish();
+}

@@ -1,0 +1,58 @@
+// Turns the properties of an RTF page into the formats of a document, each made once.
+#pragma once
+
+#include <QHash>
+#include <QSize>
+#include <QTextBlockFormat>
+#include <QTextCharFormat>
+#include <QTextImageFormat>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/richtext/PageLink.h"
+#include "platform/richtext/RichText.h"
+#include "platform/richtext/RtfHeader.h"
+#include "platform/richtext/RtfModel.h"
+
+class RtfFormats {
+ public:
+  // Both must outlive the formats.
+  RtfFormats(const RtfHeader& header, const PageMetrics& metrics) : header_(header), metrics_(metrics) {}
+
+  // Numbers a link; properties refer to it by that number, from 1.
+  int AddLink(PageLink link);
+
+  // The number of the format of these properties.
+  int NumberOf(const RtfCharProps& props);
+  // The number of a format for one picture or object in the line.
+  int AddInline(const QTextCharFormat& format);
+
+  const QTextCharFormat& CharFormat(int number) const { return formats_[static_cast<size_t>(number)]; }
+  const QTextBlockFormat& BlockFormat(const RtfParaProps& props);
+
+  const PageMetrics& Metrics() const { return metrics_; }
+  const RtfHeader& Header() const { return header_; }
+
+ private:
+  struct PropsHash {
+    size_t operator()(const RtfCharProps& props) const;
+  };
+
+  QTextCharFormat MakeCharFormat(const RtfCharProps& props) const;
+  void SetFont(QTextCharFormat& format, const RtfCharProps& props) const;
+  void SetDecoration(QTextCharFormat& format, const RtfCharProps& props) const;
+  void SetLink(QTextCharFormat& format, const RtfCharProps& props) const;
+  void SetTabs(QTextBlockFormat& format, const RtfParaProps& props) const;
+  QTextBlockFormat MakeBlockFormat(const RtfParaProps& props) const;
+
+  const RtfHeader& header_;
+  const PageMetrics& metrics_;
+  std::vector<PageLink> links_;
+  std::vector<QTextCharFormat> formats_;
+  std::unordered_map<RtfCharProps, int, PropsHash> numbers_;
+  RtfCharProps lastProps_;
+  int lastNumber_ = -1;
+  RtfParaProps lastParagraph_;
+  QTextBlockFormat lastBlock_;
+  bool hasLastBlock_ = false;
+};

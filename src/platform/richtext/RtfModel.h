@@ -1,0 +1,140 @@
+// What the RTF reader knows of a page before it becomes a document: character and paragraph
+// properties in the page's own units, paragraphs, and the rows of tables.
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QString>
+#include <array>
+#include <memory>
+#include <vector>
+
+// Lengths are twips unless told otherwise.
+
+enum class RtfUnderline : unsigned char { None, Single, Dotted, Dash, DashDot, DashDotDot, Wave };
+enum class RtfScript : unsigned char { Normal, Super, Sub };
+
+struct RtfCharProps {
+  int Font = -1;        // number in the font table; -1: the document's default
+  int HalfPoints = 24;  // size
+  int Colour = 0;       // number in the colour table
+  int Back = 0;         // number in the colour table; 0: none
+  int Rise = 0;         // half points above the line, negative below
+  int Spacing = 0;      // between characters
+  int Link = 0;         // number of the link, from 1; 0: none
+  RtfUnderline Underline = RtfUnderline::None;
+  RtfScript Script = RtfScript::Normal;
+  bool IsBold = false;
+  bool IsItalic = false;
+  bool IsStruck = false;
+  bool IsCapitals = false;
+  bool IsSmallCapitals = false;
+  bool IsHidden = false;
+
+  bool operator==(const RtfCharProps&) const = default;
+};
+
+enum class RtfAlign : unsigned char { Left, Centre, Right, Justified };
+
+struct RtfTab {
+  int Position = 0;
+  RtfAlign Align = RtfAlign::Left;  // Justified stands for a decimal tab
+
+  bool operator==(const RtfTab&) const = default;
+};
+
+struct RtfParaProps {
+  int LeftIndent = 0;
+  int RightIndent = 0;
+  int FirstIndent = 0;
+  int SpaceBefore = 0;
+  int SpaceAfter = 0;
+  int LineSpacing = 0;  // 0: automatic, below 0: exactly, above 0: at least, or 240ths of a line
+  bool IsLineMultiple = false;
+  bool IsInTable = false;
+  bool IsRightToLeft = false;
+  bool HasPageBreak = false;
+  bool HasRuleBelow = false;
+  RtfAlign Align = RtfAlign::Left;
+  int Nesting = 0;  // depth of the table the paragraph stands in, from 1; 0: not told
+  int Back = 0;     // number in the colour table; 0: none
+  int List = 0;     // number in the list override table; 0: none
+  int ListLevel = 0;
+  QList<RtfTab> Tabs;
+
+  bool operator==(const RtfParaProps&) const = default;
+};
+
+struct RtfSpan {
+  int Length = 0;  // characters
+  int Format = 0;  // number in RtfFormats
+};
+
+struct RtfPlace {
+  QString Name;
+  qsizetype Offset = 0;  // characters from the start of the paragraph
+};
+
+struct RtfParagraph {
+  RtfParaProps Props;
+  QString Text;
+  std::vector<RtfSpan> Spans;  // their lengths add up to the text's
+  std::vector<RtfPlace> Places;
+  int EndFormat = 0;         // of the paragraph's end, which gives an empty one its height
+  bool HasListText = false;  // the page brings the bullet or number itself
+};
+
+struct RtfBorder {
+  int Width = 0;   // 0: none
+  int Colour = 0;  // number in the colour table
+  bool IsDotted = false;
+  bool IsDashed = false;
+  bool IsDouble = false;
+};
+
+enum class RtfMerge : unsigned char { None, First, Continued };
+enum RtfSide { kLeftSide, kTopSide, kRightSide, kBottomSide, kSideCount };
+
+struct RtfCellProps {
+  int Right = 0;  // where the cell ends, from the text's left edge
+  int Back = 0;   // number in the colour table; 0: none
+  Qt::Alignment Vertical = Qt::AlignTop;
+  RtfMerge Across = RtfMerge::None;
+  RtfMerge Down = RtfMerge::None;
+  std::array<RtfBorder, kSideCount> Borders;
+  std::array<int, kSideCount> Padding{-1, -1, -1, -1};  // -1: the row's
+};
+
+struct RtfRowProps {
+  int Left = 0;
+  int Gap = 0;  // half the space between two cells
+  RtfAlign Align = RtfAlign::Left;
+  bool IsRightToLeft = false;
+  std::array<int, kSideCount> Padding{-1, -1, -1, -1};  // -1: the gap at the sides, none above and below
+  std::array<RtfBorder, 6> Borders;                     // the four sides, then between cells and rows
+  std::vector<RtfCellProps> Cells;
+};
+
+struct RtfTable;
+
+// A paragraph, or a table when there is one.
+struct RtfBlock {
+  RtfParagraph Paragraph;
+  std::unique_ptr<RtfTable> Table;
+};
+
+// A row holds no more cells; the text of further ones joins the last.
+inline constexpr size_t kMostRtfCells = 128;
+
+struct RtfCell {
+  std::vector<RtfBlock> Blocks;
+};
+
+struct RtfRow {
+  RtfRowProps Props;
+  std::vector<RtfCell> Cells;
+};
+
+struct RtfTable {
+  std::vector<RtfRow> Rows;
+};

@@ -1,0 +1,316 @@
+#include "platform/richtext/RtfParser.h"
+
+#include <QTextFrame>
+#include <algorithm>
+#include <utility>
+
+#include "platform/richtext/PageDocument.h"
+
+namespace {
+
+// Groups deeper than this share the state of the deepest one that is kept.
+constexpr size_t kDeepestGroup = 512;
+constexpr size_t kMostStyleWords = 48;
+constexpr size_t kMostStyles = 4096;
+
+RichPage EmptyPage() {
+  RichPage page;
+  page.Document = std::make_unique<PageDocument>();
+  page.Document->setUndoRedoEnabled(false);
+  page.Document->setDocumentMargin(0);
+  return page;
+}
+
+}  // namespace
+
+RtfParser::RtfParser(std::string_view bytes, const PageMetrics& metrics)
+    : tokens_(bytes),
+      metrics_(metrics),
+      page_(EmptyPage()),
+      formats_(header_, metrics_),
+      builder_(page_, formats_),
+      flow_(builder_),
+      states_(1) {}
+
+RichPage RtfParser::Read() {
+  for (RtfToken token = tokens_.Next(); token.Kind != RtfTokenKind::End && !isAtEnd_;
+       token = tokens_.Next()) {
+    if (IsIn(RtfDestination::Skip)) {
+      HandleSkipped(token);
+    } else {
+      Handle(token);
+    }
+  }
+  // A cut file: what is open ends here.
+  while (!isAtEnd_)
+    CloseGroup();
+  SetUpDocument();
+  return std::move(page_);
+}
+
+void RtfParser::HandleSkipped(const RtfToken& token) {
+  if (token.Kind == RtfTokenKind::GroupOpen) OpenGroup();
+  if (token.Kind == RtfTokenKind::GroupClose) CloseGroup();
+}
+
+void RtfParser::Handle(const RtfToken& token) {
+  switch (token.Kind) {
+    case RtfTokenKind::Text:
+      HandleBytes(token.Text);
+      return;
+    case RtfTokenKind::Hex: {
+      const char byte = static_cast<char>(token.Byte);
+      HandleBytes({&byte, 1});
+      return;
+    }
+    case RtfTokenKind::Word:
+      HandleWord(token);
+      return;
+    case RtfTokenKind::Symbol:
+      HandleSymbol(token.Byte);
+      return;
+    case RtfTokenKind::GroupOpen:
+      OpenGroup();
+      return;
+    case RtfTokenKind::GroupClose:
+      CloseGroup();
+      return;
+    case RtfTokenKind::Binary:
+      if (IsIn(RtfDestination::Picture))
+        picture_.Data.append(token.Text.data(), static_cast<qsizetype>(token.Text.size()));
+      return;
+    case RtfTokenKind::End:
+      return;
+  }
+}
+
+void RtfParser::HandleBytes(std::string_view bytes) {
+  isIgnorable_ = false;
+  if (IsIn(RtfDestination::Picture)) {
+    picture_.AddHex(bytes);
+    return;
+  }
+  if (fallbackLeft_ > 0) {
+    const size_t skipped = std::min(bytes.size(), static_cast<size_t>(fallbackLeft_));
+    fallbackLeft_ -= static_cast<int>(skipped);
+    bytes.remove_prefix(skipped);
+  }
+  if (!bytes.empty()) text_.AddBytes(bytes, State().CodePage);
+}
+
+void RtfParser::HandleWord(const RtfToken& token) {
+  const RtfArgument argument{token.Parameter, token.HasParameter};
+  fallbackLeft_ = 0;
+  if (token.Text == "u") {  // the one word that may stand in the middle of a run of text
+    AddUnicode(argument.Number);
+    fallbackLeft_ = State().FallbackCount;
+    return;
+  }
+  FlushText();
+  const KnownRtfWord* const known = FindRtfWord(token.Text);
+  const bool isIgnorable = std::exchange(isIgnorable_, false);
+  if (known == nullptr) {
+    if (isIgnorable) SetDestination(RtfDestination::Skip);
+    return;
+  }
+  if (IsIn(RtfDestination::StyleSheet) && known->IsFormat) {
+    if (style_.size() < kMostStyleWords) style_.push_back({known->Handle, argument});
+    return;
+  }
+  known->Handle(*this, argument);
+}
+
+void RtfParser::HandleSymbol(unsigned char symbol) {
+  if (symbol == '*') {
+    isIgnorable_ = true;
+    return;
+  }
+  if (symbol == '\r' || symbol == '\n') {
+    FlushText();
+    EndParagraph();
+    return;
+  }
+  if (fallbackLeft_ > 0) {
+    --fallbackLeft_;
+    return;
+  }
+  switch (symbol) {
+    case '\\':
+    case '{':
+    case '}': {
+      const char byte = static_cast<char>(symbol);
+      HandleBytes({&byte, 1});
+      return;
+    }
+    case '~':
+      AddCharacter(QChar::Nbsp);
+      return;
+    case '-':
+      AddCharacter(QChar::SoftHyphen);
+      return;
+    case '_':
+      AddCharacter(QChar(0x2011));
+      return;
+    case '\t':
+      AddCharacter(QChar::Tabulation);
+      return;
+    default:
+      return;
+  }
+}
+
+void RtfParser::OpenGroup() {
+  if (!IsIn(RtfDestination::Skip)) FlushText();
+  fallbackLeft_ = 0;
+  isIgnorable_ = false;
+  if (states_.size() >= kDeepestGroup) {
+    ++tooDeep_;
+    return;
+  }
+  const RtfGroupEnd outer = State().AtEnd;
+  states_.push_back(states_.back());
+  RtfState& state = State();
+  state.AtEnd = RtfGroupEnd::Nothing;
+  if (!IsIn(RtfDestination::StyleSheet)) return;
+  // The groups right in the style sheet are styles; what lies in them is no look.
+  if (outer == RtfGroupEnd::Style) {
+    state.Destination = RtfDestination::Skip;
+  } else {
+    state.AtEnd = RtfGroupEnd::Style;
+    style_.clear();
+    styleNumber_ = 0;
+  }
+}
+
+void RtfParser::CloseGroup() {
+  if (!IsIn(RtfDestination::Skip)) FlushText();
+  fallbackLeft_ = 0;
+  isIgnorable_ = false;
+  if (tooDeep_ > 0) {
+    --tooDeep_;
+    return;
+  }
+  if (states_.size() <= 2) {
+    // The page's own group: its last paragraph still has the look of the group.
+    if (State().AtEnd != RtfGroupEnd::Nothing) EndGroup(RtfState(State()));
+    flow_.Finish(State().Para, formats_.NumberOf(State().Chars));
+    isAtEnd_ = true;
+    return;
+  }
+  const RtfState closed = std::move(states_.back());
+  states_.pop_back();
+  if (closed.AtEnd != RtfGroupEnd::Nothing) EndGroup(closed);
+}
+
+void RtfParser::SetDestination(RtfDestination destination, RtfGroupEnd atEnd) {
+  if (State().AtEnd != RtfGroupEnd::Nothing) EndGroup(RtfState(State()));
+  State().Destination = destination;
+  State().AtEnd = atEnd;
+}
+
+void RtfParser::EndGroup(const RtfState& closed) {
+  switch (closed.AtEnd) {
+    case RtfGroupEnd::Nothing:
+      return;
+    case RtfGroupEnd::Font:
+      EndFont();
+      State().CodePage = header_.CodePageOf(State().Chars.Font);
+      return;
+    case RtfGroupEnd::Style:
+      EndStyle();
+      return;
+    case RtfGroupEnd::List:
+      header_.Lists[listId_] = list_;
+      return;
+    case RtfGroupEnd::ListLevel:
+      EndListLevel(closed);
+      return;
+    case RtfGroupEnd::ListOverride:
+      header_.ListOverrides[listNumber_] = listId_;
+      return;
+    case RtfGroupEnd::Field:
+      EndField(closed.Field);
+      return;
+    case RtfGroupEnd::PlaceName:
+      flow_.AddPlace(name_.trimmed());
+      return;
+    case RtfGroupEnd::Picture:
+      EndPicture();
+      return;
+    case RtfGroupEnd::ShapeProperty:
+      EndShapeProperty();
+      return;
+    case RtfGroupEnd::Object:
+      EndObject(closed.Object);
+      return;
+    case RtfGroupEnd::NestedRow:
+      flow_.EndNestedRow();
+      return;
+    case RtfGroupEnd::Aside:
+      flow_.EndAside(closed.Para, formats_.NumberOf(closed.Chars));
+      return;
+  }
+}
+
+void RtfParser::EndStyle() {
+  if (styles_.size() < kMostStyles) styles_[styleNumber_] = style_;
+  style_.clear();
+}
+
+void RtfParser::ApplyStyle(int number) {
+  const auto found = styles_.find(number);
+  if (found == styles_.end()) return;
+  for (const StyleWord& word : found->second)
+    word.Handle(*this, word.Argument);
+}
+
+void RtfParser::SetFont(int number) {
+  State().Chars.Font = number;
+  State().CodePage = header_.CodePageOf(number);
+}
+
+void RtfParser::SetPlain() {
+  RtfCharProps plain;
+  plain.Link = State().Chars.Link;
+  State().Chars = plain;
+  State().CodePage = header_.CodePageOf(-1);
+}
+
+void RtfParser::EndParagraph() {
+  if (!IsIn(RtfDestination::Body)) return;
+  RtfParaProps props = State().Para;
+  if (isPageBreakDue_) props.HasPageBreak = true;
+  isPageBreakDue_ = false;
+  flow_.EndParagraph(props, formats_.NumberOf(State().Chars));
+}
+
+void RtfParser::EndParagraphWithText() {
+  if (!flow_.IsParagraphEmpty()) EndParagraph();
+}
+
+void RtfParser::BreakPage() {
+  EndParagraphWithText();
+  isPageBreakDue_ = true;
+}
+
+void RtfParser::EndCell(bool isNested) {
+  if (IsIn(RtfDestination::Body)) flow_.EndCell(State().Para, formats_.NumberOf(State().Chars), isNested);
+}
+
+void RtfParser::EndRow(bool isNested) {
+  flow_.EndRow(State().Para, isNested);
+}
+
+void RtfParser::SetUpDocument() {
+  QTextDocument& document = *page_.Document;
+  document.setDefaultFont(formats_.CharFormat(formats_.NumberOf(RtfCharProps())).font());
+  QTextOption option = document.defaultTextOption();
+  option.setTabStopDistance(metrics_.Pixels(std::clamp(header_.DefaultTab, 60, 14400)));
+  document.setDefaultTextOption(option);
+  QTextFrameFormat frame = document.rootFrame()->frameFormat();
+  frame.setLeftMargin(metrics_.Pixels(header_.Margins.Left));
+  frame.setTopMargin(metrics_.Pixels(header_.Margins.Top));
+  frame.setRightMargin(metrics_.Pixels(header_.Margins.Right));
+  frame.setBottomMargin(metrics_.Pixels(header_.Margins.Bottom));
+  document.rootFrame()->setFrameFormat(frame);
+}

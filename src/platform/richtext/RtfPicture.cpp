@@ -1,0 +1,133 @@
+#include "platform/richtext/RtfPicture.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr qint64 kMostPixels = 32'000'000;  // of one picture
+constexpr double kLargest = 31680;          // twips
+constexpr double kTwipsPerStoredPixel = 15;
+constexpr double kTwipsPerHundredthMillimetre = 1440.0 / 2540.0;
+
+constexpr std::array<signed char, 256> MakeHexValues() {
+  std::array<signed char, 256> values{};
+  for (auto& value : values)
+    value = -1;
+  for (size_t i = 0; i < 10; ++i)
+    values['0' + i] = static_cast<signed char>(i);
+  for (size_t i = 0; i < 6; ++i) {
+    values['a' + i] = static_cast<signed char>(10 + i);
+    values['A' + i] = static_cast<signed char>(10 + i);
+  }
+  return values;
+}
+constexpr std::array<signed char, 256> kHexValues = MakeHexValues();
+
+QByteArray FormatName(RtfPictureKind kind, const QByteArray& data) {
+  // The data knows better than the word before it: writers mix the two up.
+  if (data.startsWith("\x89PNG")) return "png";
+  if (data.startsWith("\xFF\xD8")) return "jpeg";
+  if (data.startsWith("GIF8")) return "gif";
+  if (data.startsWith("BM")) return "bmp";
+  return kind == RtfPictureKind::Dib ? "dib" : QByteArray();
+}
+
+// A bitmap of a display: bare lines from the top, only the kinds that need no palette.
+QImage DecodeDeviceBitmap(const RtfPicture& picture) {
+  QImage::Format format = QImage::Format_Invalid;
+  if (picture.BitsPerPixel == 1) format = QImage::Format_Mono;
+  if (picture.BitsPerPixel == 24) format = QImage::Format_BGR888;
+  if (picture.BitsPerPixel == 32) format = QImage::Format_RGB32;
+  if (format == QImage::Format_Invalid || picture.BytesPerLine <= 0) return {};
+  const qint64 needed = (qint64{picture.Width} * picture.BitsPerPixel + 7) / 8;
+  if (picture.BytesPerLine < needed) return {};
+  if (qint64{picture.BytesPerLine} * picture.Height > picture.Data.size()) return {};
+  const QImage lines(reinterpret_cast<const uchar*>(picture.Data.constData()), picture.Width, picture.Height,
+                     picture.BytesPerLine, format);
+  return lines.copy();
+}
+
+QImage Cropped(const QImage& image, const RtfPicture& picture, double width, double height) {
+  const double left = picture.CropLeft / width * image.width();
+  const double top = picture.CropTop / height * image.height();
+  const double right = picture.CropRight / width * image.width();
+  const double bottom = picture.CropBottom / height * image.height();
+  const QRectF kept(left, top, image.width() - left - right, image.height() - top - bottom);
+  return image.copy(kept.toRect().intersected(image.rect()));
+}
+
+}  // namespace
+
+void RtfPicture::AddHex(std::string_view digits) {
+  for (const char c : digits) {
+    const int value = kHexValues[static_cast<unsigned char>(c)];
+    if (value < 0) continue;
+    if (halfByte_ < 0) {
+      halfByte_ = value;
+    } else {
+      Data.append(static_cast<char>(halfByte_ * 16 + value));
+      halfByte_ = -1;
+    }
+  }
+}
+
+QImage PlaceholderBox(QSizeF pixels) {
+  const QSize size(std::clamp(static_cast<int>(pixels.width()), 8, 400),
+                   std::clamp(static_cast<int>(pixels.height()), 8, 400));
+  QImage box(size, QImage::Format_RGB32);
+  box.fill(Qt::white);
+  QPainter painter(&box);
+  painter.setPen(QColor(0x99, 0x99, 0x99));
+  painter.drawRect(box.rect().adjusted(0, 0, -1, -1));
+  return box;
+}
+
+QImage RtfPictureDecoder::DecodeStored(const RtfPicture& picture) {
+  if (picture.Kind == RtfPictureKind::DeviceBitmap) {
+    const qint64 pixels = qint64{picture.Width} * picture.Height;
+    if (picture.Width <= 0 || picture.Height <= 0 || pixels > std::min(kMostPixels, pixelsLeft_)) return {};
+    pixelsLeft_ -= pixels;
+    return DecodeDeviceBitmap(picture);
+  }
+  const QByteArray format = FormatName(picture.Kind, picture.Data);
+  if (format.isEmpty()) return {};
+  QByteArray data = picture.Data;
+  QBuffer buffer(&data);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer, format);
+  const QSize size = reader.size();
+  const qint64 pixels = qint64{size.width()} * size.height();
+  if (!size.isValid() || size.isEmpty() || pixels > std::min(kMostPixels, pixelsLeft_)) return {};
+  pixelsLeft_ -= pixels;
+  return reader.read();
+}
+
+RtfPictureDecoder::Result RtfPictureDecoder::Decode(const RtfPicture& picture) {
+  Result result;
+  result.Image = DecodeStored(picture);
+  const bool isMetafile = picture.Kind == RtfPictureKind::Metafile;
+  const double unit = isMetafile ? kTwipsPerHundredthMillimetre : kTwipsPerStoredPixel;
+  const auto shown = [unit](int goal, int stored, int decoded) {
+    if (goal > 0) return std::min<double>(goal, kLargest);
+    if (stored > 0) return std::min(stored * unit, kLargest);
+    return decoded > 0 ? std::min(decoded * kTwipsPerStoredPixel, kLargest) : 480.0;
+  };
+  result.Width = shown(picture.GoalWidth, picture.Width, result.Image.width());
+  result.Height = shown(picture.GoalHeight, picture.Height, result.Image.height());
+  const double keptWidth = result.Width - picture.CropLeft - picture.CropRight;
+  const double keptHeight = result.Height - picture.CropTop - picture.CropBottom;
+  const bool isCropped = keptWidth != result.Width || keptHeight != result.Height;
+  if (isCropped && keptWidth > 0 && keptHeight > 0 && !result.Image.isNull()) {
+    result.Image = Cropped(result.Image, picture, result.Width, result.Height);
+    result.Width = std::min(keptWidth, kLargest);
+    result.Height = std::min(keptHeight, kLargest);
+  }
+  result.Width = std::clamp(result.Width * std::clamp(picture.ScaleX, 1, 10'000) / 100.0, 1.0, kLargest);
+  result.Height = std::clamp(result.Height * std::clamp(picture.ScaleY, 1, 10'000) / 100.0, 1.0, kLargest);
+  if (result.Image.isNull()) result.Image = PlaceholderBox(QSizeF(result.Width, result.Height) / 15.0);
+  return result;
+}

@@ -1,0 +1,30 @@
+#include "platform/richtext/RtfWords.h"
+
+#include <unordered_map>
+
+namespace {
+
+using Words = std::unordered_map<std::string_view, KnownRtfWord>;
+
+void Add(Words& words, std::span<const RtfWord> list, bool isFormat) {
+  for (const RtfWord& word : list)
+    words.emplace(word.Name, KnownRtfWord{word.Handle, isFormat});
+}
+
+Words AllWords() {
+  Words words;
+  Add(words, RtfCharacterWords(), true);
+  Add(words, RtfParagraphWords(), true);
+  Add(words, RtfTableWords(), false);
+  Add(words, RtfDestinationWords(), false);
+  Add(words, RtfTextWords(), false);
+  return words;
+}
+
+}  // namespace
+
+const KnownRtfWord* FindRtfWord(std::string_view name) {
+  static const Words words = AllWords();
+  const auto found = words.find(name);
+  return found == words.end() ? nullptr : &found->second;
+}
