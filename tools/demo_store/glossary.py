@@ -6,6 +6,7 @@ import re
 from pathlib import Path
 
 from .errors import SourceError
+from .text import crlf, read_source
 
 ENTRY = re.compile(r"(\^[A-Z]|%[^%~^]+|~[^%~^]+)$")
 
@@ -16,7 +17,7 @@ def glossary_text(path: Path) -> str:
     The player drops line ends, so every entry stands on one line. It writes a definition out only
     when a later marker follows, hence the closing letter.
     """
-    lines = path.read_text(encoding="utf-8").rstrip("\n").split("\n")
+    lines = read_source(path).rstrip("\n").split("\n")
     last = ""
     followers = {"": "^", "^": "%", "%": "~", "~": "%^"}
     for number, line in enumerate(lines, start=1):
@@ -27,4 +28,4 @@ def glossary_text(path: Path) -> str:
         last = line[0]
     if last != "^":
         raise SourceError(path, "has to end with a closing letter")
-    return "\r\n".join(lines) + "\r\n"
+    return crlf("\n".join(lines) + "\n")

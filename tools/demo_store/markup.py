@@ -82,7 +82,8 @@ class Movie:
 
 @dataclass(frozen=True)
 class Table:
-    widths: list[int]  # percent of the text width
+    widths: list[int]  # shares of the text width
+    aligns: list[str]  # left or right, of each column
     header: list[list[Inline]] | None
     rows: list[list[list[Inline]]]
 
@@ -95,7 +96,7 @@ class Box:
 
 @dataclass(frozen=True)
 class Columns:
-    widths: list[int]  # percent of the text width
+    widths: list[int]  # shares of the text width
     cells: list[list[Block]]
 
 

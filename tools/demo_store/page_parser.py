@@ -79,7 +79,7 @@ class _PageParser:
         start = self._at
         word, _, rest = line[1:].partition(" ")
         if word == "table":
-            return self._table(self._widths(rest))
+            return self._table(rest)
         self._at += 1
         if word in BOX_KINDS and not rest:
             blocks, _ = self._blocks_until(("@end",))
@@ -116,7 +116,10 @@ class _PageParser:
                 raise self._error(f"a {type(block).__name__} stands in a box or column", line)
         return blocks
 
-    def _table(self, widths: list[int]) -> Table:
+    def _table(self, directive: str) -> Table:
+        """A column's share may carry an r: its cells then stand at the right."""
+        aligns = ["right" if share.endswith("r") else "left" for share in directive.split()]
+        widths = self._widths(directive.replace("r", ""))
         start = self._at
         self._at += 1
         header: list[list[Inline]] | None = None
@@ -137,16 +140,13 @@ class _PageParser:
             self._at += 1
         if not rows:
             raise self._error("a table without rows", start)
-        return Table(widths, header, rows)
+        return Table(widths, aligns, header, rows)
 
     def _widths(self, text: str, line: int | None = None) -> list[int]:
         parts = text.split()
         if not parts or not all(part.isdigit() for part in parts):
-            raise self._error("widths are whole percents", line)
-        widths = [int(part) for part in parts]
-        if sum(widths) > 100:
-            raise self._error("the widths sum to more than 100", line)
-        return widths
+            raise self._error("widths are shares in whole numbers", line)
+        return [int(part) for part in parts]
 
     def _one_line(self, text: str) -> list[Inline]:
         inlines = self._inlines(text, self._at + 1)

@@ -44,8 +44,10 @@ def _draw(content: list[str], y: int, line: str) -> int:
         content.append(_text("F2", 13, INK, LEFT, y - 14, line[3:]))
         return 24
     if line.startswith("___"):
-        content.append(_text("F1", 11, INK, LEFT, y - 14, line[3:].strip()))
-        content.append(f"0.6 G 0.7 w {LEFT + 200} {y - 17} m {RIGHT} {y - 17} l S")
+        label = line[3:].strip()
+        indent = 200 if len(label) > 2 else 12 * len(label)
+        content.append(_text("F1", 11, INK, LEFT, y - 14, label))
+        content.append(f"0.6 G 0.7 w {LEFT + indent} {y - 17} m {RIGHT} {y - 17} l S")
         return 27
     if line.startswith("[] "):
         content.append(f"0.4 G 0.8 w {LEFT} {y - 15} 10 10 re S")

@@ -16,6 +16,7 @@ from dataclasses import dataclass, field
 
 from .errors import SourceError
 from .model import Question, Quiz
+from .text import crlf
 
 TYPES = {"type: scored": False, "type: practice": True}
 REVIEW = re.compile(r"(.+?) *\| *([a-z0-9]{6})/(\d{4})$")
@@ -88,7 +89,7 @@ def quiz_text(quiz: Quiz) -> str:
             question.review_link,
         ]
         lines.append(",".join(_quoted(field) for field in fields))
-    return "\r\n".join(lines) + "\r\n"
+    return crlf("\n".join(lines) + "\n")
 
 
 def _quoted(text: str) -> str:

@@ -7,6 +7,7 @@ from pathlib import Path
 
 from .errors import SourceError
 from .images import read_image
+from .layout import Layout
 from .links import LinkTargets
 from .markup import (Block, Bookmark, Box, Columns, Heading, Inline, LineBreak, Link, ListItem,
                      Movie, Page, Paragraph, Picture, Style, Table, Text, Title)
@@ -14,37 +15,23 @@ from .palette import COLOURS, colour_number
 
 TWIPS_PER_PIXEL = 15
 CELL_GAP = 120
-BOX_PADDING = 100
+COLUMN_GAP = 240
 LIST_INDENT = 380
 BOX_LOOK = {"tip": ("pale", "blue"), "note": ("pale", "grey"), "warning": ("cream", "warm")}
+TITLE_STYLE = Style(bold=True, colour="blue")
 ALIGN_WORD = {"left": "\\ql", "center": "\\qc", "right": "\\qr"}
 
 
 @dataclass(frozen=True)
-class Layout:
-    """The sheet that a page is laid out for; font sizes are half points."""
+class _Row:
+    """How a table row looks; lengths are twips."""
 
-    width: int
-    height: int
-    margin_left: int
-    margin_right: int
-    margin_top: int
-    body_size: int
-    title_size: int
-    title_band: bool
-    measure: int  # widest line of running text
-
-    @property
-    def text_width(self) -> int:
-        return self.width - self.margin_left - self.margin_right
-
-
-# The page view is 998 by 663 pixels; the right margin leaves room for its scroll bar.
-SCREEN = Layout(14970, 9945, 540, 840, 300, 26, 40, True, 12300)
-# Help and trademark windows are narrower: nothing on these sheets has a width of its own.
-SMALL = Layout(8400, 9945, 240, 240, 240, 22, 32, False, 8400)
-# Documents of the repository are opened by a word processor: an A4 sheet.
-PAPER = Layout(11906, 16838, 1134, 1134, 1134, 22, 36, False, 9638)
+    widths: list[int]
+    fill: str | None
+    sides: str  # of each cell that have a border: letters of "tlbr"
+    border_width: int
+    border: str
+    padding: int  # above and below the text
 
 
 def render(page: Page, layout: Layout, targets: LinkTargets, pictures: Path) -> bytes:
@@ -100,8 +87,8 @@ class _Renderer:
     def _blocks(self, blocks: list[Block]) -> None:
         for index, block in enumerate(blocks):
             follower = blocks[index + 1] if index + 1 < len(blocks) else None
-            if isinstance(block, Title):
-                self._title(block)
+            if isinstance(block, Title) and self._layout.title_band:
+                self._title_band(block)
             elif isinstance(block, Table):
                 self._table(block)
             elif isinstance(block, Box):
@@ -110,84 +97,90 @@ class _Renderer:
                 self._columns(block)
             else:
                 self._out.append(self._paragraph(block, follower, in_table=False) + "\\par")
-            if isinstance(block, (Table, Box, Columns)):
-                self._out.append("\\pard\\plain\\f0\\fs8\\par")
+                if isinstance(follower, (Table, Box, Columns)):
+                    self._spacer(80)
+                continue
+            self._spacer(160)
 
-    def _title(self, block: Title) -> None:
-        layout = self._layout
-        text = self._inlines(block.inlines, Style(bold=True, colour="blue"), layout.title_size)
-        if layout.title_band:
-            self._row([layout.text_width], ["pale"], [self._open(0, 60, 60, True) + text], None)
-            self._out.append("\\pard\\plain\\f0\\fs12\\par")
-        else:
-            self._out.append(self._open(0, 0, 160, False) + text + "\\par")
+    def _title_band(self, block: Title) -> None:
+        text = self._inlines(block.inlines, TITLE_STYLE, self._layout.title_size)
+        look = _Row([self._layout.text_width], "pale", "b", 45, "blue", 60)
+        self._row(look, ["\\pard\\plain\\intbl\\ql " + text])
 
     def _table(self, block: Table) -> None:
-        widths = [self._layout.text_width * width // 100 for width in block.widths]
-        size = self._layout.body_size - 2
+        widths = self._widths(block.widths)
         if block.header is not None:
-            cells = [self._open(0, 40, 40, True) + self._inlines(cell, Style(bold=True), size)
-                     for cell in block.header]
-            self._row(widths, ["light"] * len(cells), cells, "rule")
+            cells = self._table_cells(block, block.header, Style(bold=True))
+            self._row(_Row(widths, "light", "tlbr", 10, "rule", 60), cells)
         for row in block.rows:
-            cells = [self._open(0, 40, 40, True) + self._inlines(cell, Style(), size)
-                     for cell in row]
-            self._row(widths, [None] * len(cells), cells, "rule")
+            cells = self._table_cells(block, row, Style())
+            self._row(_Row(widths, None, "tlbr", 10, "rule", 50), cells)
+
+    def _table_cells(self, table: Table, row: list[list[Inline]], style: Style) -> list[str]:
+        return [self._open(0, 0, 0, True, align) + self._inlines(cell, style,
+                                                                 self._layout.body_size - 2)
+                for cell, align in zip(row, table.aligns)]
 
     def _box(self, block: Box) -> None:
         fill, rule = BOX_LOOK[block.kind]
-        width = min(self._layout.text_width, self._layout.measure)
-        self._row([width], [fill], [self._cell(block.blocks)], rule, BOX_PADDING)
+        look = _Row([self._layout.text_width], fill, "l", 75, rule, 100)
+        self._row(look, [self._cell(block.blocks)])
 
     def _columns(self, block: Columns) -> None:
-        widths = [self._layout.text_width * width // 100 for width in block.widths]
         cells = [self._cell(cell) for cell in block.cells]
-        self._row(widths, [None] * len(cells), cells, None)
+        self._row(_Row(self._widths(block.widths), None, "", 0, "", 0), cells)
+
+    def _widths(self, shares: list[int]) -> list[int]:
+        return [self._layout.text_width * share // sum(shares) for share in shares]
 
     def _cell(self, blocks: list[Block]) -> str:
         followers = [*blocks[1:], None]
         return "\\par\r\n".join(self._paragraph(block, follower, in_table=True)
                                 for block, follower in zip(blocks, followers))
 
-    def _row(self, widths: list[int], fills: list[str | None], cells: list[str],
-             rule: str | None, padding: int = 0) -> None:
-        """Write one table row; without a rule the row has no borders."""
-        border = ""
-        if rule is not None:
-            border = "".join(f"\\clbrdr{side}\\brdrs\\brdrw10\\brdrcf{colour_number(rule)}"
-                             for side in "tlbr")
-        line = f"\\trowd\\trgaph{CELL_GAP}\\trleft0"
-        if padding:
-            line += f"\\trpaddt{padding}\\trpaddft3\\trpaddb{padding}\\trpaddfb3"
+    def _row(self, look: _Row, cells: list[str]) -> None:
+        border = "".join(f"\\clbrdr{side}\\brdrs\\brdrw{look.border_width}"
+                         f"\\brdrcf{colour_number(look.border)}" for side in look.sides)
+        shading = f"\\clcbpat{colour_number(look.fill)}" if look.fill else ""
+        line = (f"\\trowd\\trleft0\\trgaph{CELL_GAP if border else 0}"
+                f"\\trpaddt{look.padding}\\trpaddft3\\trpaddb{look.padding}\\trpaddfb3")
         edge = 0
-        for width, fill in zip(widths, fills):
+        for number, width in enumerate(look.widths, start=1):
             edge += width
-            shading = f"\\clcbpat{colour_number(fill)}" if fill else ""
-            line += f"\\clvertalt{border}{shading}\\cellx{edge}"
+            # Cells without border stand flush with the text around them, and apart from each other.
+            gap = "" if border or number == len(look.widths) else f"\\clpadr{COLUMN_GAP}\\clpadfr3"
+            line += f"\\clvertalt{border}{shading}{gap}\\cellx{edge}"
         self._out.append(line)
         self._out.extend(cell + "\\cell" for cell in cells)
         self._out.append("\\row")
 
+    def _spacer(self, height: int) -> None:
+        """A line of that height: paragraphs keep no distance from tables of their own."""
+        # Not quite empty: viewers give an empty line beside a table no height at all.
+        self._out.append(f"\\pard\\plain\\f0\\fs4\\sl-{height}\\slmult0 \\~\\par")
+
     def _paragraph(self, block: Block, follower: Block | None, in_table: bool) -> str:
         """Render a block that is one paragraph, without the word that ends it."""
         size = self._layout.body_size
+        below = _space_below(block, follower, in_table)
+        if isinstance(block, Title):
+            return (self._open(0, 0, below, in_table)
+                    + self._inlines(block.inlines, TITLE_STYLE, self._layout.title_size))
+        if isinstance(block, Heading) and block.level == 2:
+            return (self._open(0, 120, below, in_table)
+                    + self._inlines(block.inlines, TITLE_STYLE, size + 4))
         if isinstance(block, Heading):
-            head_size = size + 4 if block.level == 2 else size
-            style = Style(bold=True, colour="blue" if block.level == 2 else "ink")
-            before = 120 if block.level == 2 else 60
-            return self._open(0, before, 60, in_table) + self._inlines(block.inlines, style,
-                                                                       head_size)
+            return (self._open(0, 60, below, in_table)
+                    + self._inlines(block.inlines, Style(bold=True), size))
         if isinstance(block, ListItem):
-            after = 40 if isinstance(follower, ListItem) else 120
-            return self._list_item(block, after, in_table)
+            return self._list_item(block, below, in_table)
         if isinstance(block, Paragraph):
-            after = 60 if isinstance(follower, ListItem) else 120
-            return (self._open(0, 0, after, in_table, block.align)
+            return (self._open(0, 0, below, in_table, block.align)
                     + self._inlines(block.inlines, Style(), size))
         if isinstance(block, Picture):
-            return self._open(0, 60, 120, in_table, block.align) + self._picture(block)
+            return self._open(0, 60, below, in_table, block.align) + self._picture(block)
         if isinstance(block, Movie):
-            return self._open(0, 60, 120, in_table) + self._movie(block)
+            return self._open(0, 60, below, in_table) + self._movie(block)
         raise SourceError(self._page.where, f"a {type(block).__name__} can't stand here")
 
     def _open(self, indent: int, before: int, after: int, in_table: bool,
@@ -199,14 +192,14 @@ class _Renderer:
                 "\\sl264\\slmult1 ")
 
     def _list_item(self, item: ListItem, after: int, in_table: bool) -> str:
+        """The mark comes twice: as text, and as the rule by which an editor renumbers."""
         size = self._layout.body_size
         if item.number is None:
-            mark = (f"{{\\pntext\\f1\\fs{size}\\'b7\\tab}}"
+            mark = (f"{{\\pntext\\f1\\fs{size}\\cf1\\'b7\\tab}}"
                     "{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}")
         else:
-            mark = (f"{{\\pntext\\f0\\fs{size} {item.number}.\\tab}}"
-                    "{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart1\\pndec{\\pntxta.}}")
-        # The mark stands behind the paragraph's words; a reader takes it before the text.
+            mark = (f"{{\\pntext\\f0\\fs{size}\\cf1 {item.number}.\\tab}}"
+                    f"{{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart{item.number}\\pndec{{\\pntxta.}}}}")
         return (self._open(LIST_INDENT, 0, after, in_table).rstrip() + mark
                 + self._inlines(item.inlines, Style(), size))
 
@@ -248,6 +241,17 @@ class _Renderer:
         return (f"{{\\object\\objemb\\objw{movie.width * TWIPS_PER_PIXEL}"
                 f"\\objh{movie.height * TWIPS_PER_PIXEL}"
                 f"{{\\*\\objname {escape(movie.name)},{movie.width}}}}}")
+
+
+def _space_below(block: Block, follower: Block | None, in_table: bool) -> int:
+    """The distance to the next paragraph; below the last one of a cell is the cell's padding."""
+    if in_table and follower is None:
+        return 0
+    if isinstance(block, Title):
+        return 160
+    if isinstance(block, Heading) or isinstance(follower, ListItem):
+        return 40 if isinstance(block, ListItem) else 60
+    return 120
 
 
 def _words(style: Style, size: int) -> str:

@@ -10,6 +10,7 @@ from .errors import SourceError
 from .model import FIRST_PAGE, PAGE_TYPES, Course, MapLine, Module
 from .page_parser import parse_page
 from .quiz import parse_quiz
+from .text import read_source
 
 MODULE_ID = re.compile(r"[a-z0-9]{6}$")
 MAP_LINE = re.compile(r"(\d{4}\.txm)\*([A-Za-z]+)\*([^*]*)$")
@@ -19,7 +20,7 @@ def read_courses(demo: Path) -> list[Course]:
     """Read demo/courses.toml and every module that it lists."""
     path = demo / "courses.toml"
     courses = []
-    for entry in tomllib.loads(path.read_text(encoding="utf-8"))["course"]:
+    for entry in tomllib.loads(read_source(path))["course"]:
         modules = [_read_module(demo / "courses" / module_id) for module_id in entry["modules"]]
         courses.append(Course(entry["name"], entry["repository"], modules))
     listed = [module.id for course in courses for module in course.modules]
@@ -41,12 +42,12 @@ def _read_module(folder: Path) -> Module:
         source = folder / f"{line.stem}.page"
         if not source.is_file():
             raise SourceError(folder / "Map.txt", f"{line.page} has no source {source.name}")
-        module.pages[line.page] = parse_page(str(source), source.read_text(encoding="utf-8"))
+        module.pages[line.page] = parse_page(str(source), read_source(source))
         quiz = folder / f"{line.stem}.test"
         if quiz.is_file() != (line.kind == "Test"):
             raise SourceError(quiz, "a page of the type Test, and no other, has a test source")
         if line.kind == "Test":
-            module.quizzes[line.page] = parse_quiz(str(quiz), quiz.read_text(encoding="utf-8"))
+            module.quizzes[line.page] = parse_quiz(str(quiz), read_source(quiz))
     stems = {line.stem for line in module.lines}
     for path in folder.iterdir():
         if path.suffix in (".page", ".test") and path.stem not in stems:
@@ -56,10 +57,10 @@ def _read_module(folder: Path) -> Module:
 
 def _read_map(folder: Path) -> Module:
     path = folder / "Map.txt"
-    text = path.read_text(encoding="utf-8").rstrip("\n").split("\n")
+    text = read_source(path).rstrip("\n").split("\n")
     if len(text) < 4 or not text[1].strip():
         raise SourceError(path, "three head lines, the second with the module's name, then pages")
-    lines = []
+    lines: list[MapLine] = []
     topics: list[str] = []
     for number, raw in enumerate(text[3:], start=4):
         match = MAP_LINE.match(raw)

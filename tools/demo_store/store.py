@@ -8,6 +8,7 @@ from pathlib import Path
 
 from .errors import SourceError
 from .glossary import glossary_text
+from .layout import PAPER, SCREEN, SMALL, Layout
 from .lead_in import LEAD_IN
 from .links import LinkTargets
 from .markup import Page
@@ -15,8 +16,9 @@ from .model import Course, Module
 from .page_parser import parse_page
 from .pdf import render_sheet
 from .quiz import quiz_text
-from .rtf import PAPER, SCREEN, SMALL, Layout, render
+from .rtf import render
 from .sources import read_courses
+from .text import ansi, crlf, read_source
 
 CATALOGUE = "HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0"
 # Folders that only this writer fills; learner data and skin lie beside them and stay.
@@ -72,10 +74,10 @@ class StoreWriter:
 
     def _module_files(self, course: Course, module: Module) -> dict[str, bytes]:
         files: dict[str, bytes] = {}
-        head = [module.head[0], module.name, module.head[1]]
-        lines = [f"{line.page}*{line.kind}*{line.topic}" for line in module.lines]
-        files[f"{module.id}/Map.txt"] = _ansi(module.folder / "Map.txt",
-                                              "".join(line + "\r\n" for line in head + lines))
+        map_lines = [module.head[0], module.name, module.head[1]]
+        map_lines += [f"{line.page}*{line.kind}*{line.topic}" for line in module.lines]
+        files[f"{module.id}/Map.txt"] = ansi(module.folder / "Map.txt",
+                                             crlf("\n".join(map_lines) + "\n"))
         movies = module.folder / "movies"
         for path in sorted(movies.iterdir()) if movies.is_dir() else []:
             files[f"{module.id}/Movies/{path.name}"] = path.read_bytes()
@@ -90,7 +92,7 @@ class StoreWriter:
                 if f"{module.id}/Movies/{movie.name}" not in files]
         for name, quiz in module.quizzes.items():
             stem = name.removesuffix(".txm")
-            files[f"{module.id}/{module.id}_{stem}TST"] = _ansi(Path(quiz.where), quiz_text(quiz))
+            files[f"{module.id}/{module.id}_{stem}TST"] = ansi(quiz.where, quiz_text(quiz))
             self._report.questions += len(quiz.questions)
         return files
 
@@ -105,14 +107,14 @@ class StoreWriter:
     def _documents(self, folder: Path, target: str) -> dict[str, bytes]:
         files: dict[str, bytes] = {}
         for path in sorted(path for path in folder.iterdir() if path.is_file()):
-            text = path.read_text(encoding="utf-8")
             if path.suffix == ".page":
-                page = parse_page(str(path), text)
-                files[f"{target}/{path.stem}.rtf"] = self._render(page, PAPER, LinkTargets())
+                page = self._render(_parse(path), PAPER, LinkTargets())
+                files[f"{target}/{path.stem}.rtf"] = page
             elif path.suffix == ".sheet":
-                files[f"{target}/{path.stem}.pdf"] = render_sheet(str(path), text)
+                sheet = render_sheet(str(path), read_source(path))
+                files[f"{target}/{path.stem}.pdf"] = sheet
             elif path.suffix == ".txt":
-                files[f"{target}/{path.name}"] = _ansi(path, text.replace("\n", "\r\n"))
+                files[f"{target}/{path.name}"] = ansi(path, crlf(read_source(path)))
             else:
                 raise SourceError(path, "an attachment's source is a .page, .sheet or .txt file")
         return files
@@ -120,8 +122,7 @@ class StoreWriter:
     def _about_files(self, course: Course) -> dict[str, bytes]:
         folder = self._demo / "about"
         about = folder / f"About {course.name}.txt"
-        text = about.read_text(encoding="utf-8").replace("\n", "\r\n")
-        files = {f"About/{about.name}": _ansi(about, text)}
+        files = {f"About/{about.name}": ansi(about, crlf(read_source(about)))}
         for path in sorted(folder.glob(f"Trademark {course.name}_*.page")):
             page = self._render(_parse(path), SCREEN, LinkTargets())
             files[f"About/{path.stem}.txm"] = LEAD_IN + page
@@ -134,7 +135,7 @@ class StoreWriter:
             if path.name != "Glossary.txt" and path.name not in names:
                 raise SourceError(path, "belongs to no course")
             place = path.name if path.name == "Glossary.txt" else f"Glossary/{path.name}"
-            files[place] = _ansi(path, glossary_text(path))
+            files[place] = ansi(path, glossary_text(path))
         return files
 
     def _render(self, page: Page, layout: Layout, targets: LinkTargets) -> bytes:
@@ -148,17 +149,7 @@ class StoreWriter:
 
 
 def _parse(path: Path) -> Page:
-    if not path.is_file():
-        raise SourceError(path, "is missing")
-    return parse_page(str(path), path.read_text(encoding="utf-8"))
-
-
-def _ansi(where: Path, text: str) -> bytes:
-    try:
-        return text.encode("cp1252")
-    except UnicodeEncodeError as error:
-        bad = text[error.start]
-        raise SourceError(where, f"{bad!r} is not in windows-1252") from error
+    return parse_page(str(path), read_source(path))
 
 
 def _registry(courses: list[Course]) -> str:
