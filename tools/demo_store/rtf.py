@@ -199,7 +199,8 @@ class _Renderer:
                     "{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}")
         else:
             mark = (f"{{\\pntext\\f0\\fs{size}\\cf1 {item.number}.\\tab}}"
-                    f"{{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart{item.number}\\pndec{{\\pntxta.}}}}")
+                    f"{{\\*\\pn\\pnlvlbody\\pnf0\\pnindent0\\pnstart{item.number}\\pndec"
+                    "{\\pntxta.}}")
         return (self._open(LIST_INDENT, 0, after, in_table).rstrip() + mark
                 + self._inlines(item.inlines, Style(), size))
 
