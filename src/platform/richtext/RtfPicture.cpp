@@ -1,15 +1,12 @@
 #include "platform/richtext/RtfPicture.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QPainter>
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr qint64 kMostPixels = 32'000'000;  // of one picture
-constexpr double kLargest = 31680;          // twips
+constexpr double kLargest = 31680;  // twips
 constexpr double kTwipsPerStoredPixel = 15;
 constexpr double kTwipsPerHundredthMillimetre = 1440.0 / 2540.0;
 
@@ -26,15 +23,6 @@ constexpr std::array<signed char, 256> MakeHexValues() {
   return values;
 }
 constexpr std::array<signed char, 256> kHexValues = MakeHexValues();
-
-QByteArray FormatName(RtfPictureKind kind, const QByteArray& data) {
-  // The data knows better than the word before it: writers mix the two up.
-  if (data.startsWith("\x89PNG")) return "png";
-  if (data.startsWith("\xFF\xD8")) return "jpeg";
-  if (data.startsWith("GIF8")) return "gif";
-  if (data.startsWith("BM")) return "bmp";
-  return kind == RtfPictureKind::Dib ? "dib" : QByteArray();
-}
 
 // A bitmap of a display: bare lines from the top, only the kinds that need no palette.
 QImage DecodeDeviceBitmap(const RtfPicture& picture) {
@@ -87,23 +75,11 @@ QImage PlaceholderBox(QSizeF pixels) {
 }
 
 QImage RtfPictureDecoder::DecodeStored(const RtfPicture& picture) {
-  if (picture.Kind == RtfPictureKind::DeviceBitmap) {
-    const qint64 pixels = qint64{picture.Width} * picture.Height;
-    if (picture.Width <= 0 || picture.Height <= 0 || pixels > std::min(kMostPixels, pixelsLeft_)) return {};
-    pixelsLeft_ -= pixels;
-    return DecodeDeviceBitmap(picture);
+  if (picture.Kind != RtfPictureKind::DeviceBitmap) {
+    const bool isDib = picture.Kind == RtfPictureKind::Dib;
+    return DecodePicture(picture.Data, isDib ? QByteArray("dib") : QByteArray(), budget_);
   }
-  const QByteArray format = FormatName(picture.Kind, picture.Data);
-  if (format.isEmpty()) return {};
-  QByteArray data = picture.Data;
-  QBuffer buffer(&data);
-  buffer.open(QIODevice::ReadOnly);
-  QImageReader reader(&buffer, format);
-  const QSize size = reader.size();
-  const qint64 pixels = qint64{size.width()} * size.height();
-  if (!size.isValid() || size.isEmpty() || pixels > std::min(kMostPixels, pixelsLeft_)) return {};
-  pixelsLeft_ -= pixels;
-  return reader.read();
+  return budget_.Take({picture.Width, picture.Height}) ? DecodeDeviceBitmap(picture) : QImage();
 }
 
 RtfPictureDecoder::Result RtfPictureDecoder::Decode(const RtfPicture& picture) {

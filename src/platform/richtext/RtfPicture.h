@@ -6,6 +6,7 @@
 #include <QSizeF>
 #include <string_view>
 
+#include "platform/richtext/PicturePixels.h"
 #include "platform/richtext/RichText.h"
 
 enum class RtfPictureKind { Unknown, Png, Jpeg, Dib, DeviceBitmap, Metafile };
@@ -49,7 +50,7 @@ class RtfPictureDecoder {
  private:
   QImage DecodeStored(const RtfPicture& picture);
 
-  qint64 pixelsLeft_ = 64'000'000;
+  PixelBudget budget_;
 };
 
 // A white box with a thin grey rim, of the size in pixels (held within a few hundred).

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/richtext/RtfParser.h"
 
@@ -22,6 +23,6 @@ bool IsRtf(const QByteArray& bytes) {
 }
 
 RichPage ReadRtf(const QByteArray& bytes, const PageMetrics& metrics, const QString& what) {
-  if (!IsRtf(bytes)) throw RunTimeError(QStringLiteral("\"%1\" is not a rich text file.").arg(what));
+  if (!IsRtf(bytes)) throw RunTimeError(Describe("page-no-rich-text", what));
   return RtfParser(WithoutLead(bytes), metrics).Read();
 }

@@ -1,0 +1,234 @@
+#include "platform/richtext/HtmlFilter.h"
+
+#include <QSet>
+#include <QStringList>
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr qsizetype kDeepestNesting = 60;
+constexpr size_t kDeepestTable = 4;
+constexpr int kMostTables = 500;
+constexpr int kMostColumns = 100;
+constexpr int kMostRowsSpanned = 200;
+constexpr qint64 kMostCells = 50'000;         // rows times columns of all tables
+constexpr qsizetype kMostStyleText = 16'384;  // characters of style sheets
+
+using Names = QSet<QString>;
+
+const Names& VoidTags() {
+  static const Names names = {"br", "hr", "img", "input", "col", "area", "wbr"};
+  return names;
+}
+
+// Their end may be left out, so an open one says nothing about the depth.
+const Names& LooseTags() {
+  static const Names names = {"p", "li", "dt", "dd", "tr", "td", "th", "thead", "tbody", "tfoot", "option"};
+  return names;
+}
+
+// Tags without effect here; what stands between them is shown like any text.
+const Names& DroppedTags() {
+  static const Names names = {"link",   "base",   "meta",     "object",  "embed", "applet",
+                              "iframe", "frame",  "frameset", "param",   "form",  "input",
+                              "select", "option", "button",   "textarea"};
+  return names;
+}
+
+class Filter {
+ public:
+  explicit Filter(const QString& html) : html_(html) {}
+
+  QString Run() {
+    out_.reserve(html_.size());
+    while (at_ < html_.size()) {
+      const qsizetype tag = html_.indexOf(u'<', at_);
+      out_ += QStringView(html_).mid(at_, (tag < 0 ? html_.size() : tag) - at_);
+      if (tag < 0) break;
+      at_ = tag;
+      ReadMarkup();
+    }
+    return out_;
+  }
+
+ private:
+  struct Table {
+    int Columns = 0;     // of the widest row
+    int RowColumns = 0;  // of the row that is open
+    bool IsKept = true;
+  };
+
+  void ReadMarkup() {
+    if (Follows("<!--")) {
+      const qsizetype end = html_.indexOf(QLatin1String("-->"), at_ + 4);
+      at_ = end < 0 ? html_.size() : end + 3;
+      return;
+    }
+    qsizetype name = at_ + 1;
+    const bool isEnd = name < html_.size() && html_[name] == u'/';
+    if (isEnd) ++name;
+    if (name < html_.size() && (html_[name] == u'!' || html_[name] == u'?')) {
+      at_ = TagEnd(name);
+      return;
+    }
+    if (name >= html_.size() || !html_[name].isLetter()) {
+      out_ += QLatin1String("&lt;");
+      ++at_;
+      return;
+    }
+    qsizetype nameEnd = name;
+    while (nameEnd < html_.size() && nameEnd - name < 20 && html_[nameEnd].isLetterOrNumber())
+      ++nameEnd;
+    const QString word = html_.mid(name, nameEnd - name).toLower();
+    const qsizetype start = at_;
+    strayQuotes_.clear();
+    at_ = TagEnd(nameEnd);
+    QString tag = html_.mid(start, at_ - start);
+    for (const qsizetype quote : strayQuotes_)
+      tag[quote - start] = u' ';
+    Handle(word, tag, isEnd);
+  }
+
+  bool Follows(const char* text) const { return QStringView(html_).mid(at_).startsWith(QLatin1String(text)); }
+
+  // Where a tag ends, behind its ">". A quote that is never closed is a character like any other.
+  qsizetype TagEnd(qsizetype from) {
+    while (from < html_.size()) {
+      const QChar c = html_[from];
+      if (c == u'>') return from + 1;
+      if (c == u'"' || c == u'\'') {
+        const qsizetype close = NextQuote(c, from + 1);
+        if (close < 0) strayQuotes_.push_back(from);
+        if (close >= 0) from = close;
+      }
+      ++from;
+    }
+    return html_.size();
+  }
+
+  // Looked up once for each stretch, so that unclosed quotes don't search the page over and over.
+  qsizetype NextQuote(QChar quote, qsizetype from) {
+    qsizetype& known = quote == u'"' ? nextDouble_ : nextSingle_;
+    if (known != kNone && known < from) {
+      const qsizetype found = html_.indexOf(quote, from);
+      known = found < 0 ? kNone : found;
+    }
+    return known == kNone ? -1 : known;
+  }
+
+  void Handle(const QString& word, QString tag, bool isEnd) {
+    if (word == u"script" || word == u"style" || word == u"title") {
+      if (!isEnd) HandleRawText(word, tag);
+    } else if (DroppedTags().contains(word)) {
+      return;
+    } else if (word == u"table" || word == u"tr" || word == u"td" || word == u"th") {
+      HandleTable(word, tag, isEnd);
+    } else if (VoidTags().contains(word) || LooseTags().contains(word)) {
+      out_ += tag;
+    } else if (isEnd) {
+      Close(word, tag);
+    } else if (open_.size() < kDeepestNesting) {
+      open_.append(word);
+      out_ += tag;
+    }
+  }
+
+  void HandleRawText(const QString& word, const QString& tag) {
+    qsizetype end = html_.indexOf(QLatin1String("</") + word, at_, Qt::CaseInsensitive);
+    if (end < 0) end = html_.size();
+    const QStringView text = QStringView(html_).mid(at_, end - at_);
+    at_ = TagEnd(end);
+    styleText_ += text.size();
+    if (word == u"style" && styleText_ <= kMostStyleText && !text.contains(u'@')) {
+      out_ += tag;
+      out_ += text;
+      out_ += QLatin1String("</style>");
+    }
+  }
+
+  void Close(const QString& word, const QString& tag) {
+    const qsizetype opened = open_.lastIndexOf(word);
+    if (opened < 0) return;
+    open_.resize(opened);
+    out_ += tag;
+  }
+
+  void HandleTable(const QString& word, QString tag, bool isEnd) {
+    if (word == u"table") {
+      isEnd ? EndTable(tag) : BeginTable(tag);
+      return;
+    }
+    if (tables_.empty() || !tables_.back().IsKept) return;
+    if (isEnd) {
+      out_ += tag;
+      return;
+    }
+    Table& table = tables_.back();
+    if (word == u"tr") {
+      cells_ += std::max(table.Columns, 1);
+      table.RowColumns = 0;
+      if (cells_ > kMostCells) table.IsKept = false;
+    } else {
+      const int span = HoldSpan(tag, QStringLiteral("colspan"), kMostColumns);
+      HoldSpan(tag, QStringLiteral("rowspan"), kMostRowsSpanned);
+      if (table.RowColumns + span > kMostColumns) return;
+      table.RowColumns += span;
+      table.Columns = std::max(table.Columns, table.RowColumns);
+    }
+    if (table.IsKept) out_ += tag;
+  }
+
+  void BeginTable(const QString& tag) {
+    const bool isKept = tables_.size() < kDeepestTable && tableCount_ < kMostTables && cells_ < kMostCells;
+    ++tableCount_;
+    if (tables_.size() < 1000) tables_.push_back({0, 0, isKept});
+    if (isKept) {
+      open_.append(QStringLiteral("table"));
+      out_ += tag;
+    }
+  }
+
+  void EndTable(const QString& tag) {
+    if (tables_.empty()) return;
+    tables_.pop_back();
+    Close(QStringLiteral("table"), tag);
+  }
+
+  // The number of a span in a tag, 1 when there is none; a larger one than `most` is written anew.
+  static int HoldSpan(QString& tag, const QString& name, int most) {
+    const qsizetype found = tag.indexOf(name, 0, Qt::CaseInsensitive);
+    if (found < 0) return 1;
+    qsizetype at = found + name.size();
+    while (at < tag.size() && !tag[at].isDigit() && tag[at] != u'>')
+      ++at;
+    qsizetype end = at;
+    while (end < tag.size() && tag[end].isDigit())
+      ++end;
+    bool isNumber = false;
+    const int span = QStringView(tag).mid(at, end - at).toInt(&isNumber);
+    if (isNumber && span >= 1 && span <= most) return span;
+    tag.replace(at, end - at, QString::number(1));
+    return 1;
+  }
+
+  static constexpr qsizetype kNone = -2;
+
+  const QString& html_;
+  QString out_;
+  qsizetype at_ = 0;
+  qsizetype nextDouble_ = -1;
+  qsizetype nextSingle_ = -1;
+  qsizetype styleText_ = 0;
+  std::vector<qsizetype> strayQuotes_;  // of the tag at hand
+  QStringList open_;
+  std::vector<Table> tables_;
+  int tableCount_ = 0;
+  qint64 cells_ = 0;
+};
+
+}  // namespace
+
+QString FilterHtml(const QString& html) {
+  return Filter(html).Run();
+}

@@ -1,0 +1,37 @@
+#include "platform/richtext/PicturePixels.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+namespace {
+
+constexpr qint64 kMostPixels = 32'000'000;  // of one picture
+
+// The data knows better than the word before it: writers mix the kinds up.
+QByteArray FormatOf(const QByteArray& bytes) {
+  if (bytes.startsWith("\x89PNG")) return "png";
+  if (bytes.startsWith("\xFF\xD8")) return "jpeg";
+  if (bytes.startsWith("GIF8")) return "gif";
+  if (bytes.startsWith("BM")) return "bmp";
+  return {};
+}
+
+}  // namespace
+
+bool PixelBudget::Take(QSize size) {
+  const qint64 pixels = qint64{size.width()} * size.height();
+  if (!size.isValid() || size.isEmpty() || pixels > std::min(kMostPixels, left_)) return false;
+  left_ -= pixels;
+  return true;
+}
+
+QImage DecodePicture(const QByteArray& bytes, const QByteArray& format, PixelBudget& budget) {
+  const QByteArray told = FormatOf(bytes);
+  const QByteArray used = told.isEmpty() ? format : told;
+  if (used.isEmpty()) return {};
+  QByteArray data = bytes;
+  QBuffer buffer(&data);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer, used);
+  return budget.Take(reader.size()) ? reader.read() : QImage();
+}

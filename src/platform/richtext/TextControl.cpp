@@ -1,0 +1,265 @@
+#include "platform/richtext/TextControl.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+#include <QUrl>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/FileBytes.h"
+#include "platform/forms/Screen.h"
+#include "platform/richtext/PageLink.h"
+#include "platform/richtext/PageReader.h"
+#include "platform/richtext/PicturePixels.h"
+
+namespace {
+
+constexpr int kMostPictureFiles = 500;  // of one page
+
+const QString kScrollBarLook = QStringLiteral(
+    "QScrollBar { background: #CCCCFF; border: none; margin: 0; }"
+    "QScrollBar:vertical { width: 14px; } QScrollBar:horizontal { height: 14px; }"
+    "QScrollBar::handle { background: #6666FF; border: 2px solid #CCCCFF; border-radius: 6px; }"
+    "QScrollBar::handle:vertical { min-height: 30px; } QScrollBar::handle:horizontal { min-width: 30px; }"
+    "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
+    "QScrollBar::add-page, QScrollBar::sub-page { background: none; }");
+
+// Pictures of an HTML page lie beside it. One that can't be had leaves its place empty.
+PictureLoader LoaderBeside(const QString& programPath) {
+  struct State {
+    PixelBudget Budget;
+    int Files = 0;
+  };
+  const qsizetype folderEnd = std::max(programPath.lastIndexOf(u'\\'), programPath.lastIndexOf(u'/'));
+  const QString folder = programPath.left(folderEnd + 1);
+  return [folder, state = std::make_shared<State>()](const QString& name) {
+    if (++state->Files > kMostPictureFiles) return QImage();
+    QImage picture;
+    IgnoreErrors(
+        [&] { picture = DecodePicture(ReadProgramFile(folder + name, kPageLimit), {}, state->Budget); });
+    return picture;
+  };
+}
+
+}  // namespace
+
+TextControl::TextControl(QWidget* container, const QString& name)
+    : QTextBrowser(container), Control(this, name) {
+  Watch(viewport());
+  setOpenLinks(false);
+  setFrameShape(QFrame::NoFrame);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  verticalScrollBar()->setStyleSheet(kScrollBarLook);
+  horizontalScrollBar()->setStyleSheet(kScrollBarLook);
+  connect(this, &QTextBrowser::anchorClicked, this,
+          [this](const QUrl& link) { FollowLink(link.toString()); });
+  page_.Document = std::make_unique<QTextDocument>();
+  setDocument(page_.Document.get());
+  SetLook();
+}
+
+TextControl::~TextControl() {
+  // The view must let go of the page's document before that goes, and tells nobody of it.
+  page_.Objects.clear();
+  setDocument(nullptr);
+}
+
+PageMetrics TextControl::Metrics() const {
+  PageMetrics metrics;
+  metrics.LogicalDpi = logicalDpiY();
+  const double own = 1.0 / Screen::TwipsPerPixelX();
+  metrics.PixelsPerTwip = pageWidth_ > 0 && width() > 0 ? width() / pageWidth_ : own;
+  return metrics;
+}
+
+void TextControl::Load(const QString& programPath, int offset, int format) {
+  if (format != kPageFormat && format != kFileAndPlaceFormat && format != kRichTextFormat) {
+    throw RunTimeError(Describe("page-format", programPath, QString::number(format)));
+  }
+  Source source{programPath, ReadProgramFile(programPath, kPageLimit), offset};
+  std::swap(source, source_);
+  try {
+    ShowPage(Read());
+  } catch (const RunTimeError&) {
+    source_ = std::move(source);
+    throw;
+  }
+  verticalScrollBar()->setValue(0);
+  horizontalScrollBar()->setValue(0);
+  currentObject_ = 0;
+  // A handler may load the next page: then these objects are gone.
+  const QTextDocument* const shown = document();
+  const QList<PageObject> objects = page_.Objects;
+  for (const PageObject& object : objects) {
+    if (document() == shown) ObjectCreating.Raise(object.Id);
+    if (document() == shown) ObjectData.Raise(object.Id, object.DataText);
+  }
+}
+
+RichPage TextControl::Read() const {
+  return ReadPage(source_.Bytes, source_.Offset, Metrics(), source_.ProgramPath,
+                  LoaderBeside(source_.ProgramPath));
+}
+
+void TextControl::ShowPage(RichPage&& page) {
+  // The old page may be the one whose link is being followed: it goes when that is over.
+  std::unique_ptr<QTextDocument> old = std::move(page_.Document);
+  page_ = std::move(page);
+  shownWidth_ = width();
+  setDocument(page_.Document.get());
+  old.release()->deleteLater();
+  SetLook();
+  releasedAt_ = -1;
+}
+
+// The same page at another scale, scrolled to the same part of it.
+void TextControl::ShowAgain() {
+  if (source_.Bytes.isEmpty()) return;
+  const QScrollBar& bar = *verticalScrollBar();
+  const double part = bar.maximum() > 0 ? static_cast<double>(bar.value()) / bar.maximum() : 0;
+  ShowPage(Read());
+  document()->size();
+  verticalScrollBar()->setValue(static_cast<int>(std::lround(part * verticalScrollBar()->maximum())));
+  TellMoved();
+}
+
+void TextControl::SetLook() {
+  QPalette colours = palette();
+  colours.setColor(QPalette::Base, page_.PaperColour);
+  colours.setColor(QPalette::Text, Screen::Colour(ForeColor()));
+  setPalette(colours);
+  viewport()->setPalette(colours);  // a style sheet of the program keeps it from following
+}
+
+void TextControl::ColoursChanged() {
+  SetLook();
+}
+
+void TextControl::LoadOption(int number, bool on) {
+  loadOptions_.insert(number, on);
+}
+
+void TextControl::SetPageWidth(double twips) {
+  if (twips == pageWidth_) return;
+  pageWidth_ = std::max(twips, 0.0);
+  ShowAgain();
+}
+
+void TextControl::SetCurrentObject(int id) {
+  const bool isThere = std::any_of(page_.Objects.begin(), page_.Objects.end(),
+                                   [id](const PageObject& object) { return object.Id == id; });
+  const int current = isThere ? id : 0;
+  if (current == currentObject_) return;
+  currentObject_ = current;
+  if (current != 0) ObjectActive.Raise(current);
+}
+
+void TextControl::GoToPlace(const QString& name) {
+  const int position = page_.PlaceOf(name);
+  if (position < 0) return;
+  document()->size();  // lays the page out to its end, so that the scroll bar knows how far it goes
+  QTextCursor cursor(document());
+  cursor.setPosition(std::min(position, document()->characterCount() - 1));
+  verticalScrollBar()->setValue(verticalScrollBar()->value() + cursorRect(cursor).top());
+}
+
+void TextControl::Refresh() {
+  viewport()->repaint();
+}
+
+QRect TextControl::ObjectRect(int id) const {
+  for (const PageObject& object : page_.Objects) {
+    if (object.Id != id) continue;
+    QTextCursor cursor(document());
+    cursor.setPosition(object.Position);
+    const QRect caret = cursorRect(cursor);
+    const QTextBlock block = cursor.block();
+    const QTextLine line = block.layout()->lineForTextPosition(object.Position - block.position());
+    cursor.setPosition(object.Position + 1, QTextCursor::KeepAnchor);
+    const QTextImageFormat box = cursor.charFormat().toImageFormat();
+    const int height = static_cast<int>(std::lround(box.height()));
+    const int bottom =
+        caret.top() + static_cast<int>(std::lround(line.isValid() ? line.ascent() : box.height()));
+    return {caret.left(), bottom - height, static_cast<int>(std::lround(box.width())), height};
+  }
+  return {};
+}
+
+QVariant TextControl::loadResource(int, const QUrl&) {
+  return {};
+}
+
+int TextControl::PositionAt(QPoint point) const {
+  const QPointF onPage(point.x() + horizontalScrollBar()->value(), point.y() + verticalScrollBar()->value());
+  return document()->documentLayout()->hitTest(onPage, Qt::ExactHit);
+}
+
+void TextControl::mousePressEvent(QMouseEvent* event) {
+  QTextBrowser::mousePressEvent(event);
+  if (event->button() != Qt::LeftButton) return;
+  for (const PageObject& object : page_.Objects) {
+    if (ObjectRect(object.Id).contains(event->pos())) {
+      SetCurrentObject(object.Id);
+      return;
+    }
+  }
+}
+
+void TextControl::mouseReleaseEvent(QMouseEvent* event) {
+  releasedAt_ = PositionAt(event->pos());
+  QTextBrowser::mouseReleaseEvent(event);
+  releasedAt_ = -1;
+}
+
+void TextControl::FollowLink(const QString& href) {
+  const PageLink link = LinkOfHref(href);
+  if (link.Kind == 0) return;
+  // By the keyboard the link is selected.
+  const int position = releasedAt_ >= 0 ? releasedAt_ : textCursor().selectionStart();
+  QTextCursor cursor(document());
+  cursor.setPosition(position);
+  cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+  const int number = cursor.charFormat().intProperty(kLinkNumberProperty);
+  linkText_ = LinkAt(position, number).selectedText();
+  LinkClicked.Raise(number, link.Kind, link.Target);
+}
+
+// The whole link that the position is in, selected.
+QTextCursor TextControl::LinkAt(int position, int number) const {
+  const QTextBlock block = document()->findBlock(position);
+  int first = position;
+  int end = position;
+  for (auto it = block.begin(); !it.atEnd(); ++it) {
+    const QTextFragment fragment = it.fragment();
+    if (fragment.charFormat().intProperty(kLinkNumberProperty) != number) continue;
+    first = std::min(first, fragment.position());
+    end = std::max(end, fragment.position() + fragment.length());
+  }
+  QTextCursor cursor(document());
+  cursor.setPosition(first);
+  cursor.setPosition(end, QTextCursor::KeepAnchor);
+  return cursor;
+}
+
+void TextControl::TellMoved() {
+  if (!page_.Objects.isEmpty()) ObjectsMoved.Raise();
+}
+
+void TextControl::resizeEvent(QResizeEvent* event) {
+  QTextBrowser::resizeEvent(event);
+  // Also comes when the scroll bar comes or goes: the scale hangs on the whole control.
+  if (pageWidth_ > 0 && shownWidth_ != width()) ShowAgain();
+  TellMoved();
+}
+
+void TextControl::scrollContentsBy(int dx, int dy) {
+  QTextBrowser::scrollContentsBy(dx, dy);
+  TellMoved();
+}

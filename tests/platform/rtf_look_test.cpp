@@ -1,0 +1,371 @@
+// The look of rich text: characters, paragraphs, lists, tables, pictures, links and objects.
+#include <QTextTable>
+
+#include "platform/richtext/PageLink.h"
+#include "platform/rtf_pages.h"
+
+namespace {
+
+using ::testing::TestWithParam;
+
+struct CharRow {
+  const char* What;
+  QByteArray Body;  // "x" is looked at
+  bool (*Holds)(const QTextCharFormat& format);
+};
+
+class RtfCharacters : public TestWithParam<CharRow> {};
+
+TEST_P(RtfCharacters, HaveTheirLook) {
+  const RichPage page = ReadBody(GetParam().Body);
+  EXPECT_TRUE(GetParam().Holds(FormatOf(page, "x")));
+}
+
+using F = QTextCharFormat;
+const CharRow kCharacters[] = {
+    {"Bold", "\\b x", [](const F& f) { return f.fontWeight() == QFont::Bold; }},
+    {"BoldOff", "\\b a\\b0 x", [](const F& f) { return f.fontWeight() != QFont::Bold; }},
+    {"GroupEndsBold", "{\\b a}x", [](const F& f) { return f.fontWeight() != QFont::Bold; }},
+    {"Italic", "\\i x", [](const F& f) { return f.fontItalic(); }},
+    {"Underline", "\\ul x", [](const F& f) { return f.underlineStyle() == F::SingleUnderline; }},
+    {"UnderlineOff", "\\ul a\\ulnone x", [](const F& f) { return f.underlineStyle() == F::NoUnderline; }},
+    {"Wave", "\\ulwave x", [](const F& f) { return f.underlineStyle() == F::WaveUnderline; }},
+    {"Strike", "\\strike x", [](const F& f) { return f.fontStrikeOut(); }},
+    {"Super", "\\super x", [](const F& f) { return f.verticalAlignment() == F::AlignSuperScript; }},
+    {"Sub", "\\sub x", [](const F& f) { return f.verticalAlignment() == F::AlignSubScript; }},
+    {"NoSuper", "\\super a\\nosupersub x",
+     [](const F& f) { return f.verticalAlignment() == F::AlignNormal; }},
+    {"Size", "\\fs28 x", [](const F& f) { return f.fontPointSize() == 14; }},
+    {"UsualSize", "x", [](const F& f) { return f.fontPointSize() == 12; }},
+    {"Font", "\\f1 x", [](const F& f) { return f.fontFamilies().toStringList().first() == u"Courier New"; }},
+    {"DefaultFont", "x", [](const F& f) { return f.fontFamilies().toStringList().first() == u"Arial"; }},
+    {"Colour", "\\cf2 x", [](const F& f) { return f.foreground().color() == QColor(0, 128, 0); }},
+    {"AutomaticColour", "\\cf0 x", [](const F& f) { return f.foreground().style() == Qt::NoBrush; }},
+    {"Highlight", "\\highlight3 x", [](const F& f) { return f.background().color() == QColor(255, 255, 0); }},
+    {"NoHighlight", "\\highlight3 a\\highlight0 x",
+     [](const F& f) { return f.background().style() == Qt::NoBrush; }},
+    {"Capitals", "\\caps x", [](const F& f) { return f.fontCapitalization() == QFont::AllUppercase; }},
+    {"Plain", "\\b\\i\\cf1\\fs40 a\\plain x",
+     [](const F& f) { return f.fontWeight() != QFont::Bold && !f.fontItalic() && f.fontPointSize() == 12; }},
+    {"ParagraphStyle", "{\\stylesheet{\\s1\\b\\fs36 heading;}}\\pard\\plain\\s1 x",
+     [](const F& f) { return f.fontWeight() == QFont::Bold && f.fontPointSize() == 18; }},
+    {"CharacterStyle", "{\\stylesheet{\\*\\cs5\\additive\\i\\cf1 mark;}}a{\\cs5 x}",
+     [](const F& f) { return f.fontItalic() && f.foreground().color() == QColor(255, 0, 0); }},
+};
+INSTANTIATE_TEST_SUITE_P(All, RtfCharacters, ::testing::ValuesIn(kCharacters),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+struct ParagraphRow {
+  const char* What;
+  QByteArray Body;  // the paragraph with "x" is looked at
+  bool (*Holds)(const QTextBlockFormat& format);
+};
+
+class RtfParagraphs : public TestWithParam<ParagraphRow> {};
+
+TEST_P(RtfParagraphs, HaveTheirLook) {
+  const RichPage page = ReadBody(GetParam().Body);
+  EXPECT_TRUE(GetParam().Holds(BlockOf(page, "x").blockFormat()));
+}
+
+using B = QTextBlockFormat;
+const ParagraphRow kParagraphs[] = {
+    {"Left", "\\pard x\\par", [](const B& b) { return (b.alignment() & Qt::AlignLeft) != 0; }},
+    {"Centre", "\\pard\\qc x\\par", [](const B& b) { return b.alignment() == Qt::AlignHCenter; }},
+    {"Right", "\\pard\\qr x\\par", [](const B& b) { return (b.alignment() & Qt::AlignRight) != 0; }},
+    {"Justified", "\\pard\\qj x\\par", [](const B& b) { return b.alignment() == Qt::AlignJustify; }},
+    {"PardEndsAll", "\\pard\\qc\\li720 a\\par\\pard x\\par",
+     [](const B& b) { return (b.alignment() & Qt::AlignLeft) != 0 && b.leftMargin() == 0; }},
+    {"LookGoesOn", "\\pard\\qc a\\par x\\par", [](const B& b) { return b.alignment() == Qt::AlignHCenter; }},
+    {"Indents", "\\pard\\li720\\ri360\\fi-300 x\\par",
+     [](const B& b) { return b.leftMargin() == 48 && b.rightMargin() == 24 && b.textIndent() == -20; }},
+    {"Spaces", "\\pard\\sb150\\sa300 x\\par",
+     [](const B& b) { return b.topMargin() == 10 && b.bottomMargin() == 20; }},
+    {"DoubleLines", "\\pard\\sl480\\slmult1 x\\par",
+     [](const B& b) { return b.lineHeightType() == B::ProportionalHeight && b.lineHeight() == 200; }},
+    {"LinesAtLeast", "\\pard\\sl300 x\\par",
+     [](const B& b) { return b.lineHeightType() == B::MinimumHeight && b.lineHeight() == 20; }},
+    {"LinesExactly", "\\pard\\sl-300 x\\par",
+     [](const B& b) { return b.lineHeightType() == B::FixedHeight && b.lineHeight() == 20; }},
+    {"Tabs", "\\pard\\tx1500\\tqr\\tx3000\\tqc\\tx4500 x\\par",
+     [](const B& b) {
+       const auto tabs = b.tabPositions();
+       return tabs.size() == 3 && tabs[0].position == 100 && tabs[0].type == QTextOption::LeftTab &&
+              tabs[1].type == QTextOption::RightTab && tabs[2].type == QTextOption::CenterTab;
+     }},
+    {"Shading", "\\pard\\cbpat3 x\\par",
+     [](const B& b) { return b.background().color() == QColor(255, 255, 0); }},
+    {"PageBreak", "a\\page x\\par",
+     [](const B& b) { return b.pageBreakPolicy() == QTextFormat::PageBreak_AlwaysBefore; }},
+};
+INSTANTIATE_TEST_SUITE_P(All, RtfParagraphs, ::testing::ValuesIn(kParagraphs),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(RtfMetrics, ScaleLengthsAndLettersAlike) {
+  PageMetrics twice;
+  twice.PixelsPerTwip = 2.0 / 15;
+  const RichPage page = ReadRtf("{\\rtf1\\margl300\\pard\\li720\\fs24 x\\par}", twice, "page");
+  EXPECT_EQ(FormatOf(page, "x").fontPointSize(), 24);
+  EXPECT_EQ(BlockOf(page, "x").blockFormat().leftMargin(), 96);
+  EXPECT_EQ(page.Document->rootFrame()->frameFormat().leftMargin(), 40);
+}
+
+TEST(RtfMetrics, GiveLettersTheirPixelsAtAnotherResolution) {
+  // 12 points are 240 twips: at 12 twips a pixel 20 pixels, which a view of 120 dpi calls 12 points.
+  const RichPage page = ReadRtf("{\\rtf1 x}", {1.0 / 12, 120}, "page");
+  EXPECT_DOUBLE_EQ(FormatOf(page, "x").fontPointSize(), 12);
+}
+
+const QByteArray kLists =
+    "{\\*\\listtable{\\list{\\listlevel\\levelnfc0\\levelstartat3{\\leveltext\\'02\\'00.;}{\\levelnumbers\\'"
+    "01;}}"
+    "{\\listlevel\\levelnfc4\\levelstartat1{\\leveltext\\'04\\'00.\\'01);}{\\levelnumbers\\'01\\'03;}}"
+    "\\listid7}"
+    "{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u-3913 ?;}{\\levelnumbers;}\\f2}\\listid8}}"
+    "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}{\\listoverride\\listid8\\ls2}}";
+
+TEST(RtfLists, CountTheirParagraphs) {
+  EXPECT_EQ(
+      TextOfBody(
+          kLists +
+          "\\pard\\ls1 a\\par b\\par\\ilvl1 c\\par d\\par\\ilvl0 e\\par\\ilvl1 f\\par\\pard\\ls2 g\\par"),
+      QString("3.\ta\n4.\tb\n4.a)\tc\n4.b)\td\n5.\te\n5.a)\tf\n\u2022\tg"));
+}
+
+TEST(RtfLists, LeaveTheNumbersThatThePageBrings) {
+  EXPECT_EQ(
+      TextOfBody(kLists +
+                 "{\\listtext 9.\\tab}\\pard\\ls1 a\\par{\\pntext\\f2\\'b7\\tab}{\\*\\pn\\pnlvlblt}b\\par"),
+      QString("9.\ta\n\u2022\tb"));
+}
+
+TEST(RtfLists, HangTheirTextBehindTheBullet) {
+  const RichPage page = ReadBody("\\pard\\li720\\fi-360{\\pntext\\bullet\\tab}x\\par");
+  page.Document->setTextWidth(500);
+  page.Document->size();
+  const QTextBlock block = BlockOf(page, "x");
+  const QTextLine line = block.layout()->lineAt(0);
+  const int x = 2;  // behind bullet and tab
+  EXPECT_NEAR(line.cursorToX(x) - line.cursorToX(0), 24, 1);
+}
+
+const QTextTable* TableWith(const RichPage& page, const QString& text) {
+  return page.Document->find(text).currentTable();
+}
+
+TEST(RtfTables, HaveRowsAndColumnsOfTheirWidths) {
+  const RichPage page = ReadBody(
+      "\\trowd\\cellx1500\\cellx4500\\pard\\intbl a\\cell b\\par b2\\cell\\row"
+      "\\trowd\\cellx1500\\cellx4500\\pard\\intbl c\\cell d\\cell\\row\\pard after");
+  const QTextTable* table = TableWith(page, "b2");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->rows(), 2);
+  EXPECT_EQ(table->columns(), 2);
+  EXPECT_EQ(table->cellAt(1, 1), table->cellAt(page.Document->find("d")));
+  const auto widths = table->format().columnWidthConstraints();
+  EXPECT_EQ(widths[0].rawValue(), 100);
+  EXPECT_EQ(widths[1].rawValue(), 200);
+  EXPECT_EQ(TableWith(page, "after"), nullptr);
+}
+
+TEST(RtfTables, JoinCells) {
+  const RichPage page = ReadBody(
+      "\\trowd\\clvmgf\\cellx1000\\clmgf\\cellx2000\\clmrg\\cellx3000\\pard\\intbl down\\cell "
+      "across\\cell\\cell\\row"
+      "\\trowd\\clvmrg\\cellx1000\\cellx2000\\cellx3000\\pard\\intbl\\cell c\\cell d\\cell\\row"
+      "\\trowd\\cellx3000\\pard\\intbl wide\\cell\\row");
+  const QTextTable* table = TableWith(page, "down");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->rows(), 3);
+  EXPECT_EQ(table->columns(), 3);
+  EXPECT_EQ(table->cellAt(0, 0).rowSpan(), 2);
+  EXPECT_EQ(table->cellAt(0, 1).columnSpan(), 2);
+  EXPECT_EQ(table->cellAt(2, 0).columnSpan(), 3);
+  EXPECT_EQ(page.Document->toPlainText().simplified(), QStringLiteral("down across c d wide"));
+}
+
+TEST(RtfTables, HaveBordersShadingAndAlignment) {
+  const RichPage page = ReadBody(
+      "\\trowd\\trgaph150\\clbrdrt\\brdrs\\brdrw30\\brdrcf1\\clbrdrl\\brdrnone\\clcbpat3\\clvertalb\\cellx200"
+      "0"
+      "\\pard\\intbl x\\cell\\row");
+  const QTextTable* table = TableWith(page, "x");
+  ASSERT_NE(table, nullptr);
+  const QTextTableCellFormat cell = table->cellAt(0, 0).format().toTableCellFormat();
+  EXPECT_EQ(cell.topBorder(), 2);
+  EXPECT_EQ(cell.topBorderBrush().color(), QColor(255, 0, 0));
+  EXPECT_EQ(cell.leftBorder(), 0);
+  EXPECT_EQ(cell.background().color(), QColor(255, 255, 0));
+  EXPECT_EQ(cell.verticalAlignment(), QTextCharFormat::AlignBottom);
+  EXPECT_EQ(cell.leftPadding(), 10);
+}
+
+TEST(RtfTables, NestAndLoseNoText) {
+  const RichPage page = ReadBody(
+      "\\trowd\\cellx4000\\cellx6000\\pard\\intbl before\\par\\pard\\intbl\\itap2 in1\\nestcell in2\\nestcell"
+      "{\\*\\nesttableprops\\trowd\\cellx1000\\cellx2000\\nestrow}{\\nonesttables\\par}"
+      "\\pard\\intbl after\\cell right\\cell\\row\\pard end");
+  const QTextTable* outer = TableWith(page, "right");
+  const QTextTable* inner = TableWith(page, "in2");
+  ASSERT_NE(outer, nullptr);
+  ASSERT_NE(inner, nullptr);
+  EXPECT_EQ(inner->columns(), 2);
+  EXPECT_EQ(inner->parentFrame(), outer);
+  EXPECT_EQ(outer->columns(), 2);
+  EXPECT_EQ(outer->format().columnWidthConstraints()[0].rawValue(), 4000 / 15.0);
+  EXPECT_EQ(page.Document->toPlainText().simplified(), QStringLiteral("before in1 in2 after right end"));
+}
+
+struct PictureRow {
+  const char* What;
+  QByteArray Words;
+  QByteArray Data;
+  QSizeF Shown;
+  bool IsPicture;
+};
+
+class RtfPictures : public TestWithParam<PictureRow> {};
+
+TEST_P(RtfPictures, StandInTheLine) {
+  const PictureRow& row = GetParam();
+  const RichPage page = ReadBody("a{\\pict" + row.Words + " " + row.Data + "}b");
+  EXPECT_EQ(page.Document->toPlainText(), QString("a\uFFFCb"));
+  const QTextImageFormat format = FormatOf(page, QString(QChar(0xFFFC))).toImageFormat();
+  EXPECT_DOUBLE_EQ(format.width(), row.Shown.width());
+  EXPECT_DOUBLE_EQ(format.height(), row.Shown.height());
+  const QImage image =
+      page.Document->resource(QTextDocument::ImageResource, QUrl(format.name())).value<QImage>();
+  EXPECT_GT(image.pixelColor(image.rect().center()).red(), 250);
+  EXPECT_EQ(image.pixelColor(image.rect().center()).green() < 10, row.IsPicture);
+}
+
+QByteArray HugePng() {
+  QByteArray png = PictureBytes({4, 4}, "png");
+  for (const int at : {16, 20})
+    png.replace(at, 4, QByteArray("\x00\x01\x00\x00", 4));  // 65536 by 65536
+  return png;
+}
+
+const QByteArray kPng = PictureBytes({8, 4}, "png");
+const QByteArray kBmp = PictureBytes({8, 4}, "bmp");
+const PictureRow kPictures[] = {
+    {"PngAtItsOwnSize", "\\pngblip", kPng.toHex(), {8, 4}, true},
+    {"PngAtItsGoal", "\\pngblip\\picw8\\pich4\\picwgoal1500\\pichgoal750", kPng.toHex(), {100, 50}, true},
+    {"PngScaled",
+     "\\pngblip\\picwgoal1500\\pichgoal750\\picscalex50\\picscaley200",
+     kPng.toHex(),
+     {50, 100},
+     true},
+    {"PngInBinary",
+     "\\pngblip\\picwgoal150\\pichgoal150\\bin" + QByteArray::number(kPng.size()),
+     kPng,
+     {10, 10},
+     true},
+    {"HexOverManyLines", "\\pngblip", "\r\n" + kPng.toHex().insert(31, "\r\n").insert(61, " "), {8, 4}, true},
+    {"Jpeg", "\\jpegblip", PictureBytes({16, 16}, "jpg").toHex(), {16, 16}, true},
+    {"Dib", "\\dibitmap0", kBmp.mid(14).toHex(), {8, 4}, true},
+    {"WrongWord", "\\jpegblip", kPng.toHex(), {8, 4}, true},
+    {"Metafile", "\\wmetafile8\\picw2540\\pich1270", "0100", {96, 48}, false},
+    {"MetafileAtItsGoal", "\\emfblip\\picwgoal300\\pichgoal600", "0100", {20, 40}, false},
+    {"Damaged", "\\pngblip\\picwgoal300\\pichgoal300", kPng.left(40).toHex(), {20, 20}, false},
+    {"Bomb", "\\pngblip\\picwgoal300\\pichgoal300", HugePng().toHex(), {20, 20}, false},
+    {"BitmapWithoutData",
+     "\\wbitmap0\\picw1000\\pich1000\\wbmbitspixel24\\wbmwidthbytes3000",
+     "00",
+     {1000, 1000},
+     false},
+};
+INSTANTIATE_TEST_SUITE_P(All, RtfPictures, ::testing::ValuesIn(kPictures),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(RtfPictures, AreShownOnceWhenToldTwice) {
+  EXPECT_EQ(
+      TextOfBody("{\\*\\shppict{\\pict\\pngblip " + kPng.toHex() + "}}{\\nonshppict{\\pict\\wmetafile8 00}}"),
+      QString("\uFFFC"));
+}
+
+struct LinkRow {
+  const char* What;
+  QByteArray Instruction;
+  PageLink Link;
+};
+
+class RtfLinks : public TestWithParam<LinkRow> {};
+
+TEST_P(RtfLinks, HaveKindAndTarget) {
+  const RichPage page = ReadBody("a {\\field{\\*\\fldinst{" + GetParam().Instruction + "}}{\\fldrslt{x}}} b");
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "x").anchorHref()), GetParam().Link);
+  EXPECT_FALSE(FormatOf(page, "b").isAnchor());
+  EXPECT_EQ(page.Document->toPlainText(), QStringLiteral("a x b"));
+}
+
+const LinkRow kLinks[] = {
+    {"Address",
+     "HYPERLINK \"http://www.example.com/a?b=c&d%20e\"",
+     {1, "http://www.example.com/a?b=c&d%20e"}},
+    {"PageWithDoubledBackslash", "HYPERLINK \"rt0102\\\\\\\\0007.txmx\"", {1, "rt0102\\0007.txmx"}},
+    {"PageWithOneBackslash", "HYPERLINK \"rt0102\\\\0007.txmx\"", {1, "rt0102\\0007.txmx"}},
+    {"WithoutQuotes", "HYPERLINK list.doc", {1, "list.doc"}},
+    {"Place", "HYPERLINK \\\\l \"More\"", {2, "More"}},
+    {"PlaceInFile", "HYPERLINK \"file.txm\" \\\\l \"More\"", {1, "file.txm#More"}},
+    {"TipIsNoTarget", "HYPERLINK \"a.doc\" \\\\o \"tip\"", {1, "a.doc"}},
+    {"LowerCaseWord", " hyperlink \"a.doc\" ", {1, "a.doc"}},
+    {"OtherLetters", "HYPERLINK \"\\u1046?\\'e9 \\{x\\}.doc\"", {1, "\u0416\u00E9 {x}.doc"}},
+    {"OtherField", "PAGEREF More", {0, ""}},
+    {"NoTarget", "HYPERLINK", {0, ""}},
+};
+INSTANTIATE_TEST_SUITE_P(All, RtfLinks, ::testing::ValuesIn(kLinks),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(RtfLinks, AreBlueUnlessTheAuthorColouredThem) {
+  const RichPage page = ReadBody(
+      "{\\field{\\*\\fldinst HYPERLINK a}{\\fldrslt plain}}{\\field{\\*\\fldinst HYPERLINK b}{\\fldrslt\\cf1 "
+      "red}}");
+  EXPECT_EQ(FormatOf(page, "plain").foreground().color(), QColor(Qt::blue));
+  EXPECT_EQ(FormatOf(page, "plain").underlineStyle(), QTextCharFormat::SingleUnderline);
+  EXPECT_EQ(FormatOf(page, "red").foreground().color(), QColor(255, 0, 0));
+  EXPECT_EQ(FormatOf(page, "red").underlineStyle(), QTextCharFormat::NoUnderline);
+}
+
+TEST(RtfPlaces, AreFoundByNameInAnyCase) {
+  const RichPage page = ReadBody(
+      "ab\\par{\\*\\bkmkstart Second}cd{\\*\\bkmkstart Mid}{\\*\\bkmkend Second}e\\par"
+      "\\trowd\\cellx900\\pard\\intbl x\\cell\\row\\trowd\\cellx900\\pard\\intbl {\\*\\bkmkstart "
+      "InCell}y\\cell\\row");
+  EXPECT_EQ(page.PlaceOf("second"), 3);
+  EXPECT_EQ(page.PlaceOf("MID"), 5);
+  EXPECT_EQ(page.PlaceOf("incell"), page.Document->find("y").selectionStart());
+  EXPECT_EQ(page.PlaceOf("none"), -1);
+}
+
+TEST(RtfObjects, KeepSizeDataTextAndOrder) {
+  const RichPage page = ReadBody(
+      "a{\\object\\objemb\\objw3000\\objh1500{\\*\\objclass X}{\\*\\objname intro.swf,400}{\\*\\objdata 01}"
+      "{\\result{\\pict\\wmetafile8 00}}}b\\par"
+      "\\trowd\\cellx4000\\pard\\intbl{\\object\\objw750\\objh600{\\objname b.wmv}}\\cell\\row"
+      "{\\object\\objw300\\objh300}");
+  ASSERT_EQ(page.Objects.size(), 3);
+  EXPECT_EQ(page.Objects[0].Id, 1);
+  EXPECT_EQ(page.Objects[0].DataText, QStringLiteral("intro.swf,400"));
+  EXPECT_EQ(page.Objects[0].Position, 1);
+  EXPECT_EQ(page.Objects[1].DataText, QStringLiteral("b.wmv"));
+  EXPECT_EQ(page.Objects[2].DataText, QString());
+  const QSizeF sizes[] = {{200, 100}, {50, 40}, {20, 20}};
+  for (int i = 0; i < 3; ++i) {
+    QTextCursor at(page.Document.get());
+    at.setPosition(page.Objects[i].Position + 1);
+    EXPECT_EQ(at.charFormat().intProperty(kObjectIdProperty), page.Objects[i].Id);
+    EXPECT_EQ(QSizeF(at.charFormat().toImageFormat().width(), at.charFormat().toImageFormat().height()),
+              sizes[i]);
+  }
+}
+
+TEST(RtfPaper, HasTheColourOfThePage) {
+  EXPECT_EQ(
+      ReadBody("{\\*\\background{\\shp{\\*\\shpinst{\\sp{\\sn fillColor}{\\sv 16711935}}}}}x").PaperColour,
+      QColor(255, 0, 255));
+  EXPECT_EQ(ReadBody("{\\shp{\\*\\shpinst{\\sp{\\sn fillColor}{\\sv 255}}}}x").PaperColour,
+            QColor(Qt::white));
+}
+
+}  // namespace

@@ -1,0 +1,302 @@
+// The page view, on a real form, with real clicks and keys.
+#include <QApplication>
+#include <QClipboard>
+#include <QScrollBar>
+
+#include "platform/forms/Screen.h"
+#include "platform/richtext/TextControl.h"
+#include "platform/rtf_pages.h"
+#include "support/Gui.h"
+#include "support/Messages.h"
+#include "support/Store.h"
+
+namespace {
+
+QByteArray LeadIn() {
+  return QByteArray(30, '\x7F');
+}
+
+class PageForm : public Form {
+ public:
+  PageForm() : Form(QStringLiteral("PageForm"), FormFrame::Frameless) {
+    SetSize(9000, 6000);
+    page = new TextControl(this, QStringLiteral("TXTextControl1"));
+    page->Move(0, 0, 9000, 6000);
+    page->LinkClicked = [this](int, int kind, const QString& target) {
+      log << QStringLiteral("link %1 %2 (%3)").arg(kind).arg(target, page->LinkText());
+    };
+    page->Click = [this] { log << QStringLiteral("click"); };
+    page->ObjectCreating = [this](int id) { log << QStringLiteral("creating %1").arg(id); };
+    page->ObjectData = [this](int id, const QString& words) {
+      log << QStringLiteral("data %1 %2").arg(id).arg(words);
+    };
+    page->ObjectActive = [this](int id) { log << QStringLiteral("active %1").arg(id); };
+  }
+
+  TextControl* page;
+  QStringList log;
+};
+
+class TextControlTest : public ::testing::Test {
+ protected:
+  TextControlTest() {
+    FormLife::Begin([] {});
+    form_.Show();
+    Gui::Settle();
+  }
+  ~TextControlTest() override {
+    form_.Unload();
+    Gui::Settle();
+  }
+
+  TextControl& Page() { return *form_.page; }
+
+  void Load(const QByteArray& body) {
+    store_.Write("rt01/0001.txm", LeadIn() + "{\\rtf1\\deff0{\\fonttbl{\\f0 Arial;}}" + body + "}");
+    Page().Load("rt01\\0001.txm", 30, TextControl::kPageFormat);
+    Gui::Settle();
+  }
+
+  QPoint PlaceOf(const QString& text) {
+    QTextCursor cursor = Page().document()->find(text);
+    cursor.setPosition(cursor.selectionStart() + 1);
+    return Page().viewport()->mapTo(&form_, Page().cursorRect(cursor).center());
+  }
+
+  void ClickAt(QPoint point) {
+    QTest::mouseMove(form_.windowHandle(), point);
+    QTest::mouseClick(form_.windowHandle(), Qt::LeftButton, {}, point);
+  }
+
+  double SizeOf(const QString& text) {
+    QTextCursor cursor = Page().document()->find(text);
+    return cursor.charFormat().fontPointSize();
+  }
+
+  QStringList TakeLog() { return std::exchange(form_.log, {}); }
+
+  Store store_;
+  Messages messages_;
+  PageForm& form_ = Default<PageForm>();
+};
+
+const QByteArray kLinks =
+    "Go to {\\field{\\*\\fldinst HYPERLINK \"rt0102\\\\\\\\0007.txmx\"}{\\fldrslt the {\\b next} page}} or "
+    "{\\field{\\*\\fldinst HYPERLINK \\\\l \"More\"}{\\fldrslt further down}}.\\par";
+
+QByteArray LongPage() {
+  QByteArray body;
+  for (int i = 0; i < 200; ++i)
+    body += "line " + QByteArray::number(i) + "\\par ";
+  return body + "{\\*\\bkmkstart More}here it is\\par" + body;
+}
+
+TEST_F(TextControlTest, TellsOfAClickedLinkWithItsWholeText) {
+  Load(kLinks);
+  ClickAt(PlaceOf("next"));
+  EXPECT_EQ(TakeLog(), QStringList({"click", "link 1 rt0102\\0007.txmx (the next page)"}));
+  ClickAt(PlaceOf("further"));
+  EXPECT_EQ(TakeLog(), QStringList({"click", "link 2 More (further down)"}));
+  ClickAt(PlaceOf("Go to"));
+  EXPECT_EQ(TakeLog(), QStringList({"click"}));
+}
+
+TEST_F(TextControlTest, ShowsTheHandOverLinksOnly) {
+  Load(kLinks);
+  QTest::mouseMove(form_.windowHandle(), PlaceOf("next"));
+  EXPECT_EQ(Page().viewport()->cursor().shape(), Qt::PointingHandCursor);
+  QTest::mouseMove(form_.windowHandle(), PlaceOf("Go to"));
+  EXPECT_NE(Page().viewport()->cursor().shape(), Qt::PointingHandCursor);
+}
+
+TEST_F(TextControlTest, ReachesLinksByTabAndFollowsThemByEnter) {
+  Load(kLinks);
+  Page().SetFocus();
+  Gui::Key(form_, Qt::Key_Tab);
+  Gui::Key(form_, Qt::Key_Return);
+  EXPECT_EQ(TakeLog(), QStringList({"link 1 rt0102\\0007.txmx (the next page)"}));
+  Gui::Key(form_, Qt::Key_Tab);
+  Gui::Key(form_, Qt::Key_Return);
+  EXPECT_EQ(TakeLog(), QStringList({"link 2 More (further down)"}));
+}
+
+TEST_F(TextControlTest, LetsALinkReplaceThePageFromItsOwnEvent) {
+  store_.Write("rt01/0002.txm", LeadIn() + "{\\rtf1 the second page}");
+  Load(kLinks);
+  form_.page->LinkClicked = [this](int, int, const QString&) { Page().Load("rt01\\0002.txm", 30, 3); };
+  ClickAt(PlaceOf("next"));
+  Gui::Settle();
+  EXPECT_EQ(Page().PlainText(), QStringLiteral("the second page"));
+  ClickAt(PlaceOf("second"));
+  EXPECT_EQ(TakeLog(), QStringList({"click", "click"}));
+}
+
+TEST_F(TextControlTest, KeepsTheOldPageWhenALoadFails) {
+  Load("the old page");
+  store_.Write("rt01/short.txm", "short");
+  store_.Write("rt01/other.txm", LeadIn() + "nothing");
+  store_.Write("../outside.rtf", "{\\rtf1 outside}");
+  const struct {
+    const char* Path;
+    int Format;
+    const char* Error;
+  } rows[] = {
+      {"rt01\\none.txm", 3, "none.txm"},
+      {"rt01\\short.txm", 3,
+       "The page \"rt01\\short.txm\" is too short: it has 5 bytes, and its text begins behind 30."},
+      {"rt01\\other.txm", 3, "neither rich text nor HTML"},
+      {"..\\outside.rtf", 5, "outside.rtf"},
+      {"rt01\\0001.txm", 7, "there is no format 7"},
+  };
+  for (const auto& row : rows) {
+    const QString error = ErrorOf([&] { Page().Load(QString::fromLatin1(row.Path), 30, row.Format); });
+    EXPECT_TRUE(error.contains(QLatin1String(row.Error))) << error.toStdString();
+    EXPECT_EQ(Page().PlainText(), QStringLiteral("the old page"));
+  }
+}
+
+TEST_F(TextControlTest, LoadsRichTextAndHtmlWithoutLeadIn) {
+  store_.Write("StatusHelp.rtf", "{\\rtf1 help}");
+  Page().Load("StatusHelp.rtf", 0, TextControl::kRichTextFormat);
+  EXPECT_EQ(Page().PlainText(), QStringLiteral("help"));
+  store_.Write("rt01/p.htm", "<html><p>html</p></html>");
+  Page().Load("rt01\\p.htm", 0, TextControl::kFileAndPlaceFormat);
+  EXPECT_EQ(Page().PlainText(), QStringLiteral("html"));
+}
+
+TEST_F(TextControlTest, ShowsPicturesOfAnHtmlPageOnlyFromTheProgramFolder) {
+  store_.Write("rt01/red.png", PictureBytes({40, 40}, "png"));
+  store_.Write("../outside.png", PictureBytes({40, 40}, "png"));
+  store_.Write("rt01/p.htm", "<html><p><img src='red.png'></p></html>");
+  Page().Load("rt01\\p.htm", 0, 3);
+  EXPECT_EQ(Page().viewport()->grab().toImage().pixelColor(25, 25), QColor(Qt::red));
+  store_.Write("rt01/p.htm", "<html><p><img src='../../outside.png' width=40 height=40></p></html>");
+  Page().Load("rt01\\p.htm", 0, 3);
+  EXPECT_NE(Page().viewport()->grab().toImage().pixelColor(25, 25), QColor(Qt::red));
+}
+
+TEST_F(TextControlTest, ScrollsByKeysAndWheelAndBackToTheTopWithANewPage) {
+  Load(LongPage());
+  QScrollBar* bar = Page().verticalScrollBar();
+  EXPECT_GT(bar->maximum(), 0);
+  Page().SetFocus();
+  Gui::Key(form_, Qt::Key_PageDown);
+  const int page = bar->value();
+  EXPECT_GT(page, 0);
+  Gui::Key(form_, Qt::Key_PageUp);
+  EXPECT_EQ(bar->value(), 0);
+  Gui::Key(form_, Qt::Key_End);
+  EXPECT_EQ(bar->value(), bar->maximum());
+  Gui::Key(form_, Qt::Key_Home);
+  EXPECT_EQ(bar->value(), 0);
+  const QPoint middle = Page().rect().center();
+  QWheelEvent wheel(middle, form_.mapToGlobal(middle), {}, {0, -240}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(Page().viewport(), &wheel);
+  EXPECT_GT(bar->value(), 0);
+  Load(LongPage());
+  EXPECT_EQ(bar->value(), 0);
+}
+
+TEST_F(TextControlTest, GoesToANamedPlaceInAnyCase) {
+  Load(LongPage());
+  Page().GoToPlace("no such place");
+  EXPECT_EQ(Page().verticalScrollBar()->value(), 0);
+  Page().GoToPlace("more");
+  QTextCursor there = Page().document()->find("here it is");
+  there.setPosition(there.selectionStart());
+  EXPECT_EQ(Page().cursorRect(there).top(), 0);
+}
+
+TEST_F(TextControlTest, CopiesWhatIsSelected) {
+  Load("words to copy");
+  Page().SetFocus();
+  QTest::mouseDClick(form_.windowHandle(), Qt::LeftButton, {}, PlaceOf("copy"));
+  Gui::Key(form_, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("copy"));
+  Gui::Type(form_, "typed");
+  EXPECT_EQ(Page().PlainText(), QStringLiteral("words to copy"));
+}
+
+const QByteArray kObjects =
+    "top\\par{\\object\\objw3000\\objh1500{\\*\\objname a.swf,1}}\\par"
+    "\\pard\\li600 x{\\object\\objw1500\\objh750{\\*\\objname b.wmv}}\\par";
+
+TEST_F(TextControlTest, RaisesTheEventsOfObjectsInTheirOrderWhileLoading) {
+  store_.Write("rt01/0001.txm", LeadIn() + "{\\rtf1" + kObjects + "}");
+  bool hadRect = false;
+  form_.page->ObjectData = [&](int id, const QString& words) {
+    hadRect = Page().ObjectRect(id).height() > 0;
+    form_.log << QStringLiteral("data %1 %2").arg(id).arg(words);
+  };
+  Page().Load("rt01\\0001.txm", 30, 3);
+  EXPECT_EQ(TakeLog(), QStringList({"creating 1", "data 1 a.swf,1", "creating 2", "data 2 b.wmv"}));
+  EXPECT_TRUE(hadRect);
+}
+
+TEST_F(TextControlTest, SaysWhereObjectsStandAndFollowsTheScrolling) {
+  Load(kObjects + LongPage());
+  const auto pixels = [](double twips) { return Screen::PixelsX(twips); };
+  const QRect first = Page().ObjectRect(1);
+  const QRect second = Page().ObjectRect(2);
+  EXPECT_EQ(first.size(), QSize(pixels(3000), pixels(1500)));
+  EXPECT_EQ(second.size(), QSize(pixels(1500), pixels(750)));
+  EXPECT_NEAR(second.left() - first.left(), pixels(600) + 9, 4);
+  EXPECT_GE(second.top(), first.bottom());
+  int moves = 0;
+  Page().ObjectsMoved = [&] { ++moves; };
+  Page().verticalScrollBar()->setValue(50);
+  EXPECT_EQ(moves, 1);
+  EXPECT_EQ(Page().ObjectRect(1), first.translated(0, -50));
+  EXPECT_EQ(Page().ObjectRect(9), QRect());
+}
+
+TEST_F(TextControlTest, PaintsAnObjectExactlyWhereItSaysItStands) {
+  Load("{\\*\\background{\\shp{\\*\\shpinst{\\sp{\\sn fillColor}{\\sv 255}}}}}" + kObjects);
+  const QImage shown = Page().viewport()->grab().toImage();
+  const QRect box = Page().ObjectRect(2);
+  EXPECT_EQ(shown.pixelColor(box.center()), QColor(Qt::white));
+  EXPECT_EQ(shown.pixelColor(box.left() + 1, box.top() + 1), QColor(Qt::white));
+  EXPECT_EQ(shown.pixelColor(box.right() - 1, box.bottom() - 1), QColor(Qt::white));
+  EXPECT_EQ(shown.pixelColor(box.right() + 3, box.center().y()), QColor(Qt::red));
+  EXPECT_EQ(shown.pixelColor(box.center().x(), box.bottom() + 3), QColor(Qt::red));
+}
+
+TEST_F(TextControlTest, MakesAnObjectCurrentByAClickOrByItsProperty) {
+  Load(kObjects);
+  TakeLog();
+  ClickAt(Page().viewport()->mapTo(&form_, Page().ObjectRect(1).center()));
+  EXPECT_EQ(Page().CurrentObject(), 1);
+  EXPECT_EQ(TakeLog(), QStringList({"active 1", "click"}));
+  Page().ObjectActive = [this](int id) {
+    form_.log << QStringLiteral("active %1").arg(id);
+    Page().SetCurrentObject(id);
+  };
+  Page().SetCurrentObject(2);
+  Page().SetCurrentObject(2);
+  Page().SetCurrentObject(0);
+  EXPECT_EQ(TakeLog(), QStringList({"active 2"}));
+  Page().SetCurrentObject(77);
+  EXPECT_EQ(Page().CurrentObject(), 0);
+}
+
+TEST_F(TextControlTest, FitsAPageWidthToTheControl) {
+  Load("\\fs24 x\\par" + kObjects);
+  const double own = SizeOf("x");
+  Page().SetPageWidth(18000);  // twice what the control shows at its own size
+  EXPECT_NEAR(SizeOf("x"), own / 2, 0.1);
+  EXPECT_NEAR(Page().ObjectRect(1).width(), Screen::PixelsX(1500), 1);
+  Page().Move(0, 0, 4500, 6000);
+  EXPECT_NEAR(SizeOf("x"), own / 4, 0.1);
+  Page().SetPageWidth(0);
+  EXPECT_NEAR(SizeOf("x"), own, 0.1);
+}
+
+TEST_F(TextControlTest, RaisesNoEventsOfObjectsWhenOnlyTheScaleChanges) {
+  Load(kObjects);
+  TakeLog();
+  Page().SetPageWidth(18000);
+  EXPECT_EQ(TakeLog(), QStringList());
+}
+
+}  // namespace
