@@ -7,19 +7,11 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <ostream>
 
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/Paths.h"
-
-// GoogleTest finds these by name.
-inline void PrintTo(const QString& text, std::ostream* out) {
-  *out << '"' << text.toStdString() << '"';
-}
-inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
-  *out << '"' << bytes.toPercentEncoding(" \"\\,.:;<>[]{}()=@*'/-_").toStdString() << '"';
-}
+#include "support/Print.h"
 
 // The description of the error that a statement ends with, empty when it ends well.
 template <typename Statement>

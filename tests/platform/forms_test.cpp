@@ -70,12 +70,8 @@ class FormsTest : public ::testing::Test {
     FormLife::Begin([this] { ++quits; });
   }
   ~FormsTest() override {
+    FormLife::Begin({});
     Dispatcher::SetIdleCheck({});
-    while (!FormLife::Loaded().isEmpty()) {
-      auto* form = FormLife::Loaded().last();
-      if (auto* first = dynamic_cast<First*>(form)) first->mayClose = true;
-      form->Unload();
-    }
     Gui::Settle();
   }
 

@@ -8,15 +8,10 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <ostream>
 
 #include "platform/RunTimeError.h"
 #include "platform/richtext/RtfReader.h"
-
-// GoogleTest finds it by name.
-inline void PrintTo(const QString& text, std::ostream* out) {
-  *out << '"' << text.toStdString() << '"';
-}
+#include "support/Print.h"
 
 inline RichPage ReadBody(const QByteArray& body) {
   return ReadRtf(

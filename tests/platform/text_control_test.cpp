@@ -40,13 +40,17 @@ class PageForm : public Form {
 class TextControlTest : public ::testing::Test {
  protected:
   TextControlTest() {
-    FormLife::Begin([] {});
     form_.Show();
     Gui::Settle();
   }
   ~TextControlTest() override {
     form_.Unload();
     Gui::Settle();
+  }
+
+  static PageForm& FreshForm() {
+    FormLife::Begin([] {});
+    return Default<PageForm>();
   }
 
   TextControl& Page() { return *form_.page; }
@@ -77,7 +81,7 @@ class TextControlTest : public ::testing::Test {
 
   Store store_;
   Messages messages_;
-  PageForm& form_ = Default<PageForm>();
+  PageForm& form_ = FreshForm();
 };
 
 const QByteArray kLinks =

@@ -41,25 +41,25 @@ void Settle() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-Script::Script() {
-  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Poll(); });
-}
+Script::Script() = default;
 
-Script::~Script() {
-  timer_.stop();
-}
+Script::~Script() = default;
 
 Script& Script::When(const QString& form, std::function<void(Form&)> action) {
   steps_.push_back({form, std::move(action)});
-  timer_.start(0);
+  if (timer_ == nullptr) StartPolling();
   return *this;
 }
 
+// A timer does not fire inside its own handler, but a step may open a modal loop: every step that runs
+// leaves the polling to a fresh one.
+void Script::StartPolling() {
+  timer_ = std::make_unique<QTimer>();
+  QObject::connect(timer_.get(), &QTimer::timeout, timer_.get(), [this] { Poll(); });
+  timer_->start(0);
+}
+
 void Script::Poll() {
-  if (steps_.empty()) {
-    timer_.stop();
-    return;
-  }
   Form* active = FormLife::Active();
   if (active == nullptr || active->Name() != steps_.front().Form) {
     if (++idle_ > kPatience) qFatal("the form %s never came", qPrintable(steps_.front().Form));
@@ -68,6 +68,9 @@ void Script::Poll() {
   idle_ = 0;
   const auto action = steps_.front().Action;
   steps_.pop_front();
+  timer_->stop();
+  timer_.release()->deleteLater();
+  if (!steps_.empty()) StartPolling();
   action(*active);
 }
 

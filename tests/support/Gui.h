@@ -5,9 +5,11 @@
 #include <QTimer>
 #include <deque>
 #include <functional>
+#include <memory>
 
 #include "platform/forms/Control.h"
 #include "platform/forms/Form.h"
+#include "support/Print.h"
 
 namespace Gui {
 
@@ -39,6 +41,7 @@ class Script {
   bool Done() const { return steps_.empty(); }
 
  private:
+  void StartPolling();
   void Poll();
 
   struct Step {
@@ -46,7 +49,7 @@ class Script {
     std::function<void(::Form&)> Action;
   };
   std::deque<Step> steps_;
-  QTimer timer_;
+  std::unique_ptr<QTimer> timer_;
   int idle_ = 0;
 };
 

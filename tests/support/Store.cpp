@@ -80,8 +80,9 @@ void Store::AddCourse(const QString& name, const QString& moduleString, const QS
 void Store::AddLearner(const QString& firstName, const QString& lastName, const QString& course,
                        const QByteArray& progress) const {
   const QString folder = DataPath(firstName + QLatin1Char(' ') + lastName);
-  Write(folder + QStringLiteral("/User"),
-        QStringLiteral("\"%1\",\"%2\",\"%1@example.com\"\r\n").arg(firstName, lastName).toLatin1());
+  if (!QFile::exists(folder + QStringLiteral("/User")))
+    Write(folder + QStringLiteral("/User"),
+          QStringLiteral("\"%1\",\"%2\",\"%1@example.com\"\r\n").arg(firstName, lastName).toLatin1());
   if (!progress.isEmpty()) Write(folder + QLatin1Char('/') + course, progress);
 }
 

@@ -15,33 +15,26 @@ class Watcher final : public QObject {
   explicit Watcher(Control& control) : control_(control) {}
 
   bool eventFilter(QObject* object, QEvent* event) override {
-    switch (event->type()) {
-      case QEvent::MouseButtonPress:
-        Press(*static_cast<QMouseEvent*>(event));
-        break;
-      case QEvent::MouseButtonDblClick:
-        Press(*static_cast<QMouseEvent*>(event));
-        control_.DblClick.Raise();
-        break;
-      case QEvent::MouseButtonRelease:
-        Release(*static_cast<QMouseEvent*>(event));
-        break;
-      case QEvent::MouseMove:
-        control_.MouseMove.Raise();
-        break;
-      case QEvent::FocusIn:
-        control_.GotFocus.Raise();
-        break;
-      case QEvent::FocusOut:
-        control_.LostFocus.Raise();
-        break;
-      default:
-        break;
-    }
+    if (control_.Enabled()) Tell(event);
     return QObject::eventFilter(object, event);
   }
 
  private:
+  void Tell(QEvent* event) {
+    switch (event->type()) {
+      case QEvent::MouseButtonPress: Press(*static_cast<QMouseEvent*>(event)); break;
+      case QEvent::MouseButtonDblClick:
+        Press(*static_cast<QMouseEvent*>(event));
+        control_.DblClick.Raise();
+        break;
+      case QEvent::MouseButtonRelease: Release(*static_cast<QMouseEvent*>(event)); break;
+      case QEvent::MouseMove: control_.MouseMove.Raise(); break;
+      case QEvent::FocusIn: control_.GotFocus.Raise(); break;
+      case QEvent::FocusOut: control_.LostFocus.Raise(); break;
+      default: break;
+    }
+  }
+
   void Press(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton) return;
     pressed_ = true;

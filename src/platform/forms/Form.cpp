@@ -129,7 +129,7 @@ bool Form::Unload(UnloadMode mode) {
     timer->SetEnabled(false);
   loaded_ = false;
   Hide();
-  deleteLater();
+  FormLife::Bury(this);
   return true;
 }
 

@@ -43,7 +43,7 @@ class Form : public QWidget {
   void Minimise();
 
   // Asks Form_QueryUnload, runs Form_Unload, and takes the form out of the collection. The object
-  // lives until its handlers have returned. False when the query cancelled it.
+  // lives until the outermost handler has returned. False when the query cancelled it.
   bool Unload(UnloadMode mode = UnloadMode::Code);
 
   // Repaints the form at once.
@@ -106,12 +106,17 @@ class FormLife {
   // Ends the program where it stands: no unload handlers run.
   static void EndProgram();
   static bool Ended();
-  // What ends the event loop; tests put their own in its place. Also begins a new life after an end.
+  // Begins a life without forms; any that an immediate end has left go without their handlers. `quit`
+  // ends the event loop.
   static void Begin(std::function<void()> quit);
   // Brings the active form to the front of the desktop.
   static void BringForward();
 
  private:
+  friend class Form;
+
+  static void Bury(Form* form);
+  static void DeleteTheGone();
   static void EndIfNothingShows();
 };
 

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QWindow>
+#include <utility>
 
 #include "platform/forms/Form.h"
 #include "platform/forms/Timer.h"
@@ -9,6 +10,7 @@ namespace {
 struct Life {
   QList<Form*> Loaded;
   QList<Form*> Activation;  // shown forms, the active one last
+  QList<Form*> Gone;        // unloaded forms that a handler may still be running in
   std::function<void()> Quit;
   bool Ended = false;
 };
@@ -36,7 +38,7 @@ void FormLife::Load(Form* form) {
   } catch (...) {
     form->loaded_ = false;
     form->Hide();
-    form->deleteLater();
+    Bury(form);
     throw;
   }
 }
@@ -59,6 +61,17 @@ void FormLife::Forget(Form* form) {
   Active()->Form_Activate();
 }
 
+// A handler of the form may have opened the modal loop that the unload came from, so the object stays
+// until the outermost handler has returned.
+void FormLife::Bury(Form* form) {
+  TheLife().Gone.append(form);
+  if (Dispatcher::Depth() == 0) DeleteTheGone();
+}
+
+void FormLife::DeleteTheGone() {
+  for (Form* form : std::exchange(TheLife().Gone, {})) form->deleteLater();
+}
+
 void FormLife::EndProgram() {
   TheLife().Ended = true;
   for (Form* form : TheLife().Loaded) {
@@ -75,9 +88,18 @@ bool FormLife::Ended() {
 }
 
 void FormLife::Begin(std::function<void()> quit) {
+  for (Form* form : std::exchange(TheLife().Loaded, {})) {
+    form->loaded_ = false;
+    form->hide();
+    Bury(form);
+  }
+  TheLife().Activation.clear();
   TheLife().Ended = false;
   TheLife().Quit = std::move(quit);
-  Dispatcher::SetIdleCheck(&FormLife::EndIfNothingShows);
+  Dispatcher::SetIdleCheck([] {
+    DeleteTheGone();
+    EndIfNothingShows();
+  });
 }
 
 void FormLife::BringForward() {

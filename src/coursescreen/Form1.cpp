@@ -1,0 +1,197 @@
+#include "coursescreen/Form1.h"
+
+#include "frame/FormFitting.h"
+#include "frame/LeaveQuestion.h"
+#include "frame/ProgramState.h"
+#include "frame/ResConstants.h"
+#include "frame/TextTable.h"
+#include "platform/RunTimeError.h"
+#include "platform/forms/MsgBox.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/richtext/TextControl.h"
+
+namespace {
+
+using Look = SkinButton::Look;
+
+namespace Layout {  // twips at 15 per pixel
+constexpr Place Picture2{0, 0, 15360, 11520};
+constexpr Place Label1{210, 120, 12345, 375};
+constexpr Place TXTextControl1{240, 960, 14970, 9945};
+constexpr Place Exit_Pic{14820, 75, 465, 465};
+constexpr Place Min_btn{14070, 0, 615, 615};
+constexpr Place toolBar_But{12825, 0, 1185, 615};
+constexpr Place ToolLabel{105, 187, 810, 240};
+constexpr Place Main_Tool_frm{10385, 720, 3735, 975};
+constexpr Place Main_Menu_frm{0, 10200, 5205, 492};
+constexpr Place Main_Topic_frm{5190, 9960, 5025, 495};
+constexpr Place Modules{0, 11025, 1335, 495};
+constexpr Place ModLabel{210, 120, 825, 240};
+constexpr Place CourseNameLbl{2160, 11145, 9255, 315};
+constexpr Place Return_Btn{11760, 11025, 885, 495};
+constexpr Place Prev{13230, 11025, 765, 495};
+constexpr Place NextBtn{14160, 11025, 765, 495};
+constexpr double HeaderPoints = 14.25, CourseNamePoints = 11.25, ButtonPoints = 8;
+constexpr double ShrunkPageWidth = 15228, ShrunkPageHeight = 9948;  // on a display of another scale
+}  // namespace Layout
+
+constexpr int kBarText = 0xFFFFFF;
+constexpr int kLeavingTick = 300;    // ms
+constexpr double kDesignScale = 15;  // twips per pixel
+constexpr int kAllowPages = 38;      // load option
+
+const ButtonImages kNextImages{"nextOn.jpg", "nextOff.jpg", "nextDis.jpg"};
+const ButtonImages kPrevImages{"previousOn.jpg", "previousOff.jpg", "backDis.jpg"};
+const ButtonImages kReturnImages{"ReturnOn.jpg", "ReturnOff.jpg", "ReturnButtonDisabled.jpg"};
+const ButtonImages kMinimiseImages{"minimizeOn.jpg", "minimizeOff.jpg", "minimizeOff.jpg"};
+const ButtonImages kToolbarImages{"ToolbarMenu_ClosedOn.jpg", "ToolbarMenu_ClosedOff.jpg",
+                                  "ToolbarMenu_ClosedOff.jpg"};
+const ButtonImages kModulesImages{"ModuleMenu_ButtonOpenON.jpg", "ModuleMenu_ButtonClosedOff.jpg",
+                                  "ModuleMenu_ButtonClosedOff.jpg"};
+
+Label* AddBarLabel(QWidget* container, const char* name, const Place& place, double points) {
+  auto* label = new Label(container, QString::fromLatin1(name));
+  label->Move(place);
+  label->SetFont(points, true);
+  label->SetForeColor(kBarText);
+  label->SetElided(true);
+  return label;
+}
+
+PictureBox* AddBackground(QWidget* form) {
+  auto* background = new PictureBox(form, QStringLiteral("Picture2"));
+  background->Move(Layout::Picture2);
+  background->SetPicture(SkinPicture(QStringLiteral("CourseScreen.jpg")));
+  return background;
+}
+
+}  // namespace
+
+// The controls stand in reading order, which is the order of the Tab key.
+Form1::Form1()
+    : Form(QStringLiteral("Form1"), FormFrame::Frameless),
+      picture2_(AddBackground(this)),
+      label1_(AddBarLabel(picture2_, "Label1", Layout::Label1, Layout::HeaderPoints)),
+      txTextControl1_(new TextControl(picture2_, QStringLiteral("TXTextControl1"))),
+      exit_Pic_(AddButton(QStringLiteral("Exit_Pic"), Layout::Exit_Pic, ExitButtonImages())),
+      min_btn_(AddButton(QStringLiteral("Min_btn"), Layout::Min_btn, kMinimiseImages)),
+      toolBar_But_(AddButton(QStringLiteral("toolBar_But"), Layout::toolBar_But, kToolbarImages,
+                             QStringLiteral("ToolLabel"), Layout::ToolLabel)),
+      modules_(AddButton(QStringLiteral("Modules"), Layout::Modules, kModulesImages,
+                         QStringLiteral("ModLabel"), Layout::ModLabel)),
+      return_Btn_(AddButton(QStringLiteral("Return_Btn"), Layout::Return_Btn, kReturnImages)),
+      prev_(AddButton(QStringLiteral("Prev"), Layout::Prev, kPrevImages)),
+      nextBtn_(AddButton(QStringLiteral("NextBtn"), Layout::NextBtn, kNextImages)),
+      courseNameLbl_(
+          AddBarLabel(picture2_, "CourseNameLbl", Layout::CourseNameLbl, Layout::CourseNamePoints)),
+      pages_({txTextControl1_, label1_, courseNameLbl_, nextBtn_, prev_, return_Btn_}),
+      keyboard_(*this, *nextBtn_, *prev_, *return_Btn_) {
+  SetSize(Layout::Picture2.Width, Layout::Picture2.Height);
+  txTextControl1_->Move(Layout::TXTextControl1);
+  AddMenuWindow(QStringLiteral("Main_Tool_frm"), Layout::Main_Tool_frm);
+  AddMenuWindow(QStringLiteral("Main_Menu_frm"), Layout::Main_Menu_frm);
+  AddMenuWindow(QStringLiteral("Main_Topic_frm"), Layout::Main_Topic_frm);
+  return_Btn_->SetEnabled(false);
+  return_Btn_->Show(Look::Disabled);
+  nextBtn_->MouseUp = [this] { NextPage(); };
+  prev_->MouseUp = [this] { PrevPage(); };
+  return_Btn_->Click = [this] { pages_.ReturnToPreviousPlace(); };
+  exit_Pic_->Click = [this] { Exit_Course(); };
+  min_btn_->Click = [this] { Minimise(); };
+  picture2_->MouseMove = [this] { Form_MouseMove(); };
+  timer1_.Tick = [this] { Timer1_Timer(); };
+}
+
+SkinButton* Form1::AddButton(const QString& name, const Place& place, const ButtonImages& images,
+                             const QString& captionName, const Place& captionPlace) {
+  auto* button = new SkinButton(picture2_, name, images, captionName);
+  button->PlaceAt(place);
+  if (Label* caption = button->Caption()) {
+    caption->Move(captionPlace);
+    caption->SetFont(Layout::ButtonPoints, true);
+  }
+  button->Show(Look::Off);
+  return button;
+}
+
+PictureBox* Form1::AddMenuWindow(const QString& name, const Place& place) {
+  auto* window = new PictureBox(picture2_, name);
+  window->Move(place);
+  window->SetVisible(false);
+  return window;
+}
+
+void Form1::Form_Load() {
+  try {
+    ScaleFormToDisplay(*this);
+    const bool shrink = Screen::TwipsPerPixelX() != kDesignScale;
+    txTextControl1_->LoadOption(kAllowPages, true);
+    if (shrink) {
+      txTextControl1_->SetPageWidth(Layout::ShrunkPageWidth);
+      txTextControl1_->SetPageHeight(Layout::ShrunkPageHeight);
+    }
+    SetToolCaptions();
+    pages_.InitCourseDisplay();
+  } catch (const RunTimeError& error) {
+    const bool playerMissing = error.Description().contains(QStringLiteral("Control.dll"));
+    MsgBox(playerMissing ? LoadStringResource(kResNeedsShockwave) : error.Description());
+    Unload();
+  }
+}
+
+void Form1::SetToolCaptions() {
+  modules_->SetCaption(LoadStringResource(kResModules));
+  toolBar_But_->SetCaption(LoadStringResource(kResToolbar));
+  exit_Pic_->SetAccessibleName(LoadStringResource(kResExitCourse));
+  min_btn_->SetAccessibleName(LoadStringResource(kResMinimize));
+  prev_->SetAccessibleName(LoadStringResource(kResPreviousPage));
+  nextBtn_->SetAccessibleName(LoadStringResource(kResNextPage));
+  return_Btn_->SetAccessibleName(LoadStringResource(kResReturnTo).trimmed());
+}
+
+void Form1::Form_Activate() {
+  timer1_.SetInterval(kLeavingTick);
+  timer1_.SetEnabled(true);
+}
+
+// The screen closes itself here, outside the handler that asked for it.
+void Form1::Timer1_Timer() {
+  if (gExitingCourse) Unload();
+}
+
+void Form1::NextPage() {
+  pages_.NextPage();
+}
+
+void Form1::PrevPage() {
+  pages_.PrevPage();
+}
+
+void Form1::InitNewCourse() {
+  pages_.InitCourseDisplay();
+}
+
+bool Form1::AgreeToLeave() {
+  if (!ConfirmLeaving()) return false;
+  gExitingCourse = true;
+  pages_.RecordCurrentPage();
+  return true;
+}
+
+void Form1::Exit_Course() {
+  if (AgreeToLeave()) Unload();
+}
+
+bool Form1::Form_QueryUnload(UnloadMode mode) {
+  // A window manager's close is a wish to leave like any other.
+  return mode != UnloadMode::ControlBox || AgreeToLeave();
+}
+
+void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
+  keyboard_.KeyReleased(key, modifiers);
+}
+
+void Form1::Form_MouseMove() {
+  SetMousePointer(kPointerDefault);
+}

@@ -1,0 +1,52 @@
+// The course screen: the one big form on which a course is read. It owns the controls and forwards; the
+// work is done by its collaborators.
+#pragma once
+
+#include "coursescreen/Keyboard.h"
+#include "coursescreen/PageTurning.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/forms/Timer.h"
+
+class TextControl;
+
+class Form1 final : public Form {
+ public:
+  Form1();
+
+  void NextPage();
+  void PrevPage();
+  // Rebuilds the screen for the course in gCurrentCourse.
+  void InitNewCourse();
+  // As a click on the exit button: asks, records the page and leaves.
+  void Exit_Course();
+
+  PageTurning& Pages() { return pages_; }
+  const PageTurning& Pages() const { return pages_; }
+
+ protected:
+  void Form_Load() override;
+  void Form_Activate() override;
+  bool Form_QueryUnload(UnloadMode mode) override;
+  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
+  void Form_MouseMove() override;
+
+ private:
+  // Makes a button of the screen's bars; `captionName` empty: it has no caption.
+  SkinButton* AddButton(const QString& name, const Place& place, const ButtonImages& images,
+                        const QString& captionName = {}, const Place& captionPlace = {});
+  PictureBox* AddMenuWindow(const QString& name, const Place& place);
+  void SetToolCaptions();
+  void Timer1_Timer();
+  // The question before leaving; on yes the page is recorded.
+  bool AgreeToLeave();
+
+  PictureBox* picture2_;
+  Label* label1_;
+  TextControl* txTextControl1_;
+  SkinButton *exit_Pic_, *min_btn_, *toolBar_But_, *modules_, *return_Btn_, *prev_, *nextBtn_;
+  Label* courseNameLbl_;
+  PageTurning pages_;
+  Keyboard keyboard_;
+  Timer timer1_{this, QStringLiteral("Timer1")};
+};

@@ -1,0 +1,220 @@
+#include "coursescreen/PageTurning.h"
+
+#include "content/PageList.h"
+#include "coursescreen/StackControl.h"
+#include "frame/ProgramState.h"
+#include "frame/Settings.h"
+#include "learners/ProgressFile.h"
+#include "platform/RunTimeError.h"
+#include "platform/forms/MsgBox.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/richtext/TextControl.h"
+
+namespace {
+
+using Look = SkinButton::Look;
+
+constexpr int kLeadIn = 30;  // bytes before the page in a page file
+constexpr int kPageFormat = 3;
+
+QString MapPath(int module) {
+  return gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QStringLiteral("\\Map.txt");
+}
+
+bool AtCourseEnd() {
+  return gPageList.GetNextPageName().isEmpty() && gCurrentModule == LastModule();
+}
+bool AtCourseStart() {
+  return gPageList.GetPrevPageName().isEmpty() && gCurrentModule == 0;
+}
+
+void Enable(SkinButton* button, Look look) {
+  button->SetEnabled(true);
+  button->Show(look);
+}
+
+void Disable(SkinButton* button) {
+  button->SetEnabled(false);
+  button->Show(Look::Disabled);
+}
+
+}  // namespace
+
+void PageTurning::InitCourseDisplay() {
+  SetProgramPaths();
+  gCurrentModule = 0;
+  gExitingCourse = false;
+  hasPage_ = false;
+  ClearReturnStack();
+  if (!IgnoreErrors([this] { OpenFirstModule(); })) {
+    gCurrentModule = 0;
+    OpenFirstModule();
+  }
+}
+
+void PageTurning::OpenFirstModule() {
+  ModuleAt(0);  // a course without modules fails here
+  LoadModuleFirstPage(0);
+  controls_.CourseName->SetCaption(CurrentCourse().CourseName);
+}
+
+void PageTurning::ShowPage(int module, const QString& pageName) {
+  const QString path =
+      gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QLatin1Char('\\') + pageName;
+  controls_.Page->Load(path, kLeadIn, kPageFormat);
+  hasPage_ = true;
+}
+
+QString PageTurning::LoadModule(int module, const std::function<void()>& choosePage) {
+  QString pageName;
+  try {
+    gPageList.InitLinedList();
+    QString moduleName;
+    gPageList.LoadExistingList(MapPath(module), moduleName);
+    choosePage();
+    pageName = gPageList.GetCurrentPageName();
+    ShowPage(module, pageName);
+  } catch (const RunTimeError& error) {
+    MsgBox(error.Description());
+  }
+  return pageName;
+}
+
+QString PageTurning::LoadModuleFirstPage(int module, bool lastPage) {
+  return LoadModule(module, [lastPage] {
+    if (lastPage) gPageList.GoToLastPage();
+  });
+}
+
+QString PageTurning::LoadModuleAtTopic(int module, const QString& topicName) {
+  return LoadModule(module, [&topicName] { gPageList.GoToTopic(topicName); });
+}
+
+QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
+  QString shown;
+  if (pageName.isEmpty()) {
+    try {
+      gPageList.InitLinedList();
+      QString moduleName;
+      gPageList.LoadExistingList(MapPath(module), moduleName);
+    } catch (const RunTimeError& error) {
+      MsgBox(error.Description());
+    }
+  } else {
+    shown = LoadModule(module, [&pageName] { gPageList.SetPageAsCurrent(pageName); });
+  }
+  gReturnPoint.PageName.clear();
+  return shown;
+}
+
+void PageTurning::RecordCurrentPage() {
+  const QString topic = gPageList.GetCurrentPageTopName();
+  const ModuleRecord& module = ModuleAt(gCurrentModule);
+  if (!topic.isEmpty()) controls_.Header->SetCaption(module.ModuleName + QStringLiteral(" : ") + topic);
+  RecordModuleProgress(module.ModuleId, topic, gUserFirstName, gUserLastName);
+}
+
+void PageTurning::LeaveReturnPoint() {
+  PushReturnPoint();
+  Enable(controls_.Return_Btn, Look::Off);
+}
+
+void PageTurning::NextPage() {
+  controls_.NextBtn->Show(Look::On);
+  Enable(controls_.Prev, Look::Off);
+  TurnToNextPage();
+}
+
+void PageTurning::TurnToNextPage() {
+  LeaveReturnPoint();
+  const QString next = gPageList.GetNextPageName();
+  if (!next.isEmpty()) {
+    ShowPage(gCurrentModule, next);
+    controls_.Page->Refresh();
+    gPageList.NextPage();
+  } else {
+    ModuleAt(gCurrentModule + 1);  // nothing moves when there is no module behind this one
+    ++gCurrentModule;
+    gPageList.CleanUp();
+    LoadModuleFirstPage(gCurrentModule);
+  }
+  RecordCurrentPage();
+  if (AtCourseEnd()) DisableNext();
+}
+
+void PageTurning::PrevPage() {
+  controls_.Prev->Show(Look::On);
+  Enable(controls_.NextBtn, Look::Off);
+  TurnToPrevPage();
+}
+
+void PageTurning::TurnToPrevPage() {
+  // Going back never stops on a test page: a run of them is stepped over, each leaving its own return
+  // point and record.
+  do {
+    StepBack();
+  } while (gPageList.GetCurrentPageTpye() == QStringLiteral("Test"));
+}
+
+// One step back, with errors ignored.
+void PageTurning::StepBack() {
+  LeaveReturnPoint();
+  const QString previous = gPageList.GetPrevPageName();
+  if (!previous.isEmpty()) {
+    IgnoreErrors([&] { ShowPage(gCurrentModule, previous); });
+    gPageList.PreviousPage();
+  } else {
+    --gCurrentModule;
+    gPageList.CleanUp();
+    gPageList.InitLinedList();
+    if (gCurrentModule >= 0) LoadModuleFirstPage(gCurrentModule, true);
+  }
+  IgnoreErrors([this] { RecordCurrentPage(); });
+  if (AtCourseStart()) DisablePrev();
+}
+
+void PageTurning::Jump(int module, const std::function<void()>& load) {
+  ModuleAt(module);
+  LeaveReturnPoint();
+  gCurrentModule = module;
+  gPageList.CleanUp();
+  load();
+  RecordCurrentPage();
+  UpdatePageButtons();
+}
+
+void PageTurning::JumpToModule(int module) {
+  Jump(module, [&] { LoadModuleFirstPage(module); });
+}
+
+void PageTurning::JumpToTopic(int module, const QString& topicName) {
+  Jump(module, [&] { LoadModuleAtTopic(module, topicName); });
+}
+
+void PageTurning::ReturnToPreviousPlace() {
+  if (gReturnStack.isEmpty()) return;
+  controls_.Return_Btn->Show(Look::On);
+  gPageList.CleanUp();
+  gPageList.InitLinedList();
+  const ReturnPoint place = PopReturnPoint();
+  if (gReturnStack.isEmpty()) Disable(controls_.Return_Btn);
+  gCurrentModule = place.Module;
+  LoadModuleAtPage(gCurrentModule, place.PageName);
+  RecordCurrentPage();
+  UpdatePageButtons();
+}
+
+void PageTurning::UpdatePageButtons() {
+  const bool atEnd = AtCourseEnd();
+  const bool atStart = !atEnd && AtCourseStart();
+  atEnd ? Disable(controls_.NextBtn) : Enable(controls_.NextBtn, Look::Off);
+  atStart ? Disable(controls_.Prev) : Enable(controls_.Prev, Look::Off);
+}
+
+void PageTurning::DisableNext() {
+  Disable(controls_.NextBtn);
+}
+
+void PageTurning::DisablePrev() {
+  Disable(controls_.Prev);
+}

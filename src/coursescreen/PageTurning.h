@@ -1,0 +1,71 @@
+// The course screen's page turning: opens modules, walks their pages, records what was viewed and keeps
+// the page buttons in step.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+class Label;
+class SkinButton;
+class TextControl;
+
+// The controls of the course screen that page turning works on.
+struct PageControls {
+  TextControl* Page;
+  Label* Header;
+  Label* CourseName;
+  SkinButton* NextBtn;
+  SkinButton* Prev;
+  SkinButton* Return_Btn;
+};
+
+class PageTurning {
+ public:
+  explicit PageTurning(const PageControls& controls) : controls_(controls) {}
+
+  // Opens the first page of the course in gCurrentCourse. An error is cleared and tried once more; a
+  // second one goes to the caller. The page buttons stay as they are.
+  void InitCourseDisplay();
+
+  // Each reads the module's map, makes a page current and shows it; the result is that page's name.
+  // `module` is an index into the current course. An error is shown in a message box; the old page
+  // stays on the screen then, though the list may already be the new one.
+  QString LoadModuleFirstPage(int module, bool lastPage = false);
+  QString LoadModuleAtTopic(int module, const QString& topicName);
+  // Clears PageName of gReturnPoint. With an empty name the list alone is read.
+  QString LoadModuleAtPage(int module, const QString& pageName);
+
+  // Puts module and topic into the header and writes the learner's progress. On a page without a topic
+  // the header stays.
+  void RecordCurrentPage();
+
+  void NextPage();
+  void PrevPage();
+  void JumpToModule(int module);
+  // The topic is found by its name.
+  void JumpToTopic(int module, const QString& topicName);
+  // Pops the last place left and goes there; leaves no return point itself. Does nothing when there is
+  // none.
+  void ReturnToPreviousPlace();
+
+  // Sets both page buttons by the place in the course, as after every jump.
+  void UpdatePageButtons();
+  void DisableNext();
+  void DisablePrev();
+
+  // Whether a page has come up since the course was opened.
+  bool HasPage() const { return hasPage_; }
+
+ private:
+  void TurnToNextPage();
+  void TurnToPrevPage();
+  void StepBack();
+  void OpenFirstModule();
+  void LeaveReturnPoint();
+  void Jump(int module, const std::function<void()>& load);
+  QString LoadModule(int module, const std::function<void()>& choosePage);
+  void ShowPage(int module, const QString& pageName);
+
+  PageControls controls_;
+  bool hasPage_ = false;
+};

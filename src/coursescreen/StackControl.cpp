@@ -1,0 +1,28 @@
+#include "coursescreen/StackControl.h"
+
+#include "content/PageList.h"
+#include "frame/ProgramState.h"
+#include "platform/RunTimeError.h"
+
+namespace {
+constexpr int kHighestIndex = 100;
+}
+
+void ClearReturnStack() {
+  gReturnStack.clear();
+}
+
+void PushReturnPoint() {
+  gReturnPoint.Course = gCurrentCourse;
+  gReturnPoint.Module = gCurrentModule;
+  gReturnPoint.PageName = gPageList.GetCurrentPageName();
+  gReturnPoint.TopicName.clear();
+  IgnoreErrors([] { gReturnPoint.TopicName = gPageList.GetCurrentPageTopName(); });
+  gReturnPoint.ModuleName.clear();
+  IgnoreErrors([] { gReturnPoint.ModuleName = ModuleAt(gCurrentModule).ModuleName; });
+  if (gReturnStack.size() <= kHighestIndex) gReturnStack.append(gReturnPoint);
+}
+
+ReturnPoint PopReturnPoint() {
+  return gReturnStack.takeLast();
+}

@@ -1,0 +1,23 @@
+// The program: the application object, then Main.
+#include <QApplication>
+#include <QIcon>
+
+#include "frame/Look.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/SkinButton.h"
+#include "startup/Main.h"
+
+int main(int argc, char** argv) {
+  // A pixel stays a pixel: the form fitting does the scaling.
+  qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+  // Wayland ignores where a window wants to stand.
+  if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+  }
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("tallowmere"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  ApplyLook(application);
+  FormLife::Begin(&QCoreApplication::quit);
+  return Main() ? QApplication::exec() : 0;
+}

@@ -1,0 +1,26 @@
+// Entering a course: the learner's record is begun when there is none, and the course opens at the
+// page where the learner stopped. Sign-in and course change share it.
+#pragma once
+
+#include <QString>
+
+// Signs in the learner whose folder has that name. RunTimeError that names the learner's record when it
+// can't be read; nobody is signed in then.
+void SignInFromFolder(const QString& folder);
+
+// Begins the record of the current course for the signed-in learner at the page on the screen:
+// a resume line and the line of the current module. Replaces what was there.
+void StartCourseRecord();
+
+// Whether the signed-in learner has a record of the current course.
+bool HasCourseRecord();
+
+// What happens when the module of the resume line is not in the course any more.
+enum class MissingModule {
+  Keep,       // the module that is open stays, and the resume page is looked for in it
+  StartOver,  // the first page of the first module
+};
+
+// Opens the course at the resume page, records that page, and sets the page buttons at the ends of the
+// course. RunTimeError that names the progress file when it can't be read.
+void OpenAtResumePage(MissingModule missing);

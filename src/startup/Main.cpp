@@ -1,0 +1,61 @@
+#include "startup/Main.h"
+
+#include <cmath>
+
+#include "content/REGISTRY.h"
+#include "frame/ProgramState.h"
+#include "frame/ResConstants.h"
+#include "frame/Settings.h"
+#include "frame/TextTable.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/MsgBox.h"
+#include "platform/forms/Screen.h"
+#include "startup/CourseSelection.h"
+#include "startup/OneCopy.h"
+
+namespace {
+
+constexpr int kDesignWidth = 1024, kDesignHeight = 768;  // pixels
+
+// The course table; false when there is nothing to run. What is malformed in the installation is told
+// in one message.
+bool LoadCatalogue(QStringList problems) {
+  const CatalogueResult result = LoadInstalledCourses(QLatin1String(kCatalogueRoot), gCourses, problems);
+  if (!problems.isEmpty()) MsgBox(problems.join(QLatin1Char('\n')));
+  if (result != CatalogueResult::NoCourses) return true;
+  MsgBox(LoadStringResource(kResNoCoursesDetected));
+  return false;
+}
+
+// Warns when the display is not of the design's size; false when the learner would rather not go on.
+bool AcceptDisplay() {
+  const auto width = std::lround(Screen::Width() / Screen::TwipsPerPixelX());
+  const auto height = std::lround(Screen::Height() / Screen::TwipsPerPixelY());
+  if (width == kDesignWidth && height == kDesignHeight) return true;
+  const QString text = LoadStringResource(kResResolutionBefore) + QString::number(width) +
+                       QStringLiteral(" by ") + QString::number(height) +
+                       LoadStringResource(kResResolutionAfter);
+  return MsgBox(text, MsgButtons::YesNo, MsgIcon::Information, LoadStringResource(kResResolutionTitle)) ==
+         MsgAnswer::Yes;
+}
+
+bool Start() {
+  const QStringList problems = LoadInstallation();
+  SetProgramPaths();
+  if (!OneCopy::Claim()) {
+    MsgBox(LoadStringResource(kResAlreadyRunning));
+    OneCopy::BringFirstForward();
+    return false;
+  }
+  if (!LoadCatalogue(problems) || !AcceptDisplay()) return false;
+  Default<CourseSelection>();
+  return !FormLife::Ended();
+}
+
+}  // namespace
+
+bool Main() {
+  bool started = false;
+  Dispatcher::Run([&] { started = Start(); });
+  return started && !FormLife::Ended();
+}

@@ -1,0 +1,95 @@
+#include "startup/SplashScreen.h"
+
+#include "coursescreen/Form1.h"
+#include "frame/ProgramState.h"
+#include "learners/UserStore.h"
+#include "platform/RunTimeError.h"
+#include "platform/forms/MsgBox.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/SkinButton.h"
+#include "signin/Resume.h"
+#include "signin/UserLogin.h"
+#include "signin/Welcome.h"
+#include "startup/CourseSelection.h"
+
+namespace {
+
+constexpr int kWidth = 450, kHeight = 246;  // pixels, on every display
+constexpr int kStands = 1000;               // ms
+
+// Welcome for the one learner; false when the learner's record can't be read.
+bool GreetTheOnlyLearner(const QString& folder) {
+  try {
+    QString firstName, lastName, email;
+    Default<Welcome>().InitWelcomeForm(folder, firstName, lastName, email);
+    return true;
+  } catch (const RunTimeError& error) {
+    MsgBox(error.Description());
+    if (auto* welcome = LoadedForm<Welcome>()) welcome->Unload();
+    return false;
+  }
+}
+
+}  // namespace
+
+SplashScreen::SplashScreen()
+    : Form(QStringLiteral("SplashScreen"), FormFrame::Frameless),
+      artwork_(new PictureBox(this, QStringLiteral("Artwork"))) {
+  timer1_.Tick = [this] { Timer1_Timer(); };
+}
+
+void SplashScreen::PlaceSplash() {
+  const double width = kWidth * Screen::TwipsPerPixelX(), height = kHeight * Screen::TwipsPerPixelY();
+  Move(0, 0, width, height);  // the top left corner is its place
+  artwork_->Move(0, 0, width, height);
+}
+
+void SplashScreen::Form_Load() {
+  PlaceSplash();
+  artwork_->SetPicture(SkinPicture(QStringLiteral("Splash.jpg")));
+  timer1_.SetInterval(kStands);
+  timer1_.SetEnabled(true);
+  Screen::SetMousePointer(kPointerHourglass);
+}
+
+void SplashScreen::Timer1_Timer() {
+  timer1_.SetEnabled(false);
+  Unload();
+}
+
+void SplashScreen::Abandon() {
+  abandoned_ = true;
+  Unload();
+}
+
+void SplashScreen::Form_Unload() {
+  Screen::SetMousePointer(kPointerDefault);
+  if (abandoned_) return;
+  if (auto* selection = LoadedForm<CourseSelection>()) selection->Unload();
+  Default<Form1>().Show();
+  Hide();  // the course screen need not cover the corner on a larger display
+  if (!gUserFirstName.isEmpty()) {
+    GoOnSignedIn();
+  } else {
+    AskWhoItIs();
+  }
+}
+
+void SplashScreen::GoOnSignedIn() {
+  // A step that fails is skipped: the first page stays on the screen in place of the resume page.
+  if (!HasCourseRecord()) {
+    IgnoreErrors([] { StartCourseRecord(); });
+    return;
+  }
+  IgnoreErrors([] { OpenAtResumePage(MissingModule::StartOver); });
+}
+
+void SplashScreen::AskWhoItIs() {
+  const QStringList userNames = ListUsers();
+  if (userNames.size() == 1 && GreetTheOnlyLearner(userNames.first())) {
+    Default<Welcome>().Show(FormMode::Modal);
+  } else {
+    Default<UserLogin>().Show(FormMode::Modal);
+  }
+}

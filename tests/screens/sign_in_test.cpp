@@ -1,0 +1,216 @@
+// Welcome and UserLogin: who the learner is, and the page where the learner stopped.
+#include "frame/ProgramState.h"
+#include "platform/forms/ComboBox.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/SkinButton.h"
+#include "signin/UserLogin.h"
+#include "signin/Welcome.h"
+#include "support/Program.h"
+
+namespace {
+
+const QByteArray kAtThePaying =
+    "\"rt0101\",\"0003.txm\"\r\n\"rt0101\",\"_Greeting_\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
+
+class SignInTest : public ProgramTest {
+ protected:
+  SignInTest() {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101rt0102");
+  }
+};
+
+TEST_F(SignInTest, WithoutLearnersTheListIsEmptyAndSignInStaysDisabled) {
+  ASSERT_TRUE(Start());
+  script.When("UserLogin", [this](Form& form) {
+    clock.Advance(200);
+    EXPECT_EQ(Gui::Find<ComboBox>(form, "UserName_Cmb_3")->ListCount(), 0);
+    EXPECT_EQ(Gui::Find<SkinButton>(form, "SignIN_Btn_5")->Shown(), SkinButton::Look::Disabled);
+    Gui::Key(form, Qt::Key_Return);  // no button is lit
+    EXPECT_TRUE(form.Shown());
+    form.close();
+  });
+  PassSplash();
+  // Closing without signing in leaves the course readable and records nothing.
+  EXPECT_TRUE(Default<Form1>().Shown());
+  EXPECT_TRUE(gUserFirstName.isEmpty());
+  EXPECT_FALSE(QFile::exists(store.DataPath()));
+}
+
+TEST_F(SignInTest, TheOnlyLearnerIsGreetedByNameAndBeginsANewCourseAtItsFirstPage) {
+  store.AddLearner("Ann", "Lee");
+  ASSERT_TRUE(Start());
+  script.When("Welcome", [](Form& form) {
+    EXPECT_EQ(Gui::Find<Label>(form, "Welcome_lbl_1")->Caption(), "Ann Lee");
+    EXPECT_EQ(Gui::Find<Label>(form, "Label2(9)")->Caption(), "Welcome");
+    EXPECT_EQ(Gui::Find<Label>(form, "Label2(4)")->Caption(), "click Switch ID.");
+    Gui::Click(form, "SignIn_Btn_2");
+  });
+  PassSplash();
+  EXPECT_EQ(gUserFirstName, "Ann");
+  EXPECT_EQ(Header(), "Customers : Greeting");
+  EXPECT_EQ(
+      Progress("Ann Lee", "Cash desk"),
+      "\"rt0101\",\"0001.txm\"\r\n\"rt0101\",\"_Greeting_\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n");
+}
+
+TEST_F(SignInTest, ALearnerComesBackToTheResumePage) {
+  store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying);
+  store.AddLearner("Bo", "Ek");
+  ASSERT_TRUE(Start());
+  script.When("UserLogin", [this](Form& form) {
+    auto* list = Gui::Find<ComboBox>(form, "UserName_Cmb_3");
+    ASSERT_EQ(list->ListCount(), 2);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    Gui::Type(form, "a");  // type-ahead
+    EXPECT_EQ(list->Text(), "Ann Lee");
+    clock.Advance(100);
+    Gui::MoveTo(form, "SignIN_Btn_5");
+    Gui::Key(form, Qt::Key_Return);
+  });
+  PassSplash();
+  EXPECT_EQ(Header(), "Customers : Paying");
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+}
+
+struct Resume {
+  const char* Name;
+  QByteArray Line;
+  const char* Page;
+  SkinButton::Look Next, Prev;
+};
+
+class ResumeTest : public SignInTest, public ::testing::WithParamInterface<Resume> {};
+
+TEST_P(ResumeTest, TheButtonsStopAtTheEndsOfTheCourse) {
+  store.AddLearner("Ann", "Lee", "Cash desk", GetParam().Line + "\r\n");
+  ASSERT_TRUE(Start());
+  script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
+  PassSplash();
+  EXPECT_EQ(PageText(), GetParam().Page);
+  EXPECT_EQ(Gui::Find<SkinButton>(Default<Form1>(), "NextBtn")->Shown(), GetParam().Next);
+  EXPECT_EQ(Gui::Find<SkinButton>(Default<Form1>(), "Prev")->Shown(), GetParam().Prev);
+}
+
+using Look = SkinButton::Look;
+INSTANTIATE_TEST_SUITE_P(
+    SignIn, ResumeTest,
+    ::testing::Values(
+        Resume{"Middle", "\"rt0101\",\"0002.txm\"", "rt0101 0002.txm", Look::Off, Look::Off},
+        Resume{"First", "\"rt0101\",\"0001.txm\"", "rt0101 0001.txm", Look::Off, Look::Disabled},
+        Resume{"Last", "\"rt0102\",\"0002.txm\"", "rt0102 0002.txm", Look::Disabled, Look::Off},
+        // The module is gone: the first module stays, and the page is looked for in it.
+        Resume{"ModuleGone", "\"rt0999\",\"0003.txm\"", "rt0101 0003.txm", Look::Off, Look::Off}),
+    [](const auto& row) { return row.param.Name; });
+
+struct BadRecord {
+  const char* Name;
+  const char* File;
+  QByteArray Bytes;  // empty: the file is missing
+};
+
+class BadRecordTest : public SignInTest, public ::testing::WithParamInterface<BadRecord> {};
+
+TEST_P(BadRecordTest, ADamagedRecordIsNamedAndNothingOfItChanges) {
+  store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying);
+  store.AddLearner("Bo", "Ek");
+  const QString path = store.DataPath(QStringLiteral("Ann Lee/") + GetParam().File);
+  QFile::remove(path);
+  if (!GetParam().Bytes.isEmpty()) store.Write(path, GetParam().Bytes);
+  ASSERT_TRUE(Start());
+  script.When("UserLogin", [this](Form& form) {
+    Gui::Find<ComboBox>(form, "UserName_Cmb_3")->SetListIndex(0);
+    clock.Advance(100);
+    Gui::Click(form, "SignIN_Btn_5");
+    EXPECT_TRUE(form.Shown());  // the learner can choose again
+    form.close();
+  });
+  PassSplash();
+  const QStringList said = messages.Take();
+  ASSERT_EQ(said.size(), 1);
+  EXPECT_TRUE(said.first().contains(GetParam().File)) << said.first().toStdString();
+  EXPECT_EQ(store.Read(path), GetParam().Bytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    SignIn, BadRecordTest,
+    ::testing::Values(BadRecord{"UserMissing", "User", ""}, BadRecord{"UserShort", "User", "\"Ann\"\r\n"},
+                      BadRecord{"ResumeShort", "Cash desk", "\"rt0101\"\r\n"},
+                      BadRecord{"LineCut", "Cash desk", kAtThePaying + "\"rt0102\",\"_Returns_\",\"\""}),
+    [](const auto& row) { return row.param.Name; });
+
+TEST_F(SignInTest, AnUnreadableOnlyLearnerIsToldAndTheListComes) {
+  store.AddLearner("Ann", "Lee");
+  QFile::remove(store.DataPath("Ann Lee/User"));
+  ASSERT_TRUE(Start());
+  script.When("UserLogin", [](Form& form) {
+    EXPECT_EQ(Gui::Find<ComboBox>(form, "UserName_Cmb_3")->ListCount(), 1);
+    form.close();
+  });
+  PassSplash();
+  EXPECT_TRUE(messages.Take().value(0).contains("User"));
+}
+
+TEST_F(SignInTest, SwitchIdLeadsFromTheGreetingToTheList) {
+  store.AddLearner("Ann", "Lee");
+  ASSERT_TRUE(Start());
+  script.When("Welcome", [](Form& form) { Gui::Click(form, "New_Btn_3"); });
+  script.When("UserLogin", [](Form& form) {
+    EXPECT_EQ(LoadedForm<Welcome>(), nullptr);
+    form.close();
+  });
+  PassSplash();
+  EXPECT_TRUE(script.Done());
+}
+
+TEST_F(SignInTest, ExitAsksAndLeavesTheProgram) {
+  store.AddLearner("Ann", "Lee");
+  ASSERT_TRUE(Start());
+  messages.Answer({MsgAnswer::No, MsgAnswer::Yes});
+  script.When("Welcome", [](Form& form) {
+    Gui::Click(form, "Exit_btn");
+    EXPECT_TRUE(form.Shown());
+    Gui::Click(form, "Exit_btn");
+  });
+  PassSplash();
+  EXPECT_EQ(messages.Take(), QStringList(2, "Are you sure you want to exit this course?"));
+  EXPECT_TRUE(gExitingCourse);
+  clock.Advance(300);  // the course screen closes itself
+  EXPECT_EQ(quits, 1);
+}
+
+TEST_F(SignInTest, ClosingTheGreetingAsksButKeepsTheCourse) {
+  store.AddLearner("Ann", "Lee");
+  ASSERT_TRUE(Start());
+  messages.Answer({MsgAnswer::No, MsgAnswer::Yes});
+  script.When("Welcome", [](Form& form) {
+    form.close();
+    EXPECT_TRUE(form.Shown());
+    form.close();
+  });
+  PassSplash();
+  clock.Advance(1000);
+  EXPECT_FALSE(gExitingCourse);
+  EXPECT_TRUE(Default<Form1>().Shown());
+}
+
+TEST_F(SignInTest, TheFocusGoesRoundTheGreetingAndLightsOneButtonAtATime) {
+  store.AddLearner("Ann", "Lee");
+  ASSERT_TRUE(Start());
+  script.When("Welcome", [](Form& form) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QStringList lit;
+    for (int i = 0; i < 4; ++i) {
+      if (i > 0) Gui::Key(form, Qt::Key_Tab);
+      for (const char* name : {"SignIn_Btn_2", "New_Btn_3", "Exit_btn"}) {
+        if (Gui::Find<SkinButton>(form, name)->Shown() == SkinButton::Look::On) lit.append(name);
+      }
+    }
+    EXPECT_EQ(lit, QStringList({"SignIn_Btn_2", "New_Btn_3", "Exit_btn", "SignIn_Btn_2"}));
+    Gui::Key(form, Qt::Key_Return);  // signs in
+  });
+  PassSplash();
+  EXPECT_EQ(Header(), "Customers : Greeting");
+}
+
+}  // namespace

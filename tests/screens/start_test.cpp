@@ -1,0 +1,189 @@
+// The start of the program: catalogue, display, course choice, splash.
+#include "frame/ProgramState.h"
+#include "platform/forms/ComboBox.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/SkinButton.h"
+#include "startup/CourseSelection.h"
+#include "startup/OneCopy.h"
+#include "startup/SplashScreen.h"
+#include "support/Program.h"
+
+namespace {
+
+class StartTest : public ProgramTest {
+ protected:
+  void AddTwoCourses() {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101");
+    store.AddCourse("Warehouse", "rt0102");
+  }
+
+  CourseSelection& Choice() { return Default<CourseSelection>(); }
+  void Choose(int index) {
+    Gui::Find<ComboBox>(Choice(), "CourseList")->SetListIndex(index);
+    clock.Advance(100);
+  }
+};
+
+TEST_F(StartTest, WithoutACatalogueItSaysSoAndEnds) {
+  store.Write("registry/courses.reg", "Windows Registry Editor Version 5.00\n");
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(messages.Take(),
+            QStringList{"The Tallowmere Manager was unable to find any installed modules or courses."});
+}
+
+TEST_F(StartTest, ACatalogueWithoutCoursesSaysSoAndEnds) {
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(messages.Take(),
+            QStringList{"The Tallowmere Manager has not detected any installed courses or modules."});
+  EXPECT_EQ(FormLife::Loaded().size(), 0);
+}
+
+TEST_F(StartTest, AMalformedRegistryFileIsNamedAndItsGoodKeysCount) {
+  AddTwoCourses();
+  store.Write("registry/broken.reg", "Windows Registry Editor Version 5.00\n[HKEY_LOCAL_MACHINE\n");
+  EXPECT_TRUE(Start());
+  const QStringList said = messages.Take();
+  ASSERT_EQ(said.size(), 1);
+  EXPECT_TRUE(said.first().contains("broken.reg"));
+  EXPECT_EQ(gCourses.size(), 3);
+}
+
+TEST_F(StartTest, AModuleStringOfAWrongLengthIsToldAndTheWholeModulesCount) {
+  AddTwoModules();
+  store.AddCourse("Cash desk", "rt0101rt01");
+  EXPECT_TRUE(Start());
+  const QStringList said = messages.Take();
+  ASSERT_EQ(said.size(), 1);
+  EXPECT_TRUE(said.first().contains("Cash desk"));
+  EXPECT_EQ(gCourses[0].Modules.size(), 1);
+}
+
+TEST_F(StartTest, ASecondCopyIsRefusedAndTheFirstComesForward) {
+  AddTwoCourses();
+  ASSERT_TRUE(Start());
+  EXPECT_FALSE(OneCopy::Claim());
+  OneCopy::BringFirstForward();
+  Gui::Settle();
+  EXPECT_EQ(FormLife::Active()->Name(), "CourseSelection");
+  OneCopy::Release();
+  EXPECT_TRUE(OneCopy::Claim());  // the lock goes with its owner
+}
+
+TEST_F(StartTest, TheListEndsWithAllModulesAndBeginsWithNothingChosen) {
+  AddTwoCourses();
+  ASSERT_TRUE(Start());
+  auto* list = Gui::Find<ComboBox>(Choice(), "CourseList");
+  EXPECT_EQ(list->ListCount(), 3);
+  EXPECT_EQ(list->List(2), "All modules");
+  EXPECT_EQ(list->ListIndex(), -1);
+  clock.Advance(100);
+  auto* begin = Gui::Find<SkinButton>(Choice(), "BeginCourse");
+  EXPECT_EQ(begin->Shown(), SkinButton::Look::Disabled);
+  Gui::Key(Choice(), Qt::Key_Return);  // no button is lit
+  EXPECT_EQ(LoadedForm<SplashScreen>(), nullptr);
+  Choose(0);
+  EXPECT_EQ(begin->Shown(), SkinButton::Look::Off);
+}
+
+TEST_F(StartTest, TheLastEntryTurnsAllModulesOn) {
+  AddTwoCourses();
+  ASSERT_TRUE(Start());
+  Choose(2);
+  Gui::Click(Choice(), "BeginCourse");
+  EXPECT_EQ(gAllModules, 1);
+  EXPECT_EQ(gCurrentCourse, 2);
+  EXPECT_NE(LoadedForm<SplashScreen>(), nullptr);
+  EXPECT_EQ(PageText(), "rt0101 0001.txm");
+}
+
+TEST_F(StartTest, EscapeAndCancelLeaveAndTheProgramEnds) {
+  for (const char* way : {"escape", "cancel", "enter on cancel", "exit"}) {
+    SCOPED_TRACE(way);
+    AddTwoCourses();
+    FormLife::Begin([this] { ++quits; });
+    quits = 0;
+    ASSERT_TRUE(Start());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Choice()));
+    Choose(0);
+    if (way == QLatin1String("escape")) Gui::Key(Choice(), Qt::Key_Escape);
+    if (way == QLatin1String("cancel")) Gui::Click(Choice(), "Cancel");
+    if (way == QLatin1String("exit")) Gui::Click(Choice(), "Exit_btn");
+    if (way == QLatin1String("enter on cancel")) {
+      Gui::MoveTo(Choice(), "Cancel");
+      Gui::Key(Choice(), Qt::Key_Return);
+    }
+    EXPECT_EQ(quits, 1);
+    EXPECT_TRUE(FormLife::Loaded().isEmpty());
+    OneCopy::Release();
+  }
+}
+
+TEST_F(StartTest, EnterOnTheExitButtonDoesNothing) {
+  AddTwoCourses();
+  ASSERT_TRUE(Start());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Choice()));
+  Gui::MoveTo(Choice(), "Exit_btn");
+  Gui::Key(Choice(), Qt::Key_Return);
+  EXPECT_NE(LoadedForm<CourseSelection>(), nullptr);
+}
+
+TEST_F(StartTest, ASingleCourseGoesStraightToTheSplash) {
+  AddTwoModules();
+  store.AddCourse("Cash desk", "rt0101rt0102");
+  ASSERT_TRUE(Start());
+  EXPECT_FALSE(Default<CourseSelection>().Shown());
+  auto& splash = Default<SplashScreen>();
+  EXPECT_EQ(splash.size(), QSize(450, 246));
+  EXPECT_EQ(splash.pos(), QPoint(0, 0));
+  clock.Advance(999);
+  EXPECT_NE(LoadedForm<SplashScreen>(), nullptr);  // stands for a second
+  script.When("UserLogin", [](Form& form) {
+    EXPECT_EQ(LoadedForm<CourseSelection>(), nullptr);
+    EXPECT_TRUE(Default<Form1>().Shown());  // behind the sign-in
+    form.close();
+  });
+  clock.Advance(1);
+  EXPECT_EQ(LoadedForm<SplashScreen>(), nullptr);
+}
+
+struct BrokenCourse {
+  const char* Name;
+  const char* ModuleString;
+  bool FirstPageGone;
+};
+
+class BrokenCourseTest : public StartTest, public ::testing::WithParamInterface<BrokenCourse> {};
+
+TEST_P(BrokenCourseTest, ACourseThatDoesNotOpenIsToldAndTheChoiceComesAgain) {
+  AddTwoModules();
+  store.AddCourse("Broken", GetParam().ModuleString);
+  store.AddCourse("Warehouse", "rt0102");
+  if (GetParam().FirstPageGone) QFile::remove(store.Path("rt0101/0001.txm"));
+  ASSERT_TRUE(Start());
+  Choose(0);
+  Gui::Click(Choice(), "BeginCourse");
+  const QStringList said = messages.Take();
+  ASSERT_EQ(said.size(), 2);
+  EXPECT_TRUE(said[1].startsWith("The course selected did not load properly."));
+  EXPECT_EQ(LoadedForm<Form1>(), nullptr);
+  EXPECT_EQ(LoadedForm<SplashScreen>(), nullptr);
+  EXPECT_TRUE(Choice().Shown());
+  Choose(1);
+  Gui::Click(Choice(), "BeginCourse");
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+}
+
+INSTANTIATE_TEST_SUITE_P(Start, BrokenCourseTest,
+                         ::testing::Values(BrokenCourse{"NoModules", "", false},
+                                           BrokenCourse{"NotInstalled", "rt0999", false},
+                                           BrokenCourse{"FirstPageGone", "rt0101", true}),
+                         [](const auto& row) { return row.param.Name; });
+
+TEST_F(StartTest, ASingleCourseThatDoesNotOpenEndsTheProgram) {
+  store.AddCourse("Broken", "");
+  EXPECT_FALSE(Start());
+  EXPECT_EQ(quits, 1);
+}
+
+}  // namespace

@@ -1,0 +1,59 @@
+#include "support/Program.h"
+
+#include "frame/ProgramState.h"
+#include "platform/forms/Label.h"
+#include "platform/richtext/TextControl.h"
+#include "startup/Main.h"
+#include "startup/OneCopy.h"
+
+ProgramTest::ProgramTest() {
+  FormLife::Begin([this] { ++quits; });
+}
+
+ProgramTest::~ProgramTest() {
+  FormLife::Begin({});
+  Dispatcher::SetIdleCheck({});
+  Gui::Settle();
+  OneCopy::Release();
+}
+
+void ProgramTest::AddTwoModules() {
+  store.AddModule("rt0101", "Customers",
+                  {"0001.txm*Topic*Greeting", "0002.txm*Page*", "0003.txm*Topic*Paying"});
+  store.AddModule("rt0102", "Goods", {"0001.txm*Topic*Returns", "0002.txm*Page*"});
+}
+
+QByteArray ProgramTest::Progress(const QString& learner, const QString& course) const {
+  return store.Read(store.DataPath(learner + QLatin1Char('/') + course));
+}
+
+void ProgramTest::OneCopyAgain() {
+  OneCopy::Release();
+  ResetProgramState();
+  FormLife::Begin([this] { ++quits; });
+}
+
+bool ProgramTest::Start() {
+  return Main();
+}
+
+void ProgramTest::PassSplash() {
+  clock.Advance(1000);
+}
+
+Form1& ProgramTest::ReadAs(const QString& firstName, const QString& lastName) {
+  store.AddLearner(firstName, lastName);
+  script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
+  if (!Start()) qFatal("the program did not start");
+  PassSplash();
+  Gui::Settle();
+  return Default<Form1>();
+}
+
+QString ProgramTest::Header() {
+  return Gui::Find<Label>(Default<Form1>(), "Label1")->Caption();
+}
+
+QString ProgramTest::PageText() {
+  return Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1")->toPlainText().trimmed();
+}

@@ -1,0 +1,39 @@
+// The whole program on a small installation: started by Main, driven by clicks, keys and the clock.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "coursescreen/Form1.h"
+#include "support/Gui.h"
+#include "support/HandClock.h"
+#include "support/Messages.h"
+#include "support/Store.h"
+
+class ProgramTest : public ::testing::Test {
+ protected:
+  ProgramTest();
+  ~ProgramTest() override;
+
+  // Two modules of three and two pages; their topics are Greeting, Paying, Returns.
+  void AddTwoModules();
+  // The progress file of a learner in a course.
+  QByteArray Progress(const QString& learner, const QString& course) const;
+
+  // Runs Main, answering the question about the display; the splash stands when it returns.
+  bool Start();
+  // Lets the splash go; what the sign-in screens need is done by the script meanwhile.
+  void PassSplash();
+  // After an end: the program can be started once more.
+  void OneCopyAgain();
+  // Starts with one learner, who signs in.
+  Form1& ReadAs(const QString& firstName, const QString& lastName);
+
+  static QString Header();
+  static QString PageText();
+
+  Store store;
+  HandClock clock;
+  Messages messages;
+  Gui::Script script;
+  int quits = 0;
+};

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing. Usage: tools/setup.sh GROUP..., with the groups
+# build (program), test (test run) and visit (scripted visit without a display).
+set -euo pipefail
+
+packages_of() {
+  case "$1" in
+    build) echo g++ cmake ninja-build python3 qt6-base-dev fonts-liberation ;;
+    test) echo libgtest-dev ;;
+    visit) echo xvfb openbox xdotool imagemagick x11-utils ;;
+    *) echo "setup: no such group: $1" >&2; return 1 ;;
+  esac
+}
+
+missing=()
+for group in "$@"; do
+  for package in $(packages_of "$group"); do
+    state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [ "$state" = installed ] || missing+=("$package")
+  done
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -y -q --no-install-recommends "${missing[@]}"
