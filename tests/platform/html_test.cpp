@@ -93,6 +93,10 @@ TEST_P(HtmlBombs, KeepTheirLastWord) {
 
 const BombRow kBombs[] = {
     {"Spans", "<table><tr><td colspan=99999999 rowspan=99999999>a</td></tr></table>"},
+    {"HiddenSpans",
+     "<table><tr><td title='colspan=1' colspan=99999999 rowspan='&#57;9999999'>a</td></tr></table>"},
+    {"StyleRules", "<style>" + QByteArray("p{color:red}").repeated(2000) + "</style>" +
+                       QByteArray("<p>a").repeated(20'000)},
     {"Cells",
      "<table><tr>" + QByteArray("<td>").repeated(20'000) + QByteArray("<tr>").repeated(20'000) + "</table>"},
     {"NestedTables",

@@ -12,8 +12,9 @@ constexpr size_t kDeepestTable = 4;
 constexpr int kMostTables = 500;
 constexpr int kMostColumns = 100;
 constexpr int kMostRowsSpanned = 200;
-constexpr qint64 kMostCells = 50'000;         // rows times columns of all tables
-constexpr qsizetype kMostStyleText = 16'384;  // characters of style sheets
+constexpr qint64 kMostCells = 50'000;  // rows times columns of all tables
+// Every rule of a style sheet is tried on every element: so many tries a page may cost.
+constexpr qint64 kMostStyleTries = 1'000'000;
 
 using Names = QSet<QString>;
 
@@ -38,7 +39,7 @@ const Names& DroppedTags() {
 
 class Filter {
  public:
-  explicit Filter(const QString& html) : html_(html) {}
+  explicit Filter(const QString& html) : html_(html), tags_(html.count(u'<')) {}
 
   QString Run() {
     out_.reserve(html_.size());
@@ -139,12 +140,16 @@ class Filter {
     if (end < 0) end = html_.size();
     const QStringView text = QStringView(html_).mid(at_, end - at_);
     at_ = TagEnd(end);
-    styleText_ += text.size();
-    if (word == u"style" && styleText_ <= kMostStyleText && !text.contains(u'@')) {
+    if (word == u"style" && !text.contains(u'@') && MayTry(text)) {
       out_ += tag;
       out_ += text;
       out_ += QLatin1String("</style>");
     }
+  }
+
+  bool MayTry(QStringView sheet) {
+    styleRules_ += sheet.count(u'{') + sheet.count(u',');
+    return styleRules_ * tags_ <= kMostStyleTries;
   }
 
   void Close(const QString& word, const QString& tag) {
@@ -170,6 +175,8 @@ class Filter {
       table.RowColumns = 0;
       if (cells_ > kMostCells) table.IsKept = false;
     } else {
+      // A number may be written in a way that only the layout reads.
+      if (tag.contains(u'&')) tag = QStringLiteral("<td>");
       const int span = HoldSpan(tag, QStringLiteral("colspan"), kMostColumns);
       HoldSpan(tag, QStringLiteral("rowspan"), kMostRowsSpanned);
       if (table.RowColumns + span > kMostColumns) return;
@@ -195,21 +202,23 @@ class Filter {
     Close(QStringLiteral("table"), tag);
   }
 
-  // The number of a span in a tag, 1 when there is none; a larger one than `most` is written anew.
+  // The largest number of a span in a tag, 1 when there is none. A number that is out of bounds becomes 1,
+  // wherever in the tag it stands.
   static int HoldSpan(QString& tag, const QString& name, int most) {
-    const qsizetype found = tag.indexOf(name, 0, Qt::CaseInsensitive);
-    if (found < 0) return 1;
-    qsizetype at = found + name.size();
-    while (at < tag.size() && !tag[at].isDigit() && tag[at] != u'>')
-      ++at;
-    qsizetype end = at;
-    while (end < tag.size() && tag[end].isDigit())
-      ++end;
-    bool isNumber = false;
-    const int span = QStringView(tag).mid(at, end - at).toInt(&isNumber);
-    if (isNumber && span >= 1 && span <= most) return span;
-    tag.replace(at, end - at, QString::number(1));
-    return 1;
+    int largest = 1;
+    for (qsizetype at = tag.indexOf(name, 0, Qt::CaseInsensitive); at >= 0;
+         at = tag.indexOf(name, at, Qt::CaseInsensitive)) {
+      at += name.size();
+      while (at < tag.size() && !tag[at].isDigit() && tag[at] != u'>')
+        ++at;
+      qsizetype end = at;
+      while (end < tag.size() && tag[end].isDigit())
+        ++end;
+      const int span = QStringView(tag).mid(at, end - at).toInt();
+      if (span < 1 || span > most) tag.replace(at, end - at, QStringLiteral("1"));
+      largest = std::max(largest, span > most ? 1 : span);
+    }
+    return largest;
   }
 
   static constexpr qsizetype kNone = -2;
@@ -219,7 +228,8 @@ class Filter {
   qsizetype at_ = 0;
   qsizetype nextDouble_ = -1;
   qsizetype nextSingle_ = -1;
-  qsizetype styleText_ = 0;
+  const qint64 tags_;  // at most this many
+  qint64 styleRules_ = 0;
   std::vector<qsizetype> strayQuotes_;  // of the tag at hand
   QStringList open_;
   std::vector<Table> tables_;
