@@ -3,6 +3,7 @@
 #include <QIcon>
 
 #include "frame/Look.h"
+#include "platform/files/Paths.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/SkinButton.h"
 #include "startup/Main.h"
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(application);
+  QApplication::setWindowIcon(QIcon(RealPath(SkinPicture(QStringLiteral("tallowmere-64.png")))));
   FormLife::Begin(&QCoreApplication::quit);
   return Main() ? QApplication::exec() : 0;
 }

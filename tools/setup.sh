@@ -7,7 +7,7 @@ packages_of() {
   case "$1" in
     build) echo g++ cmake ninja-build python3 qt6-base-dev fonts-liberation ;;
     test) echo libgtest-dev ;;
-    visit) echo xvfb openbox xdotool imagemagick x11-utils ;;
+    visit) echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils ;;
     *) echo "setup: no such group: $1" >&2; return 1 ;;
   esac
 }

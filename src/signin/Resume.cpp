@@ -31,8 +31,7 @@ void SignInFromFolder(const QString& folder) {
 
 void StartCourseRecord() {
   WriteResumeLine();
-  RecordModuleProgress(ModuleAt(gCurrentModule).ModuleId, gPageList.GetCurrentPageTopName(), gUserFirstName,
-                       gUserLastName);
+  Default<Form1>().Pages().RecordCurrentPage();
 }
 
 bool HasCourseRecord() {

@@ -40,6 +40,7 @@ bool AcceptDisplay() {
 }
 
 bool Start() {
+  FormLife::SetRunTitle(LoadStringResource(kResRunTitle));
   const QStringList problems = LoadInstallation();
   SetProgramPaths();
   if (!OneCopy::Claim()) {

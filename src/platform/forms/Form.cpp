@@ -41,7 +41,7 @@ Qt::CursorShape ShapeOf(int pointer) {
 Form::Form(const QString& name, FormFrame frame) : QWidget(nullptr, FlagsOf(frame)) {
   setObjectName(name);
   setMouseTracking(true);
-  setWindowTitle(QApplication::applicationDisplayName());
+  setWindowTitle(FormLife::RunTitle());
   setAttribute(Qt::WA_QuitOnClose, false);
 }
 

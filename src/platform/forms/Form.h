@@ -94,6 +94,10 @@ class Form : public QWidget {
 // The collection of loaded forms, which of them is active, and the end of the program.
 class FormLife {
  public:
+  // The caption that every form carries until it sets another; message boxes without a title have it too.
+  static void SetRunTitle(const QString& title);
+  static QString RunTitle();
+
   static const QList<Form*>& Loaded();
   static Form* Active();
   // Loads a new form: it joins the collection, then its load handler runs. An error in the handler

@@ -13,6 +13,7 @@ struct Life {
   QList<Form*> Gone;        // unloaded forms that a handler may still be running in
   std::function<void()> Quit;
   bool Ended = false;
+  QString RunTitle;
 };
 
 Life& TheLife() {
@@ -21,6 +22,10 @@ Life& TheLife() {
 }
 
 }  // namespace
+
+void FormLife::SetRunTitle(const QString& title) { TheLife().RunTitle = title; }
+
+QString FormLife::RunTitle() { return TheLife().RunTitle; }
 
 const QList<Form*>& FormLife::Loaded() {
   return TheLife().Loaded;

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "platform/forms/Form.h"
+
 namespace {
 
 std::function<MsgAnswer(const MsgBoxCall&)>& Answerer() {
@@ -28,7 +30,7 @@ MsgAnswer Show(const MsgBoxCall& call) {
   box.setTextFormat(Qt::PlainText);
   box.setText(call.Text);
   box.setIcon(QtIcon(call.Icon));
-  box.setWindowTitle(call.Title.isEmpty() ? QApplication::applicationDisplayName() : call.Title);
+  box.setWindowTitle(call.Title.isEmpty() ? FormLife::RunTitle() : call.Title);
   box.setStandardButtons(call.Buttons == MsgButtons::Ok ? QMessageBox::Ok
                                                         : QMessageBox::Yes | QMessageBox::No);
   if (call.Buttons == MsgButtons::YesNo) box.setEscapeButton(QMessageBox::No);

@@ -1,0 +1,174 @@
+#!/usr/bin/env python3
+"""A learner's visit, scripted: the real program under Xvfb, driven by keys and clicks.
+
+Usage: visit.py STORE OUT [DPI]. OUT gets the pictures and the learner's files. Says what it checked and
+exits with 1 when something was not as it must be.
+"""
+
+import shutil
+import sys
+import time
+from pathlib import Path
+
+from visit_desktop import Desktop, Window, differing_pixels, wait_for
+
+COURSE = "Cash desk and customers"
+LEARNER = ("Zoë", "Lindqvist", "zoe@example.com")
+DIALOG = (520, 360)
+COURSE_SCREEN = (1024, 768)
+PAGE_AREA = "1024x768+0+0"
+# Places within a dialog, pixels.
+LEFT_BUTTON, RIGHT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 329), (451, 97), (300, 98)
+
+
+class Visit:
+    def __init__(self, desktop: Desktop, store: Path) -> None:
+        self.desktop = desktop
+        self.store = store
+        self.record = (store / "data/Tallowmere Manager 1.0/UserData" / f"{LEARNER[0]} {LEARNER[1]}" / COURSE)
+        self.failures = 0
+
+    def check(self, what: str, holds: bool) -> None:
+        print(("ok    " if holds else "FAILED ") + what)
+        self.failures += not holds
+
+    def resume_line(self) -> str:
+        if not self.record.exists():
+            return ""
+        lines = self.record.read_bytes().decode("cp1252").split("\r\n")
+        return lines[0]
+
+    def recorded(self, module: str, page: str) -> bool:
+        """The first touch of a module adds its line; every other page moves the resume line."""
+        if page == "0001.txm":
+            return f'\r\n"{module}",'.encode() in self.record.read_bytes()
+        return self.resume_line() == f'"{module}","{page}"'
+
+    def pages(self) -> list[tuple[str, str]]:
+        """Module and page of every page of the course, in reading order."""
+        found: list[tuple[str, str]] = []
+        for folder in sorted(self.store.glob("rt01??")):
+            for line in (folder / "Map.txt").read_text(encoding="cp1252").splitlines()[3:]:
+                if line:
+                    found.append((folder.name, line.split("*")[0]))
+        return found
+
+    def choose_course(self, picture: str) -> None:
+        dialog = self.desktop.await_window(*DIALOG, what="the course choice")
+        self.desktop.key("Down")
+        time.sleep(0.3)
+        dialog.point(*LEFT_BUTTON)
+        time.sleep(0.2)
+        self.desktop.picture(picture)
+        dialog.click(*LEFT_BUTTON)
+
+    def register(self) -> None:
+        self.desktop.await_window(450, 246, "the splash")
+        self.desktop.picture("02-splash")
+        self.desktop.await_window(*COURSE_SCREEN, what="the course screen")
+        login = self.desktop.await_window(*DIALOG, what="the sign-in screen")
+        self.desktop.picture("03-user-login")
+        login.click(*REGISTER)
+        time.sleep(0.5)
+        form = self.desktop.await_window(*DIALOG, what="the registration")
+        form.click(*FIRST_BOX)
+        for text in LEARNER:
+            self.desktop.type(text)
+            self.desktop.key("Tab")
+        time.sleep(0.3)
+        self.desktop.picture("04-registration")
+        form.click(*LEFT_BUTTON)
+        wait_for(lambda: self.resume_line() != "", "the learner's record")
+        self.check("the registration makes the learner's folder", self.record.exists())
+
+    def read_to_the_end(self) -> Path:
+        pages = self.pages()
+        screen = Window(self.desktop, 0, 0)
+        screen.point(512, 300)
+        wait_for(lambda: self.desktop.window(*DIALOG) is None, "the end of the sign-in")
+        time.sleep(0.3)
+        self.desktop.picture("05-first-page")
+        for number, (module, page) in enumerate(pages[1:], start=2):
+            self.desktop.key("Right")
+            wait_for(lambda: self.recorded(module, page), f"page {page} of {module}")
+            if number % 8 == 0:
+                time.sleep(0.2)
+                self.desktop.picture(f"06-page-{module}-{page[:4]}")
+        time.sleep(0.3)
+        self.check(f"all {len(pages)} pages were read", self.resume_line() == f'"{pages[-1][0]}","{pages[-1][1]}"')
+        self.check("every module has its line",
+                   self.record.read_bytes().count(b"\r\n") == 1 + len({module for module, _ in pages}))
+        return self.desktop.picture("07-last-page")
+
+    def go_back_and_return(self) -> None:
+        last = self.resume_line()
+        screen = Window(self.desktop, 0, 0)
+        screen.click(907, 751)
+        wait_for(lambda: self.resume_line() != last, "the page before")
+        time.sleep(0.2)
+        self.desktop.picture("08-page-before")
+        # A test page stepped over on the way back has left a return point of its own.
+        for _ in range(3):
+            if self.resume_line() != last:
+                screen.click(813, 751)
+                time.sleep(0.4)
+        self.check("the Return button leads back", self.resume_line() == last)
+        screen.point(512, 300)
+
+    def leave(self, picture: str | None) -> None:
+        self.desktop.key("Escape")
+        time.sleep(0.7)
+        if picture is not None:
+            self.desktop.picture(picture)
+        self.desktop.key("alt+y")
+
+    def come_back(self, last: Path) -> None:
+        program = self.desktop.start(self.store / "tallowmere")
+        self.choose_course("10-course-choice-again")
+        self.desktop.await_window(*COURSE_SCREEN, what="the course screen")
+        welcome = self.desktop.await_window(*DIALOG, what="the welcome")
+        self.desktop.picture("11-welcome")
+        before = self.resume_line()
+        welcome.click(*LEFT_BUTTON)
+        Window(self.desktop, 0, 0).point(512, 300)
+        wait_for(lambda: self.desktop.window(*DIALOG) is None, "the end of the sign-in")
+        time.sleep(0.5)
+        again = self.desktop.picture("12-the-same-page")
+        self.check("the record still stands on the page left", self.resume_line() == before)
+        # Only the Return button differs: its places are those of the run before.
+        self.check("the screen shows the page left", differing_pixels(last, again, "1024x731+0+0") == 0)
+        self.leave(None)
+        wait_for(lambda: program.poll() is not None, "the end of the program")
+        self.check("the program ends well", program.returncode == 0)
+
+    def run(self) -> None:
+        program = self.desktop.start(self.store / "tallowmere")
+        self.choose_course("01-course-choice")
+        self.register()
+        last = self.read_to_the_end()
+        self.go_back_and_return()
+        self.leave("09-exit-question")
+        wait_for(lambda: program.poll() is not None, "the end of the program")
+        self.check("the program ends well", program.returncode == 0)
+        self.come_back(last)
+
+
+def main() -> int:
+    store, out = Path(sys.argv[1]), Path(sys.argv[2])
+    dpi = int(sys.argv[3]) if len(sys.argv) > 3 else 96
+    shutil.rmtree(out, ignore_errors=True)
+    out.mkdir(parents=True)
+    # The visit plays on a copy, so that the store's own learners are left alone.
+    playground = out / "store"
+    shutil.copytree(store, playground, ignore=shutil.ignore_patterns("data"))
+    with Desktop(out, dpi) as desktop:
+        visit = Visit(desktop, playground)
+        visit.run()
+    shutil.move(playground / "data", out / "learner")
+    shutil.rmtree(playground)
+    print(f"Pictures and the learner's files are in {out}/")
+    return 1 if visit.failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,121 @@
+"""A desktop of its own for the scripted visit: X server, window manager, keys, clicks and pictures."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+from collections.abc import Callable
+from pathlib import Path
+
+PATIENCE = 20.0  # seconds until something that was waited for counts as not coming
+
+
+class Desktop:
+    """Starts the X server and window manager; use as a context manager."""
+
+    def __init__(self, pictures: Path, dpi: int) -> None:
+        self.pictures = pictures
+        self.dpi = dpi
+        self.processes: list[subprocess.Popen[bytes]] = []
+        self.environment = dict(os.environ)
+        self.runtime = tempfile.mkdtemp(prefix="visit-")
+
+    def __enter__(self) -> "Desktop":
+        receive, send = os.pipe()
+        self.processes.append(subprocess.Popen(
+            ["Xvfb", "-displayfd", str(send), "-screen", "0", "1024x768x24", "-dpi", str(self.dpi),
+             "-nolisten", "tcp"],
+            pass_fds=[send], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+        os.close(send)
+        with os.fdopen(receive) as pipe:
+            number = pipe.readline().strip()
+        self.environment.update(DISPLAY=f":{number}", XDG_RUNTIME_DIR=self.runtime)
+        self.processes.append(subprocess.Popen(["openbox"], env=self.environment,
+                                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+        wait_for(lambda: "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                 "the window manager")
+        self.run("xsetroot", "-solid", "#5A5A78")
+        return self
+
+    def __exit__(self, *_: object) -> None:
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+        shutil.rmtree(self.runtime, ignore_errors=True)
+
+    def start(self, program: Path) -> subprocess.Popen[bytes]:
+        process = subprocess.Popen([program], env=self.environment)
+        self.processes.append(process)
+        return process
+
+    def run(self, *command: str) -> None:
+        subprocess.run(command, env=self.environment, check=False, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL)
+
+    def ask(self, *command: str) -> str:
+        return subprocess.run(command, env=self.environment, check=False, capture_output=True,
+                              text=True).stdout
+
+    def key(self, *keys: str) -> None:
+        self.run("xdotool", "key", *keys)
+
+    def type(self, text: str) -> None:
+        self.run("xdotool", "type", "--delay", "5", text)
+
+    def picture(self, name: str) -> Path:
+        """Takes a picture of the screen."""
+        path = self.pictures / f"{name}.png"
+        self.run("import", "-window", "root", str(path))
+        return path
+
+    def window(self, width: int, height: int) -> "Window | None":
+        """The visible window of the program that has that size."""
+        for number in self.ask("xdotool", "search", "--onlyvisible", "--name", "Tallowmere").split():
+            facts = dict(line.strip().split(":", 1) for line in
+                         self.ask("xwininfo", "-id", number).splitlines() if ":" in line)
+            if (facts.get("Width", "").strip(), facts.get("Height", "").strip()) == (str(width), str(height)):
+                return Window(self, int(facts["Absolute upper-left X"]), int(facts["Absolute upper-left Y"]))
+        return None
+
+    def await_window(self, width: int, height: int, what: str) -> "Window":
+        found: list[Window] = []
+
+        def look() -> bool:
+            window = self.window(width, height)
+            if window is not None:
+                found.append(window)
+            return window is not None
+
+        wait_for(look, what)
+        time.sleep(0.3)  # the first picture is painted
+        return found[-1]
+
+
+class Window:
+    """A window found on the desktop; places are pixels within it."""
+
+    def __init__(self, desktop: Desktop, x: int, y: int) -> None:
+        self.desktop, self.x, self.y = desktop, x, y
+
+    def point(self, x: int, y: int) -> None:
+        self.desktop.run("xdotool", "mousemove", str(self.x + x), str(self.y + y))
+
+    def click(self, x: int, y: int) -> None:
+        self.point(x, y)
+        self.desktop.run("xdotool", "click", "1")
+
+
+def wait_for(condition: Callable[[], bool], what: str) -> None:
+    end = time.monotonic() + PATIENCE
+    while not condition():
+        if time.monotonic() > end:
+            raise SystemExit(f"visit: {what} did not come")
+        time.sleep(0.05)
+
+
+def differing_pixels(one: Path, other: Path, area: str) -> int:
+    """How many pixels of an area ("WxH+X+Y") differ between two pictures."""
+    result = subprocess.run(["compare", "-metric", "AE", "-extract", area, str(one), str(other), "null:"],
+                            capture_output=True, text=True, check=False)
+    return int(float(result.stderr.split()[0]))
