@@ -13,7 +13,7 @@ from pathlib import Path
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
 
 COURSE = "Cash desk and customers"
-LEARNER = ("Zoë", "Lindqvist", "zoe@example.com")
+LEARNER = ("Ida", "Lindqvist", "ida@example.com")
 DIALOG = (520, 360)
 COURSE_SCREEN = (1024, 768)
 PAGE_AREA = "1024x768+0+0"

@@ -35,6 +35,8 @@ class Desktop:
                                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
         wait_for(lambda: "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                  "the window manager")
+        subprocess.run(["xrdb", "-nocpp", "-merge", "-"], env=self.environment, check=True,
+                       input=f"Xft.dpi: {self.dpi}\n".encode())
         self.run("xsetroot", "-solid", "#5A5A78")
         return self
 
@@ -61,7 +63,7 @@ class Desktop:
         self.run("xdotool", "key", *keys)
 
     def type(self, text: str) -> None:
-        self.run("xdotool", "type", "--delay", "5", text)
+        self.run("xdotool", "type", "--delay", "40", text)
 
     def picture(self, name: str) -> Path:
         """Takes a picture of the screen."""

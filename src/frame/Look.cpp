@@ -9,10 +9,10 @@ namespace {
 
 // The palette of the skin: 6666FF blue with its darker edge 4747B2, CCCCFF light, white, 999999 grey.
 constexpr const char* kSheet = R"(
-QMessageBox { background: #FFFFFF; }
-QMessageBox QLabel { color: #333333; font: 10pt "Arial"; min-width: 260px; }
+QMessageBox { background: #FFFFFF; dialogbuttonbox-buttons-have-icons: 0; }
+QMessageBox QLabel { color: #333333; }
 QMessageBox QPushButton {
-  background: #6666FF; color: #FFFFFF; font: bold 9pt "Arial"; border: 1px solid #4747B2;
+  background: #6666FF; color: #FFFFFF; font-weight: bold; border: 1px solid #4747B2;
   border-radius: 4px; min-width: 74px; min-height: 20px; padding: 3px 8px; }
 QMessageBox QPushButton:hover, QMessageBox QPushButton:focus { background: #CCCCFF; color: #000000; }
 QComboBox { background: #FFFFFF; color: #333333; border: 1px solid #4747B2; border-radius: 3px;
@@ -44,5 +44,7 @@ void ApplyLook(QApplication& application) {
   QFont font(QStringLiteral("Arial"));
   font.setPointSizeF(9);
   QApplication::setFont(font);
+  font.setPointSizeF(10);
+  QApplication::setFont(font, "QMessageBox");
   application.setStyleSheet(QString::fromLatin1(kSheet));
 }

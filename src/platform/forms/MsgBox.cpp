@@ -1,5 +1,6 @@
 #include "platform/forms/MsgBox.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 
@@ -33,6 +34,7 @@ MsgAnswer Show(const MsgBoxCall& call) {
   box.setWindowTitle(call.Title.isEmpty() ? FormLife::RunTitle() : call.Title);
   box.setStandardButtons(call.Buttons == MsgButtons::Ok ? QMessageBox::Ok
                                                         : QMessageBox::Yes | QMessageBox::No);
+  for (QAbstractButton* button : box.buttons()) button->setIcon({});
   if (call.Buttons == MsgButtons::YesNo) box.setEscapeButton(QMessageBox::No);
   const int answer = box.exec();
   if (call.Buttons == MsgButtons::Ok) return MsgAnswer::Ok;

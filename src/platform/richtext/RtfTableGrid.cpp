@@ -11,6 +11,10 @@ constexpr int kUsualCell = 1440;     // twips, of a cell that the row does not d
 constexpr int kSameEdge = 20;        // twips; writers round the edges of one column differently
 constexpr int kNarrowest = 30;       // twips
 
+double LineWidth(const RtfBorder& line, const PageMetrics& metrics) {
+  return line.Width <= 0 ? 0.0 : std::max(metrics.Pixels(line.Width), 1.0);
+}
+
 QTextFrameFormat::BorderStyle StyleOf(const RtfBorder& border) {
   if (border.Width <= 0) return QTextFrameFormat::BorderStyle_None;
   if (border.IsDouble) return QTextFrameFormat::BorderStyle_Double;
@@ -126,33 +130,50 @@ QTextTableFormat RtfTableGrid::Format(const RtfFormats& formats) const {
   if (row.Align == RtfAlign::Left) format.setLeftMargin(metrics.Pixels(std::max(edges_.front(), 0)));
   QList<QTextLength> widths;
   for (size_t i = 1; i < edges_.size(); ++i) {
-    widths.append(QTextLength(QTextLength::FixedLength, metrics.Pixels(edges_[i] - edges_[i - 1])));
+    // The outer lines stand half outside: the table must not grow wider than its edges for them.
+    double width = metrics.Pixels(edges_[i] - edges_[i - 1]);
+    if (i == 1) width -= Overhang(kLeftSide, metrics);
+    if (i + 1 == edges_.size()) width -= Overhang(kRightSide, metrics);
+    widths.append(QTextLength(QTextLength::FixedLength, std::max(width, 0.0)));
   }
   format.setColumnWidthConstraints(widths);
   return format;
+}
+
+RtfBorder RtfTableGrid::BorderOf(const RtfGridCell& cell, RtfSide side) const {
+  const RtfBorder& own = cell.Props.Borders[side];
+  if (own.Width != 0) return own;
+  const bool isOuter = side == kLeftSide    ? cell.Column == 0
+                       : side == kRightSide ? cell.Column + cell.ColumnSpan == ColumnCount()
+                       : side == kTopSide   ? cell.Row == 0
+                                            : static_cast<size_t>(cell.Row + cell.RowSpan) == rows_.size();
+  const bool isAcross = side == kLeftSide || side == kRightSide;
+  return cell.RowProps->Borders[isOuter ? static_cast<size_t>(side) : (isAcross ? 4u : 5u)];
+}
+
+double RtfTableGrid::Overhang(RtfSide side, const PageMetrics& metrics) const {
+  double widest = 0;
+  for (const RtfGridCell& cell : cells_) {
+    const bool isOuter =
+        side == kLeftSide ? cell.Column == 0 : cell.Column + cell.ColumnSpan == ColumnCount();
+    if (isOuter) widest = std::max(widest, LineWidth(BorderOf(cell, side), metrics));
+  }
+  return widest / 2;
 }
 
 QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfFormats& formats) const {
   const PageMetrics& metrics = formats.Metrics();
   const RtfHeader& header = formats.Header();
   QTextTableCellFormat format;
-  const auto border = [&](RtfSide side, bool isOuter) {
-    const RtfBorder& own = cell.Props.Borders[side];
-    if (own.Width != 0) return own;
-    const bool isAcross = side == kLeftSide || side == kRightSide;
-    return cell.RowProps->Borders[isOuter ? static_cast<size_t>(side) : (isAcross ? 4u : 5u)];
-  };
   const auto pen = [&](const RtfBorder& line) {
     const QColor colour = header.ColourOf(line.Colour);
     return QBrush(colour.isValid() ? colour : QColor(Qt::black));
   };
-  const auto width = [&](const RtfBorder& line) {
-    return line.Width <= 0 ? 0.0 : std::max(metrics.Pixels(line.Width), 1.0);
-  };
-  const RtfBorder left = border(kLeftSide, cell.Column == 0);
-  const RtfBorder right = border(kRightSide, cell.Column + cell.ColumnSpan == ColumnCount());
-  const RtfBorder top = border(kTopSide, cell.Row == 0);
-  const RtfBorder bottom = border(kBottomSide, static_cast<size_t>(cell.Row + cell.RowSpan) == rows_.size());
+  const auto width = [&](const RtfBorder& line) { return LineWidth(line, metrics); };
+  const RtfBorder left = BorderOf(cell, kLeftSide);
+  const RtfBorder right = BorderOf(cell, kRightSide);
+  const RtfBorder top = BorderOf(cell, kTopSide);
+  const RtfBorder bottom = BorderOf(cell, kBottomSide);
   format.setLeftBorder(width(left));
   format.setLeftBorderStyle(StyleOf(left));
   format.setLeftBorderBrush(pen(left));

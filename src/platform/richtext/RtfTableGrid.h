@@ -37,6 +37,10 @@ class RtfTableGrid {
   void PlaceRow(int row, const RtfRow& source, const RtfRowProps& props);
   void ExtendDown(int row, int column, int columnSpan);
   int ColumnAt(int edge) const;
+  // The line on one side of a cell, its own or its row's.
+  RtfBorder BorderOf(const RtfGridCell& cell, RtfSide side) const;
+  // Pixels by which the lines on the outer side of a column stand over its edge.
+  double Overhang(RtfSide side, const PageMetrics& metrics) const;
 
   std::vector<RtfRowProps> rows_;  // with a description for every cell
   std::vector<int> edges_;         // ascending, twips

@@ -3,6 +3,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QTextFrame>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -58,6 +59,8 @@ TextControl::TextControl(QWidget* container, const QString& name)
   setContextMenuPolicy(Qt::NoContextMenu);
   verticalScrollBar()->setStyleSheet(kScrollBarLook);
   horizontalScrollBar()->setStyleSheet(kScrollBarLook);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &TextControl::FitHorizontalBar);
   connect(this, &QTextBrowser::anchorClicked, this,
           [this](const QUrl& link) { FollowLink(link.toString()); });
   page_.Document = std::make_unique<QTextDocument>();
@@ -128,6 +131,14 @@ void TextControl::ShowAgain() {
   document()->size();
   verticalScrollBar()->setValue(static_cast<int>(std::lround(part * verticalScrollBar()->maximum())));
   TellMoved();
+}
+
+// A table that stands out into the right margin hides nothing: the page is not scrolled sideways for it.
+void TextControl::FitHorizontalBar() {
+  const double margin = document()->rootFrame()->frameFormat().rightMargin();
+  const bool hidesText = horizontalScrollBar()->maximum() > margin;
+  setHorizontalScrollBarPolicy(hidesText ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  if (!hidesText && horizontalScrollBar()->maximum() > 0) horizontalScrollBar()->setRange(0, 0);
 }
 
 void TextControl::SetLook() {

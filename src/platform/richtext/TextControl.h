@@ -86,6 +86,7 @@ class TextControl : public QTextBrowser, public Control {
   void ShowPage(RichPage&& page);
   void ShowAgain();
   void SetLook();
+  void FitHorizontalBar();
   void TellMoved();
   void FollowLink(const QString& href);
   QTextCursor LinkAt(int position, int number) const;
