@@ -36,10 +36,9 @@ constexpr double HeaderPoints = 14.25, CourseNamePoints = 11.25, ButtonPoints = 
 constexpr double ShrunkPageWidth = 15228, ShrunkPageHeight = 9948;  // on a display of another scale
 }  // namespace Layout
 
-constexpr int kBarText = 0xFFFFFF;
+constexpr int kBarText = 0xFFFFFF, kBarBack = 0x999999;
 constexpr int kLeavingTick = 300;    // ms
 constexpr double kDesignScale = 15;  // twips per pixel
-constexpr int kAllowPages = 38;      // load option
 
 const ButtonImages kNextImages{"nextOn.jpg", "nextOff.jpg", "nextDis.jpg"};
 const ButtonImages kPrevImages{"previousOn.jpg", "previousOff.jpg", "backDis.jpg"};
@@ -55,6 +54,7 @@ Label* AddBarLabel(QWidget* container, const char* name, const Place& place, dou
   label->Move(place);
   label->SetFont(points, true);
   label->SetForeColor(kBarText);
+  label->SetBackColor(kBarBack);
   label->SetElided(true);
   return label;
 }
@@ -126,7 +126,6 @@ void Form1::Form_Load() {
   try {
     ScaleFormToDisplay(*this);
     const bool shrink = Screen::TwipsPerPixelX() != kDesignScale;
-    txTextControl1_->LoadOption(kAllowPages, true);
     if (shrink) {
       txTextControl1_->SetPageWidth(Layout::ShrunkPageWidth);
       txTextControl1_->SetPageHeight(Layout::ShrunkPageHeight);
@@ -174,8 +173,12 @@ void Form1::InitNewCourse() {
 
 bool Form1::AgreeToLeave() {
   if (!ConfirmLeaving()) return false;
+  try {
+    pages_.RecordCurrentPage();
+  } catch (const RunTimeError& error) {
+    MsgBox(error.Description());  // told, but no reason to keep the learner here
+  }
   gExitingCourse = true;
-  pages_.RecordCurrentPage();
   return true;
 }
 

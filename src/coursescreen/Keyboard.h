@@ -15,6 +15,10 @@ class Keyboard {
   void KeyReleased(int key, Qt::KeyboardModifiers modifiers);
 
  private:
+  void NextByKey();
+  void PrevByKey();
+  void ReturnByKey();
+
   Form1& screen_;
   SkinButton& nextBtn_;
   SkinButton& prev_;

@@ -16,6 +16,7 @@ using Look = SkinButton::Look;
 
 constexpr int kLeadIn = 30;  // bytes before the page in a page file
 constexpr int kPageFormat = 3;
+constexpr int kListLoad = 37, kShowPages = 38;  // load options
 
 QString MapPath(int module) {
   return gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QStringLiteral("\\Map.txt");
@@ -46,6 +47,9 @@ void PageTurning::InitCourseDisplay() {
   gExitingCourse = false;
   hasPage_ = false;
   ClearReturnStack();
+  Disable(controls_.Return_Btn);
+  controls_.Page->SetProperty2(true);
+  controls_.Page->LoadOption(kShowPages, true);
   if (!IgnoreErrors([this] { OpenFirstModule(); })) {
     gCurrentModule = 0;
     OpenFirstModule();
@@ -73,6 +77,7 @@ QString PageTurning::LoadModule(int module, const std::function<void()>& chooseP
     gPageList.LoadExistingList(MapPath(module), moduleName);
     choosePage();
     pageName = gPageList.GetCurrentPageName();
+    controls_.Page->LoadOption(kListLoad, true);
     ShowPage(module, pageName);
   } catch (const RunTimeError& error) {
     MsgBox(error.Description());
@@ -108,6 +113,7 @@ QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
 }
 
 void PageTurning::RecordCurrentPage() {
+  if (gPageList.GetCurrentPageName().isEmpty()) return;  // no map: there is nothing to record
   const QString topic = gPageList.GetCurrentPageTopName();
   const ModuleRecord& module = ModuleAt(gCurrentModule);
   if (!topic.isEmpty()) controls_.Header->SetCaption(module.ModuleName + QStringLiteral(" : ") + topic);
@@ -151,14 +157,17 @@ void PageTurning::PrevPage() {
 void PageTurning::TurnToPrevPage() {
   // Going back never stops on a test page: a run of them is stepped over, each leaving its own return
   // point and record.
-  do {
-    StepBack();
-  } while (gPageList.GetCurrentPageTpye() == QStringLiteral("Test"));
+  while (StepBack() && gPageList.GetCurrentPageTpye() == QStringLiteral("Test")) {
+  }
 }
 
-// One step back, with errors ignored.
-void PageTurning::StepBack() {
+// One step back, with errors ignored. False where there is no page before.
+bool PageTurning::StepBack() {
   LeaveReturnPoint();
+  if (AtCourseStart()) {
+    DisablePrev();
+    return false;
+  }
   const QString previous = gPageList.GetPrevPageName();
   if (!previous.isEmpty()) {
     IgnoreErrors([&] { ShowPage(gCurrentModule, previous); });
@@ -166,11 +175,11 @@ void PageTurning::StepBack() {
   } else {
     --gCurrentModule;
     gPageList.CleanUp();
-    gPageList.InitLinedList();
-    if (gCurrentModule >= 0) LoadModuleFirstPage(gCurrentModule, true);
+    LoadModuleFirstPage(gCurrentModule, true);
   }
   IgnoreErrors([this] { RecordCurrentPage(); });
   if (AtCourseStart()) DisablePrev();
+  return true;
 }
 
 void PageTurning::Jump(int module, const std::function<void()>& load) {

@@ -59,7 +59,7 @@ class PageTurning {
  private:
   void TurnToNextPage();
   void TurnToPrevPage();
-  void StepBack();
+  bool StepBack();
   void OpenFirstModule();
   void LeaveReturnPoint();
   void Jump(int module, const std::function<void()>& load);

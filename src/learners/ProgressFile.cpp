@@ -107,8 +107,8 @@ ResumeLine ReadResumeLine(const QString& folderName, const QString& courseName) 
 
 void RecordModuleProgress(const QString& moduleId, const QString& topic, const QString& firstName,
                           const QString& lastName, const TestFields& tests, const QString& folderName) {
-  const QString ownFolder = LearnerFolder(firstName, lastName);
-  const QString folder = ownFolder.isEmpty() ? folderName : ownFolder;
+  const bool byFolder = firstName.isEmpty() && !folderName.isEmpty();
+  const QString folder = byFolder ? folderName : LearnerFolder(firstName, lastName);
   if (folder.isEmpty()) return;
   const QString id = ProgressText(moduleId);
   const QString viewed = ProgressText(topic);

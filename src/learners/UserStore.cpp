@@ -45,7 +45,10 @@ QString LearnerPath(const QString& folderName) {
 
 void CreateUser(const QString& firstName, const QString& lastName, const QString& email) {
   const QString folder = LearnerFolder(firstName, lastName);
-  if (folder.isEmpty()) return;
+  if (folder.isEmpty()) {  // nobody: whoever was signed in before must not be recorded for them
+    SignIn(firstName, lastName, email);
+    return;
+  }
   const QString learner = LearnerPath(folder);
   MakeFolder(gDriveRoot);  // a fresh installation has no data folder yet
   MakeFolder(gDriveRoot + kProductFolder);

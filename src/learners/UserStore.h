@@ -26,7 +26,8 @@ QString UserDataPath();
 QString LearnerPath(const QString& folderName);
 
 // Makes what is missing of the folders, writes the learner's record in place of an older one, and signs
-// the learner in. With neither name nothing happens. A failure is a RunTimeError, nobody new signed in.
+// the learner in. With neither name nothing is written and nobody is signed in. A failure is a RunTimeError,
+// nobody new signed in.
 void CreateUser(const QString& firstName, const QString& lastName, const QString& email);
 // The names of the learners' folders.
 QStringList ListUsers();

@@ -38,4 +38,6 @@ Clock& Clock::Current() {
   return g_replacement != nullptr ? *g_replacement : system;
 }
 
-void Clock::Replace(Clock* clock) { g_replacement = clock; }
+void Clock::Replace(Clock* clock) {
+  g_replacement = clock;
+}

@@ -61,13 +61,18 @@ void NewUserLogin::Form_Activate() {
   timer1_.SetEnabled(true);
 }
 
+void NewUserLogin::Form_Deactivate() {
+  timer1_.SetEnabled(false);
+}
+
 void NewUserLogin::Timer1_Timer() {
   // The e-mail box plays no part here.
   const bool enabled = !FirstNameBox()->Text().isEmpty() && !LastNameBox()->Text().isEmpty();
   signIn_Btn_->SetEnabled(enabled);
-  signIn_Btn_->Show(!enabled                  ? SkinButton::Look::Disabled
-                    : signIn_Btn_->HasFocus() ? SkinButton::Look::On
-                                              : SkinButton::Look::Off);
+  const bool hasFocus = ActiveControl() == signIn_Btn_;  // also while a message box is up
+  signIn_Btn_->Show(!enabled   ? SkinButton::Look::Disabled
+                    : hasFocus ? SkinButton::Look::On
+                               : SkinButton::Look::Off);
 }
 
 bool NewUserLogin::AcceptName(TextBox* box) {

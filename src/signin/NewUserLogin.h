@@ -14,6 +14,7 @@ class NewUserLogin final : public PersonForm {
  protected:
   void Form_Load() override;
   void Form_Activate() override;
+  void Form_Deactivate() override;
   void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:

@@ -5,6 +5,8 @@
 #include "frame/ProgramState.h"
 #include "learners/ProgressFile.h"
 #include "learners/UserStore.h"
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
 
 namespace {
 
@@ -20,10 +22,47 @@ void SetButtonsAtTheEnds() {
   if (gPageList.GetPrevPageName().isEmpty() && gCurrentModule == 0) screen.Pages().DisablePrev();
 }
 
+// The names that lead to a learner's folder. After a rename that failed half-way the record holds
+// others, which may be a colleague's: the folder is who the learner is.
+void TakeNamesFromFolder(UserRecord& user, const QString& folder) {
+  if (LearnerFolder(user.FirstName, user.LastName) == folder) return;
+  user.FirstName = folder.section(QLatin1Char(' '), 0, 0);
+  user.LastName = folder.section(QLatin1Char(' '), 1);
+  if (LearnerFolder(user.FirstName, user.LastName) != folder) {
+    throw RunTimeError(Describe("learner-folder", folder));
+  }
+}
+
+// Runs the steps of opening one by one. Starting over, a step that fails is skipped; else it ends the
+// opening, and the first page of the course comes back, where whoever signs in next begins.
+class OpeningSteps {
+ public:
+  explicit OpeningSteps(MissingModule missing) : missing_(missing) {}
+
+  template <typename Step>
+  void Run(Step&& step) {
+    if (missing_ == MissingModule::StartOver) {
+      IgnoreErrors(step);
+      return;
+    }
+    try {
+      step();
+    } catch (const RunTimeError&) {
+      gCurrentModule = 0;
+      Default<Form1>().Pages().LoadModuleFirstPage(0);
+      throw;
+    }
+  }
+
+ private:
+  MissingModule missing_;
+};
+
 }  // namespace
 
 void SignInFromFolder(const QString& folder) {
-  const UserRecord user = ReadUserFile(folder);
+  UserRecord user = ReadUserFile(folder);
+  TakeNamesFromFolder(user, folder);
   gUserFirstName = user.FirstName;
   gUserLastName = user.LastName;
   gUserEmail = user.Email;
@@ -32,6 +71,7 @@ void SignInFromFolder(const QString& folder) {
 void StartCourseRecord() {
   WriteResumeLine();
   Default<Form1>().Pages().RecordCurrentPage();
+  SetButtonsAtTheEnds();
 }
 
 bool HasCourseRecord() {
@@ -39,17 +79,18 @@ bool HasCourseRecord() {
 }
 
 void OpenAtResumePage(MissingModule missing) {
-  const ResumeLine resume = ReadResumeLine(SignedInFolder(), CurrentCourse().CourseName);
-  QString page = resume.Page;
+  OpeningSteps steps(missing);
+  ResumeLine resume;
+  steps.Run([&] { resume = ReadResumeLine(SignedInFolder(), CurrentCourse().CourseName); });
   const int module = ModuleIndex(resume.Module);
   if (module >= 0) {
     gCurrentModule = module;
   } else if (missing == MissingModule::StartOver) {
     gCurrentModule = 0;
-    page = QStringLiteral("0001.txm");
+    resume.Page = QStringLiteral("0001.txm");
   }
-  Form1& screen = Default<Form1>();
-  screen.Pages().LoadModuleAtPage(gCurrentModule, page);
-  screen.Pages().RecordCurrentPage();
+  PageTurning& pages = Default<Form1>().Pages();
+  steps.Run([&] { pages.LoadModuleAtPage(gCurrentModule, resume.Page); });
+  steps.Run([&] { pages.RecordCurrentPage(); });
   SetButtonsAtTheEnds();
 }

@@ -28,7 +28,9 @@ void OpenCourse() {
   auto& splash = Default<SplashScreen>();
   splash.Show();
   splash.Refresh();
+  splash.SetLoading(true);
   if (auto* screen = LoadedForm<Form1>()) screen->Unload();
   Default<Form1>();
+  splash.SetLoading(false);
   if (!CourseIsOpen()) GiveUp();
 }

@@ -54,6 +54,7 @@ void SplashScreen::Form_Load() {
 }
 
 void SplashScreen::Timer1_Timer() {
+  if (loading_) return;
   timer1_.SetEnabled(false);
   Unload();
 }

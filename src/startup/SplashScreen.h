@@ -11,6 +11,9 @@ class SplashScreen final : public Form {
  public:
   SplashScreen();
 
+  // While the course loads the splash stands, also when a message box of the load lets its timer tick.
+  void SetLoading(bool loading) { loading_ = loading; }
+
   // Unloads the splash without its decision: the course behind it did not open.
   void Abandon();
 
@@ -26,5 +29,5 @@ class SplashScreen final : public Form {
 
   PictureBox* artwork_;
   Timer timer1_{this, QStringLiteral("Timer1")};
-  bool abandoned_ = false;
+  bool abandoned_ = false, loading_ = false;
 };

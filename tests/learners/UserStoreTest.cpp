@@ -66,7 +66,7 @@ TEST(UserStore, NobodyIsNotRegistered) {
   const LearnerStore store;
   CreateUser("", "", "a@b.c");
   EXPECT_EQ(store.Program.Names("."), QStringList());
-  EXPECT_EQ(gUserFirstName, "Ann");
+  EXPECT_EQ(gUserFirstName, "");
 }
 
 TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {

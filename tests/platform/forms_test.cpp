@@ -44,6 +44,7 @@ class LoggedForm : public Form {
   ButtonFamily family;
   Timer timer{this, QStringLiteral("Timer1")};
   bool mayClose = true;
+  QString failure;  // the handler that fails
 
  protected:
   void Form_Load() override { Log("load"); }
@@ -51,9 +52,13 @@ class LoggedForm : public Form {
   void Form_Deactivate() override { Log("deactivate"); }
   bool Form_QueryUnload(UnloadMode mode) override {
     Log(mode == UnloadMode::ControlBox ? "query by window" : "query by code");
+    if (failure == "query") throw RunTimeError("query failed");
     return mayClose;
   }
-  void Form_Unload() override { Log("unload"); }
+  void Form_Unload() override {
+    Log("unload");
+    if (failure == "unload") throw RunTimeError("unload failed");
+  }
   void Form_KeyUp(int key, Qt::KeyboardModifiers) override { Log(QStringLiteral("key %1").arg(key, 0, 16)); }
 
  private:
@@ -87,7 +92,11 @@ TEST_F(FormsTest, AMentionMakesAndLoadsTheFormOnce) {
   First& form = Default<First>();
   EXPECT_EQ(&form, &Default<First>());
   EXPECT_EQ(TakeLog(), QStringList{"1 load"});
+  EXPECT_EQ(FormLoadPosition(form), 1);
+  EXPECT_TRUE(IsFormLoadedByName("Form1"));
+  EXPECT_FALSE(IsFormLoadedByName("form1"));
   form.Unload();
+  EXPECT_EQ(FormLoadPosition(form), 0);
   EXPECT_EQ(LoadedForm<First>(), nullptr);
   EXPECT_NE(&form, &Default<First>());  // a mention after the unload makes a fresh one
 }
@@ -97,7 +106,7 @@ TEST_F(FormsTest, ActivationFollowsWhatIsShownHiddenAndUnloaded) {
   Default<Second>().Show();
   EXPECT_EQ(TakeLog(), QStringList({"1 load", "1 activate", "2 load", "1 deactivate", "2 activate"}));
   Default<Second>().Hide();
-  EXPECT_EQ(TakeLog(), QStringList{"1 activate"});
+  EXPECT_EQ(TakeLog(), QStringList({"2 deactivate", "1 activate"}));
   Default<Second>().Show();
   Default<Second>().Unload();
   EXPECT_EQ(TakeLog(),
@@ -114,6 +123,17 @@ TEST_F(FormsTest, TheCloseBoxAsksWithItsModeAndCanBeRefused) {
   EXPECT_TRUE(form.Shown());
   form.mayClose = true;
   form.close();
+  EXPECT_EQ(LoadedForm<First>(), nullptr);
+}
+
+TEST_F(FormsTest, AnErrorInAnUnloadHandlerDoesNotKeepTheForm) {
+  First& form = Default<First>();
+  form.Show();
+  form.failure = "query";
+  EXPECT_THROW(form.Unload(), RunTimeError);
+  EXPECT_TRUE(form.Shown());  // it was not agreed to
+  form.failure = "unload";
+  EXPECT_THROW(form.Unload(), RunTimeError);
   EXPECT_EQ(LoadedForm<First>(), nullptr);
 }
 

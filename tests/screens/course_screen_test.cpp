@@ -96,14 +96,47 @@ TEST_F(CourseScreenTest, GoingBackStepsOverTestPagesAndGoingForwardShowsThem) {
   EXPECT_EQ(gReturnStack.size(), 6);  // every step left a place
 }
 
+TEST_F(CourseScreenTest, PreviousOnTheFirstPageStaysThere) {
+  AddTwoModules();
+  script.When("UserLogin", [](Form& form) { form.close(); });
+  ASSERT_TRUE(Start());
+  PassSplash();
+  Previous(2);
+  EXPECT_EQ(PageText(), "rt0101 0001.txm");
+  EXPECT_EQ(LookOf("Prev"), Look::Disabled);
+  Next();
+  EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(CourseScreenTest, AnExitWhoseRecordFailsIsToldAndLeavesAllTheSame) {
+  for (const char* way : {"escape", "window"}) {
+    SCOPED_TRACE(way);
+    QDir(store.DataPath()).removeRecursively();
+    Form1& screen = Read();
+    store.Write(store.DataPath("Ann Lee/Cash desk"), "\"rt0101\"");
+    messages.Take();
+    messages.Answer({MsgAnswer::Yes});
+    if (way == QLatin1String("escape")) Gui::Key(screen, Qt::Key_Escape);
+    if (way == QLatin1String("window")) screen.close();
+    EXPECT_TRUE(messages.Take().value(1).contains("Cash desk"));
+    EXPECT_EQ(quits, 1);
+    quits = 0;
+    Gui::Settle();
+    OneCopyAgain();
+  }
+}
+
 TEST_F(CourseScreenTest, ATestPageAtTheVeryStartDoesNotStopTheProgram) {
   store.AddModule("rt0101", "Customers", {"0001.txm*Test*", "0002.txm*Topic*Greeting"});
   store.AddModule("rt0102", "Goods", {"0001.txm*Topic*Returns"});
   store.AddLearner("Ann", "Lee", "Cash desk", "\"rt0101\",\"0002.txm\"\r\n");
   ReadAs("Ann", "Lee");
   Previous();
-  Next();
   EXPECT_EQ(PageText(), "rt0101 0001.txm");
+  EXPECT_EQ(LookOf("Prev"), Look::Disabled);
+  Next();
+  EXPECT_EQ(PageText(), "rt0101 0002.txm");
 }
 
 TEST_F(CourseScreenTest, ReturnGoesBackStepByStepAndRunsOut) {

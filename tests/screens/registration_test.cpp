@@ -93,6 +93,16 @@ TEST_F(RegistrationTest, NamesOfBlanksAloneAreCutAndPass) {
   EXPECT_TRUE(QFile::exists(store.DataPath(" Lee/User")));
 }
 
+TEST_F(RegistrationTest, ARegistrationWithoutAnyNameTouchesNobodysRecord) {
+  const QByteArray record =
+      "\"rt0102\",\"0002.txm\"\r\n\"rt0102\",\"_Returns_\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
+  store.AddLearner("Ann", "Lee", "Cash desk", record);
+  script.When("Welcome", [](Form& form) { Gui::Click(form, "New_Btn_3"); });
+  Register(" ", " ", "a@b.c");
+  EXPECT_EQ(Progress("Ann Lee", "Cash desk"), record);
+  EXPECT_TRUE(gUserLastName.isEmpty());
+}
+
 TEST_F(RegistrationTest, TheSignInButtonWaitsForBothNames) {
   ASSERT_TRUE(Start());
   script.When("UserLogin", [](Form& form) { Gui::Click(form, "Here_Btn_5"); });

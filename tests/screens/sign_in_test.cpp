@@ -139,6 +139,33 @@ INSTANTIATE_TEST_SUITE_P(
                       BadRecord{"LineCut", "Cash desk", kAtThePaying + "\"rt0102\",\"_Returns_\",\"\""}),
     [](const auto& row) { return row.param.Name; });
 
+TEST_F(SignInTest, ALearnerWhoseRecordHoldsOtherNamesStaysInTheFolder) {
+  store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying);
+  store.Write(store.DataPath("Ann Lee/User"), "\"Bo\",\"Ek\",\"a@b.c\",\"\",\"\"\r\n");
+  ASSERT_TRUE(Start());
+  script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
+  PassSplash();
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(gUserFirstName + "/" + gUserLastName, "Ann/Lee");
+  EXPECT_FALSE(QFile::exists(store.DataPath("Bo Ek")));
+}
+
+TEST_F(SignInTest, AfterAFailedSignInTheNextLearnerBeginsAtTheFirstPage) {
+  store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying + "\"rt0102\"");
+  store.AddLearner("Bo", "Ek");
+  ASSERT_TRUE(Start());
+  script.When("UserLogin", [this](Form& form) {
+    for (const int learner : {0, 1}) {
+      Gui::Find<ComboBox>(form, "UserName_Cmb_3")->SetListIndex(learner);
+      clock.Advance(100);
+      Gui::Click(form, "SignIN_Btn_5");
+    }
+  });
+  PassSplash();
+  EXPECT_EQ(messages.Take().size(), 1);
+  EXPECT_TRUE(Progress("Bo Ek", "Cash desk").startsWith("\"rt0101\",\"0001.txm\""));
+}
+
 TEST_F(SignInTest, AnUnreadableOnlyLearnerIsToldAndTheListComes) {
   store.AddLearner("Ann", "Lee");
   QFile::remove(store.DataPath("Ann Lee/User"));

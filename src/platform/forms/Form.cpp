@@ -15,24 +15,19 @@ namespace {
 
 Qt::WindowFlags FlagsOf(FormFrame frame) {
   switch (frame) {
-    case FormFrame::Frameless:
-      return Qt::Window | Qt::FramelessWindowHint;
+    case FormFrame::Frameless: return Qt::Window | Qt::FramelessWindowHint;
     case FormFrame::Tool:
       return Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-    case FormFrame::Framed:
-      break;
+    case FormFrame::Framed: break;
   }
   return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 }
 
 Qt::CursorShape ShapeOf(int pointer) {
   switch (pointer) {
-    case kPointerHand:
-      return Qt::PointingHandCursor;
-    case kPointerHourglass:
-      return Qt::WaitCursor;
-    default:
-      return Qt::ArrowCursor;
+    case kPointerHand: return Qt::PointingHandCursor;
+    case kPointerHourglass: return Qt::WaitCursor;
+    default: return Qt::ArrowCursor;
   }
 }
 
@@ -120,17 +115,33 @@ void Form::Minimise() {
 bool Form::Unload(UnloadMode mode) {
   if (!loaded_ || unloading_) return true;
   unloading_ = true;
-  if (!Form_QueryUnload(mode)) {
+  bool agreed = false;
+  try {
+    agreed = Form_QueryUnload(mode);
+  } catch (...) {
+    unloading_ = false;  // the form stays, and can be asked again
+    throw;
+  }
+  if (!agreed) {
     unloading_ = false;
     return false;
   }
-  Form_Unload();
+  try {
+    Form_Unload();
+  } catch (...) {
+    Leave();  // an error in the handler does not keep the form
+    throw;
+  }
+  Leave();
+  return true;
+}
+
+void Form::Leave() {
   for (Timer* timer : timers_)
     timer->SetEnabled(false);
   loaded_ = false;
   Hide();
   FormLife::Bury(this);
-  return true;
 }
 
 void Form::Refresh() {
@@ -144,6 +155,7 @@ void Form::SetMousePointer(int pointer) {
 }
 
 bool Form::event(QEvent* event) {
+  if (event->type() == QEvent::WindowDeactivate) pressedKeys_.clear();  // their releases go elsewhere
   // A click on another of our windows makes it the active form, if no modal one keeps it out.
   const QWidget* modal = QApplication::activeModalWidget();
   if (event->type() == QEvent::WindowActivate && shown_ && (modal == nullptr || modal == this)) {

@@ -79,6 +79,7 @@ class Form : public QWidget {
   friend class FormLife;
 
   void Centre();
+  void Leave();
   void RunModalLoop();
   bool PreviewKey(QEvent* event);
 
@@ -123,6 +124,11 @@ class FormLife {
   static void DeleteTheGone();
   static void EndIfNothingShows();
 };
+
+// The form's position among the loaded forms, from 1; 0 when it is not loaded.
+int FormLoadPosition(const Form& form);
+// Whether a form of that name is loaded. Case counts.
+bool IsFormLoadedByName(const QString& name);
 
 // The loaded form of that class, or nullptr.
 template <typename FormType>

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include "platform/forms/Form.h"
@@ -23,9 +24,13 @@ Life& TheLife() {
 
 }  // namespace
 
-void FormLife::SetRunTitle(const QString& title) { TheLife().RunTitle = title; }
+void FormLife::SetRunTitle(const QString& title) {
+  TheLife().RunTitle = title;
+}
 
-QString FormLife::RunTitle() { return TheLife().RunTitle; }
+QString FormLife::RunTitle() {
+  return TheLife().RunTitle;
+}
 
 const QList<Form*>& FormLife::Loaded() {
   return TheLife().Loaded;
@@ -61,6 +66,7 @@ void FormLife::Forget(Form* form) {
   const bool wasActive = Active() == form;
   TheLife().Activation.removeOne(form);
   if (!form->loaded_) TheLife().Loaded.removeOne(form);
+  if (wasActive && form->loaded_) form->Form_Deactivate();
   if (!wasActive || Active() == nullptr) return;
   Active()->activateWindow();
   Active()->Form_Activate();
@@ -74,7 +80,8 @@ void FormLife::Bury(Form* form) {
 }
 
 void FormLife::DeleteTheGone() {
-  for (Form* form : std::exchange(TheLife().Gone, {})) form->deleteLater();
+  for (Form* form : std::exchange(TheLife().Gone, {}))
+    form->deleteLater();
 }
 
 void FormLife::EndProgram() {
@@ -130,4 +137,17 @@ void FormLife::EndIfNothingShows() {
   }
   TheLife().Ended = true;
   if (TheLife().Quit) TheLife().Quit();
+}
+
+int FormLoadPosition(const Form& form) {
+  for (int i = 0; i < FormLife::Loaded().size(); ++i) {
+    if (FormLife::Loaded().at(i) == &form) return i + 1;
+  }
+  return 0;
+}
+
+bool IsFormLoadedByName(const QString& name) {
+  const auto& loaded = FormLife::Loaded();
+  return std::any_of(loaded.begin(), loaded.end(),
+                     [&name](const Form* form) { return form->Name() == name; });
 }

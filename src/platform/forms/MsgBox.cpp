@@ -15,12 +15,9 @@ std::function<MsgAnswer(const MsgBoxCall&)>& Answerer() {
 
 QMessageBox::Icon QtIcon(MsgIcon icon) {
   switch (icon) {
-    case MsgIcon::Exclamation:
-      return QMessageBox::Warning;
-    case MsgIcon::Information:
-      return QMessageBox::Information;
-    case MsgIcon::None:
-      break;
+    case MsgIcon::Exclamation: return QMessageBox::Warning;
+    case MsgIcon::Information: return QMessageBox::Information;
+    case MsgIcon::None: break;
   }
   return QMessageBox::NoIcon;
 }
@@ -34,7 +31,8 @@ MsgAnswer Show(const MsgBoxCall& call) {
   box.setWindowTitle(call.Title.isEmpty() ? FormLife::RunTitle() : call.Title);
   box.setStandardButtons(call.Buttons == MsgButtons::Ok ? QMessageBox::Ok
                                                         : QMessageBox::Yes | QMessageBox::No);
-  for (QAbstractButton* button : box.buttons()) button->setIcon({});
+  for (QAbstractButton* button : box.buttons())
+    button->setIcon({});
   if (call.Buttons == MsgButtons::YesNo) box.setEscapeButton(QMessageBox::No);
   const int answer = box.exec();
   if (call.Buttons == MsgButtons::Ok) return MsgAnswer::Ok;

@@ -127,7 +127,7 @@ void TextControl::ShowAgain() {
   if (source_.Bytes.isEmpty()) return;
   const QScrollBar& bar = *verticalScrollBar();
   const double part = bar.maximum() > 0 ? static_cast<double>(bar.value()) / bar.maximum() : 0;
-  ShowPage(Read());
+  if (!IgnoreErrors([this] { ShowPage(Read()); })) return;  // keeps the layout it has
   document()->size();
   verticalScrollBar()->setValue(static_cast<int>(std::lround(part * verticalScrollBar()->maximum())));
   TellMoved();
