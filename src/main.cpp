@@ -7,6 +7,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/SkinButton.h"
 #include "startup/Main.h"
+#include "startup/OneCopy.h"
 
 int main(int argc, char** argv) {
   // A pixel stays a pixel: the form fitting does the scaling.
@@ -21,5 +22,7 @@ int main(int argc, char** argv) {
   ApplyLook(application);
   QApplication::setWindowIcon(QIcon(RealPath(SkinPicture(QStringLiteral("tallowmere-64.png")))));
   FormLife::Begin(&QCoreApplication::quit);
-  return Main() ? QApplication::exec() : 0;
+  const int result = Main() ? QApplication::exec() : 0;
+  OneCopy::Release();
+  return result;
 }

@@ -62,7 +62,7 @@ Label* AddBarLabel(QWidget* container, const char* name, const Place& place, dou
 PictureBox* AddBackground(QWidget* form) {
   auto* background = new PictureBox(form, QStringLiteral("Picture2"));
   background->Move(Layout::Picture2);
-  background->SetPicture(SkinPicture(QStringLiteral("CourseScreen.jpg")));
+  IgnoreErrors([background] { background->SetPicture(SkinPicture(QStringLiteral("CourseScreen.jpg"))); });
   return background;
 }
 
@@ -92,8 +92,6 @@ Form1::Form1()
   AddMenuWindow(QStringLiteral("Main_Tool_frm"), Layout::Main_Tool_frm);
   AddMenuWindow(QStringLiteral("Main_Menu_frm"), Layout::Main_Menu_frm);
   AddMenuWindow(QStringLiteral("Main_Topic_frm"), Layout::Main_Topic_frm);
-  return_Btn_->SetEnabled(false);
-  return_Btn_->Show(Look::Disabled);
   nextBtn_->MouseUp = [this] { NextPage(); };
   prev_->MouseUp = [this] { PrevPage(); };
   return_Btn_->Click = [this] { pages_.ReturnToPreviousPlace(); };
@@ -111,7 +109,7 @@ SkinButton* Form1::AddButton(const QString& name, const Place& place, const Butt
     caption->Move(captionPlace);
     caption->SetFont(Layout::ButtonPoints, true);
   }
-  button->Show(Look::Off);
+  IgnoreErrors([button] { button->Show(Look::Off); });
   return button;
 }
 

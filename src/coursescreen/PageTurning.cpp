@@ -22,6 +22,12 @@ QString MapPath(int module) {
   return gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QStringLiteral("\\Map.txt");
 }
 
+void ReadMap(int module) {
+  gPageList.InitLinedList();
+  QString moduleName;
+  gPageList.LoadExistingList(MapPath(module), moduleName);
+}
+
 bool AtCourseEnd() {
   return gPageList.GetNextPageName().isEmpty() && gCurrentModule == LastModule();
 }
@@ -69,20 +75,27 @@ void PageTurning::ShowPage(int module, const QString& pageName) {
   hasPage_ = true;
 }
 
+QString PageTurning::OpenModule(int module, const std::function<void()>& choosePage) {
+  ReadMap(module);
+  choosePage();
+  const QString pageName = gPageList.GetCurrentPageName();
+  controls_.Page->LoadOption(kListLoad, true);
+  ShowPage(module, pageName);
+  return pageName;
+}
+
 QString PageTurning::LoadModule(int module, const std::function<void()>& choosePage) {
   QString pageName;
   try {
-    gPageList.InitLinedList();
-    QString moduleName;
-    gPageList.LoadExistingList(MapPath(module), moduleName);
-    choosePage();
-    pageName = gPageList.GetCurrentPageName();
-    controls_.Page->LoadOption(kListLoad, true);
-    ShowPage(module, pageName);
+    pageName = OpenModule(module, choosePage);
   } catch (const RunTimeError& error) {
     MsgBox(error.Description());
   }
   return pageName;
+}
+
+void PageTurning::OpenModuleAtPage(int module, const QString& pageName) {
+  OpenModule(module, [&pageName] { gPageList.SetPageAsCurrent(pageName); });
 }
 
 QString PageTurning::LoadModuleFirstPage(int module, bool lastPage) {
@@ -99,9 +112,7 @@ QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
   QString shown;
   if (pageName.isEmpty()) {
     try {
-      gPageList.InitLinedList();
-      QString moduleName;
-      gPageList.LoadExistingList(MapPath(module), moduleName);
+      ReadMap(module);
     } catch (const RunTimeError& error) {
       MsgBox(error.Description());
     }

@@ -35,6 +35,9 @@ class PageTurning {
   // Clears PageName of gReturnPoint. With an empty name the list alone is read.
   QString LoadModuleAtPage(int module, const QString& pageName);
 
+  // The same without a message: the error goes to the caller.
+  void OpenModuleAtPage(int module, const QString& pageName);
+
   // Puts module and topic into the header and writes the learner's progress. On a page without a topic
   // the header stays.
   void RecordCurrentPage();
@@ -63,6 +66,7 @@ class PageTurning {
   void OpenFirstModule();
   void LeaveReturnPoint();
   void Jump(int module, const std::function<void()>& load);
+  QString OpenModule(int module, const std::function<void()>& choosePage);
   QString LoadModule(int module, const std::function<void()>& choosePage);
   void ShowPage(int module, const QString& pageName);
 

@@ -59,7 +59,10 @@ void CreateUser(const QString& firstName, const QString& lastName, const QString
 }
 
 QStringList ListUsers() {
-  return ListFolders(UserDataPath());
+  QStringList names = ListFolders(UserDataPath());
+  // A hidden folder is the file system's own, unless a learner's name begins with a full stop.
+  names.removeIf([](const QString& name) { return name.startsWith(u'.') && !PathExists(UserPath(name)); });
+  return names;
 }
 
 bool UpdateUser(const QString& firstName, const QString& lastName, const QString& email) {

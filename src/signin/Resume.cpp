@@ -33,6 +33,18 @@ void TakeNamesFromFolder(UserRecord& user, const QString& folder) {
   }
 }
 
+// Shows the resume page in the current module. Starting over, a page that can't be read is no reason for
+// a message: the course's first page comes in its place.
+void OpenPage(PageTurning& pages, const QString& page, MissingModule missing) {
+  if (missing == MissingModule::Keep) {
+    pages.LoadModuleAtPage(gCurrentModule, page);
+    return;
+  }
+  if (IgnoreErrors([&] { pages.OpenModuleAtPage(gCurrentModule, page); })) return;
+  gCurrentModule = 0;
+  pages.LoadModuleFirstPage(0);
+}
+
 // Runs the steps of opening one by one. Starting over, a step that fails is skipped; else it ends the
 // opening, and the first page of the course comes back, where whoever signs in next begins.
 class OpeningSteps {
@@ -68,6 +80,11 @@ void SignInFromFolder(const QString& folder) {
   gUserEmail = user.Email;
 }
 
+void SignOut() {
+  for (QString* text : {&gUserFirstName, &gUserLastName, &gUserEmail})
+    text->clear();
+}
+
 void StartCourseRecord() {
   WriteResumeLine();
   Default<Form1>().Pages().RecordCurrentPage();
@@ -90,7 +107,7 @@ void OpenAtResumePage(MissingModule missing) {
     resume.Page = QStringLiteral("0001.txm");
   }
   PageTurning& pages = Default<Form1>().Pages();
-  steps.Run([&] { pages.LoadModuleAtPage(gCurrentModule, resume.Page); });
+  steps.Run([&] { OpenPage(pages, resume.Page, missing); });
   steps.Run([&] { pages.RecordCurrentPage(); });
   SetButtonsAtTheEnds();
 }

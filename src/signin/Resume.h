@@ -8,6 +8,9 @@
 // can't be read; nobody is signed in then.
 void SignInFromFolder(const QString& folder);
 
+// Nobody is signed in any more.
+void SignOut();
+
 // Begins the record of the current course for the signed-in learner at the page on the screen:
 // a resume line and the line of the current module. Replaces what was there.
 void StartCourseRecord();

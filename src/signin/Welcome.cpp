@@ -83,6 +83,7 @@ void Welcome::SignIn_Btn_2_Click() {
 }
 
 void Welcome::New_Btn_3_Click() {
+  SignOut();  // whoever comes now says who it is
   Unload();
   Default<UserLogin>().Show(FormMode::Modal);
 }

@@ -4,6 +4,7 @@
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/TextTable.h"
+#include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "startup/CourseSelection.h"
 #include "startup/SplashScreen.h"
@@ -15,10 +16,21 @@ bool CourseIsOpen() {
   return screen != nullptr && screen->Pages().HasPage();
 }
 
+// The course screen anew. It tells its own errors; one that keeps it from being made is told here.
+void LoadCourseScreen() {
+  try {
+    if (auto* screen = LoadedForm<Form1>()) screen->Unload();
+    Default<Form1>();
+  } catch (const RunTimeError& error) {
+    MsgBox(error.Description());
+  }
+}
+
 void GiveUp() {
-  MsgBox(LoadStringResource(kResCourseDidNotLoad));
-  if (auto* screen = LoadedForm<Form1>()) screen->Unload();
+  // Both go before the message: the splash's timer must not decide anything meanwhile.
   Default<SplashScreen>().Abandon();
+  if (auto* screen = LoadedForm<Form1>()) screen->Unload();
+  MsgBox(LoadStringResource(kResCourseDidNotLoad));
   if (gCourses.size() > 1) Default<CourseSelection>();
 }
 
@@ -26,11 +38,13 @@ void GiveUp() {
 
 void OpenCourse() {
   auto& splash = Default<SplashScreen>();
-  splash.Show();
-  splash.Refresh();
   splash.SetLoading(true);
-  if (auto* screen = LoadedForm<Form1>()) screen->Unload();
-  Default<Form1>();
+  splash.Show();
+  splash.PaintFirst();  // before the long load
+  LoadCourseScreen();
+  if (!CourseIsOpen()) {
+    GiveUp();
+    return;
+  }
   splash.SetLoading(false);
-  if (!CourseIsOpen()) GiveUp();
 }

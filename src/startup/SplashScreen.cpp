@@ -25,6 +25,7 @@ bool GreetTheOnlyLearner(const QString& folder) {
     Default<Welcome>().InitWelcomeForm(folder, firstName, lastName, email);
     return true;
   } catch (const RunTimeError& error) {
+    SignOut();
     MsgBox(error.Description());
     if (auto* welcome = LoadedForm<Welcome>()) welcome->Unload();
     return false;
@@ -47,7 +48,7 @@ void SplashScreen::PlaceSplash() {
 
 void SplashScreen::Form_Load() {
   PlaceSplash();
-  artwork_->SetPicture(SkinPicture(QStringLiteral("Splash.jpg")));
+  IgnoreErrors([this] { artwork_->SetPicture(SkinPicture(QStringLiteral("Splash.jpg"))); });
   timer1_.SetInterval(kStands);
   timer1_.SetEnabled(true);
   Screen::SetMousePointer(kPointerHourglass);
@@ -65,29 +66,34 @@ void SplashScreen::Abandon() {
 }
 
 void SplashScreen::Form_Unload() {
-  Screen::SetMousePointer(kPointerDefault);
-  if (abandoned_) return;
+  if (abandoned_) {
+    Screen::SetMousePointer(kPointerDefault);
+    return;
+  }
   if (auto* selection = LoadedForm<CourseSelection>()) selection->Unload();
+  const QStringList userNames = ListUsers();
+  Screen::SetMousePointer(kPointerDefault);
   Default<Form1>().Show();
   Hide();  // the course screen need not cover the corner on a larger display
   if (!gUserFirstName.isEmpty()) {
     GoOnSignedIn();
   } else {
-    AskWhoItIs();
+    AskWhoItIs(userNames);
   }
 }
 
 void SplashScreen::GoOnSignedIn() {
   // A step that fails is skipped: the first page stays on the screen in place of the resume page.
-  if (!HasCourseRecord()) {
+  bool hasRecord = false;
+  IgnoreErrors([&] { hasRecord = HasCourseRecord(); });
+  if (hasRecord) {
+    IgnoreErrors([] { OpenAtResumePage(MissingModule::StartOver); });
+  } else {
     IgnoreErrors([] { StartCourseRecord(); });
-    return;
   }
-  IgnoreErrors([] { OpenAtResumePage(MissingModule::StartOver); });
 }
 
-void SplashScreen::AskWhoItIs() {
-  const QStringList userNames = ListUsers();
+void SplashScreen::AskWhoItIs(const QStringList& userNames) {
   if (userNames.size() == 1 && GreetTheOnlyLearner(userNames.first())) {
     Default<Welcome>().Show(FormMode::Modal);
   } else {

@@ -25,7 +25,7 @@ class SplashScreen final : public Form {
   void PlaceSplash();
   void Timer1_Timer();
   void GoOnSignedIn();
-  void AskWhoItIs();
+  void AskWhoItIs(const QStringList& userNames);
 
   PictureBox* artwork_;
   Timer timer1_{this, QStringLiteral("Timer1")};

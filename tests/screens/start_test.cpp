@@ -160,6 +160,7 @@ TEST_P(BrokenCourseTest, ACourseThatDoesNotOpenIsToldAndTheChoiceComesAgain) {
   store.AddCourse("Broken", GetParam().ModuleString);
   store.AddCourse("Warehouse", "rt0102");
   if (GetParam().FirstPageGone) QFile::remove(store.Path("rt0101/0001.txm"));
+  messages.WhileUp = [this] { clock.Advance(3000); };  // the splash's timer must not go on meanwhile
   ASSERT_TRUE(Start());
   Choose(0);
   Gui::Click(Choice(), "BeginCourse");
@@ -179,6 +180,18 @@ INSTANTIATE_TEST_SUITE_P(Start, BrokenCourseTest,
                                            BrokenCourse{"NotInstalled", "rt0999", false},
                                            BrokenCourse{"FirstPageGone", "rt0101", true}),
                          [](const auto& row) { return row.param.Name; });
+
+TEST_F(StartTest, MissingPicturesDoNotKeepACourseFromOpening) {
+  AddTwoModules();
+  store.AddCourse("Cash desk", "rt0101rt0102");
+  for (const char* name : {"Splash.jpg", "Dialog.jpg", "CourseScreen.jpg", "nextOff.jpg", "Button_Off.jpg"}) {
+    QFile::remove(store.Path(QStringLiteral("GUIimages/") + name));
+  }
+  ASSERT_TRUE(Start());
+  script.When("UserLogin", [](Form& form) { form.close(); });
+  PassSplash();
+  EXPECT_EQ(PageText(), "rt0101 0001.txm");
+}
 
 TEST_F(StartTest, ASingleCourseThatDoesNotOpenEndsTheProgram) {
   store.AddCourse("Broken", "");

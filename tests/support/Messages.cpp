@@ -3,6 +3,7 @@
 Messages::Messages() {
   AnswerMessageBoxes([this](const MsgBoxCall& call) {
     calls_.push_back(call);
+    if (WhileUp) WhileUp();
     if (call.Buttons == MsgButtons::Ok) return MsgAnswer::Ok;
     if (answers_.empty()) return MsgAnswer::No;
     const MsgAnswer answer = answers_.front();

@@ -3,6 +3,7 @@
 
 #include <QStringList>
 #include <deque>
+#include <functional>
 
 #include "platform/forms/MsgBox.h"
 
@@ -13,6 +14,9 @@ class Messages {
 
   // The answers of the next yes/no boxes, in order; without one a yes/no box is answered No.
   void Answer(std::initializer_list<MsgAnswer> answers) { answers_ = answers; }
+  // What happens while a box is up.
+  std::function<void()> WhileUp;
+
   // The texts since the last call.
   QStringList Take();
   const std::vector<MsgBoxCall>& Calls() const { return calls_; }

@@ -24,12 +24,7 @@ void Run(const std::function<void()>& handler) {
     MsgBox(error.Description());
   }
   --g_depth;
-  if (g_depth > 0 || !IdleCheck()) return;
-  try {
-    IdleCheck()();
-  } catch (const RunTimeError& error) {  // of an unload handler at the program's end
-    MsgBox(error.Description());
-  }
+  if (g_depth == 0 && IdleCheck()) IdleCheck()();
 }
 
 int Depth() {

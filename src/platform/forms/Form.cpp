@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QScreen>
@@ -12,6 +13,8 @@
 #include "platform/forms/Timer.h"
 
 namespace {
+
+constexpr int kLongestExposure = 300;  // ms
 
 Qt::WindowFlags FlagsOf(FormFrame frame) {
   switch (frame) {
@@ -59,7 +62,8 @@ void Form::Move(double left, double top, double width, double height) {
   top_ = top;
   placed_ = true;
   SetSize(width, height);
-  move(Screen::PixelsX(left), Screen::PixelsY(top));
+  move(QGuiApplication::primaryScreen()->geometry().topLeft() +
+       QPoint(Screen::PixelsX(left), Screen::PixelsY(top)));
 }
 
 void Form::SetSize(double width, double height) {
@@ -145,6 +149,15 @@ void Form::Leave() {
 }
 
 void Form::Refresh() {
+  repaint();
+}
+
+void Form::PaintFirst() {
+  QElapsedTimer waited;
+  waited.start();
+  while (!windowHandle()->isExposed() && waited.elapsed() < kLongestExposure) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  }
   repaint();
 }
 

@@ -48,6 +48,9 @@ class Form : public QWidget {
 
   // Repaints the form at once.
   void Refresh();
+  // Waits until the window system shows the form, a few hundred milliseconds at most, and paints it.
+  // The learner's input waits meanwhile.
+  void PaintFirst();
 
   // One of the pointer numbers of Screen.h.
   void SetMousePointer(int pointer);

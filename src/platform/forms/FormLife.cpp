@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/RunTimeError.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Timer.h"
 
@@ -115,11 +116,12 @@ void FormLife::Begin(std::function<void()> quit) {
 }
 
 void FormLife::BringForward() {
-  Form* form = Active();
-  if (form == nullptr) return;
-  if (form->isMinimized()) form->showNormal();
-  form->raise();
-  form->activateWindow();
+  QWidget* window = QApplication::activeModalWidget();
+  if (window == nullptr) window = Active();
+  if (window == nullptr) return;
+  if (window->isMinimized()) window->showNormal();
+  window->raise();
+  window->activateWindow();
 }
 
 void FormLife::EndIfNothingShows() {
@@ -130,7 +132,7 @@ void FormLife::EndIfNothingShows() {
   // Forms that are only hidden go with the program.
   while (!TheLife().Loaded.isEmpty()) {
     Form* form = TheLife().Loaded.last();
-    form->Unload();
+    IgnoreErrors([form] { form->Unload(); });
     if (form->loaded_ && !form->shown_)
       TheLife().Loaded.removeOne(form);  // it would not go: the end is the end
     if (form->shown_) return;

@@ -23,7 +23,9 @@ QMessageBox::Icon QtIcon(MsgIcon icon) {
 }
 
 MsgAnswer Show(const MsgBoxCall& call) {
-  QMessageBox box(QApplication::activeWindow());
+  // A box raised while the program is in the background must not lie behind its forms.
+  QWidget* owner = QApplication::activeWindow();
+  QMessageBox box(owner != nullptr ? owner : FormLife::Active());
   box.setObjectName(QStringLiteral("MsgBox"));
   box.setTextFormat(Qt::PlainText);
   box.setText(call.Text);
@@ -33,8 +35,14 @@ MsgAnswer Show(const MsgBoxCall& call) {
                                                         : QMessageBox::Yes | QMessageBox::No);
   for (QAbstractButton* button : box.buttons())
     button->setIcon({});
-  if (call.Buttons == MsgButtons::YesNo) box.setEscapeButton(QMessageBox::No);
+  if (call.Buttons == MsgButtons::YesNo) {
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::No);
+  }
+  // An hourglass over the program is none over its questions.
+  QGuiApplication::setOverrideCursor(QCursor(Qt::ArrowCursor));
   const int answer = box.exec();
+  QGuiApplication::restoreOverrideCursor();
   if (call.Buttons == MsgButtons::Ok) return MsgAnswer::Ok;
   return answer == QMessageBox::Yes ? MsgAnswer::Yes : MsgAnswer::No;
 }

@@ -76,6 +76,16 @@ bool IsTextType(int type) {
          type == static_cast<int>(RegistryType::MultiString);
 }
 
+// An installer of a 32-bit course on a 64-bit machine wrote below one step more.
+void DropWow64Step(QStringList& names) {
+  if (names.isEmpty() || names.first().compare(u"SOFTWARE", Qt::CaseInsensitive) != 0) return;
+  for (const int step : {2, 1}) {
+    if (names.size() > step && names.at(step).compare(u"WOW6432Node", Qt::CaseInsensitive) == 0) {
+      names.removeAt(step);
+    }
+  }
+}
+
 }  // namespace
 
 RegistryFile::RegistryFile(RegistryKey& root, QString fileName)
@@ -160,6 +170,7 @@ void RegistryFile::ReadKey(const QString& line) {
   } else if (hive != u"HKEY_LOCAL_MACHINE") {
     return;
   }
+  DropWow64Step(names);
   if (names.size() > kMaxDepth) return Complain("registry-too-deep");
   for (const QString& name : names) {
     if (name.size() > kMaxKeyName) return Complain("registry-long-name");

@@ -21,48 +21,33 @@ double Held(int twips) {
 
 QTextCharFormat::UnderlineStyle StyleOf(RtfUnderline underline) {
   switch (underline) {
-    case RtfUnderline::None:
-      return QTextCharFormat::NoUnderline;
-    case RtfUnderline::Single:
-      return QTextCharFormat::SingleUnderline;
-    case RtfUnderline::Dotted:
-      return QTextCharFormat::DotLine;
-    case RtfUnderline::Dash:
-      return QTextCharFormat::DashUnderline;
-    case RtfUnderline::DashDot:
-      return QTextCharFormat::DashDotLine;
-    case RtfUnderline::DashDotDot:
-      return QTextCharFormat::DashDotDotLine;
-    case RtfUnderline::Wave:
-      return QTextCharFormat::WaveUnderline;
+    case RtfUnderline::None: return QTextCharFormat::NoUnderline;
+    case RtfUnderline::Single: return QTextCharFormat::SingleUnderline;
+    case RtfUnderline::Dotted: return QTextCharFormat::DotLine;
+    case RtfUnderline::Dash: return QTextCharFormat::DashUnderline;
+    case RtfUnderline::DashDot: return QTextCharFormat::DashDotLine;
+    case RtfUnderline::DashDotDot: return QTextCharFormat::DashDotDotLine;
+    case RtfUnderline::Wave: return QTextCharFormat::WaveUnderline;
   }
   return QTextCharFormat::NoUnderline;
 }
 
 Qt::Alignment AlignmentOf(RtfAlign align) {
   switch (align) {
-    case RtfAlign::Left:
-      return Qt::AlignLeft | Qt::AlignAbsolute;
-    case RtfAlign::Centre:
-      return Qt::AlignHCenter;
-    case RtfAlign::Right:
-      return Qt::AlignRight | Qt::AlignAbsolute;
-    case RtfAlign::Justified:
-      return Qt::AlignJustify;
+    case RtfAlign::Left: return Qt::AlignLeft | Qt::AlignAbsolute;
+    case RtfAlign::Centre: return Qt::AlignHCenter;
+    case RtfAlign::Right: return Qt::AlignRight | Qt::AlignAbsolute;
+    case RtfAlign::Justified: return Qt::AlignJustify;
   }
   return Qt::AlignLeft;
 }
 
 QTextOption::TabType TabTypeOf(RtfAlign align) {
   switch (align) {
-    case RtfAlign::Left:
-      return QTextOption::LeftTab;
-    case RtfAlign::Centre:
-      return QTextOption::CenterTab;
-    case RtfAlign::Right:
-      return QTextOption::RightTab;
-    case RtfAlign::Justified:
-      return QTextOption::DelimiterTab;
+    case RtfAlign::Left: return QTextOption::LeftTab;
+    case RtfAlign::Centre: return QTextOption::CenterTab;
+    case RtfAlign::Right: return QTextOption::RightTab;
+    case RtfAlign::Justified: return QTextOption::DelimiterTab;
   }
   return QTextOption::LeftTab;
 }

@@ -35,19 +35,13 @@ QString Letters(int number) {
 
 QString NumberText(int number, int kind) {
   switch (kind) {
-    case 1:
-      return Roman(number).toUpper();
-    case 2:
-      return Roman(number);
-    case 3:
-      return Letters(number).toUpper();
-    case 4:
-      return Letters(number);
+    case 1: return Roman(number).toUpper();
+    case 2: return Roman(number);
+    case 3: return Letters(number).toUpper();
+    case 4: return Letters(number);
     case 23:
-    case 255:
-      return {};
-    default:
-      return QString::number(number);
+    case 255: return {};
+    default: return QString::number(number);
   }
 }
 

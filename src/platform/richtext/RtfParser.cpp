@@ -55,32 +55,21 @@ void RtfParser::HandleSkipped(const RtfToken& token) {
 
 void RtfParser::Handle(const RtfToken& token) {
   switch (token.Kind) {
-    case RtfTokenKind::Text:
-      HandleBytes(token.Text);
-      return;
+    case RtfTokenKind::Text: HandleBytes(token.Text); return;
     case RtfTokenKind::Hex: {
       const char byte = static_cast<char>(token.Byte);
       HandleBytes({&byte, 1});
       return;
     }
-    case RtfTokenKind::Word:
-      HandleWord(token);
-      return;
-    case RtfTokenKind::Symbol:
-      HandleSymbol(token.Byte);
-      return;
-    case RtfTokenKind::GroupOpen:
-      OpenGroup();
-      return;
-    case RtfTokenKind::GroupClose:
-      CloseGroup();
-      return;
+    case RtfTokenKind::Word: HandleWord(token); return;
+    case RtfTokenKind::Symbol: HandleSymbol(token.Byte); return;
+    case RtfTokenKind::GroupOpen: OpenGroup(); return;
+    case RtfTokenKind::GroupClose: CloseGroup(); return;
     case RtfTokenKind::Binary:
       if (IsIn(RtfDestination::Picture))
         picture_.Data.append(token.Text.data(), static_cast<qsizetype>(token.Text.size()));
       return;
-    case RtfTokenKind::End:
-      return;
+    case RtfTokenKind::End: return;
   }
 }
 
@@ -142,20 +131,11 @@ void RtfParser::HandleSymbol(unsigned char symbol) {
       HandleBytes({&byte, 1});
       return;
     }
-    case '~':
-      AddCharacter(QChar::Nbsp);
-      return;
-    case '-':
-      AddCharacter(QChar::SoftHyphen);
-      return;
-    case '_':
-      AddCharacter(QChar(0x2011));
-      return;
-    case '\t':
-      AddCharacter(QChar::Tabulation);
-      return;
-    default:
-      return;
+    case '~': AddCharacter(QChar::Nbsp); return;
+    case '-': AddCharacter(QChar::SoftHyphen); return;
+    case '_': AddCharacter(QChar(0x2011)); return;
+    case '\t': AddCharacter(QChar::Tabulation); return;
+    default: return;
   }
 }
 
@@ -210,45 +190,22 @@ void RtfParser::SetDestination(RtfDestination destination, RtfGroupEnd atEnd) {
 
 void RtfParser::EndGroup(const RtfState& closed) {
   switch (closed.AtEnd) {
-    case RtfGroupEnd::Nothing:
-      return;
+    case RtfGroupEnd::Nothing: return;
     case RtfGroupEnd::Font:
       EndFont();
       State().CodePage = header_.CodePageOf(State().Chars.Font);
       return;
-    case RtfGroupEnd::Style:
-      EndStyle();
-      return;
-    case RtfGroupEnd::List:
-      header_.Lists[listId_] = list_;
-      return;
-    case RtfGroupEnd::ListLevel:
-      EndListLevel(closed);
-      return;
-    case RtfGroupEnd::ListOverride:
-      header_.ListOverrides[listNumber_] = listId_;
-      return;
-    case RtfGroupEnd::Field:
-      EndField(closed.Field);
-      return;
-    case RtfGroupEnd::PlaceName:
-      flow_.AddPlace(name_.trimmed());
-      return;
-    case RtfGroupEnd::Picture:
-      EndPicture();
-      return;
-    case RtfGroupEnd::ShapeProperty:
-      EndShapeProperty();
-      return;
-    case RtfGroupEnd::Object:
-      EndObject(closed.Object);
-      return;
-    case RtfGroupEnd::NestedRow:
-      flow_.EndNestedRow();
-      return;
-    case RtfGroupEnd::Aside:
-      flow_.EndAside(closed.Para, formats_.NumberOf(closed.Chars));
-      return;
+    case RtfGroupEnd::Style: EndStyle(); return;
+    case RtfGroupEnd::List: header_.Lists[listId_] = list_; return;
+    case RtfGroupEnd::ListLevel: EndListLevel(closed); return;
+    case RtfGroupEnd::ListOverride: header_.ListOverrides[listNumber_] = listId_; return;
+    case RtfGroupEnd::Field: EndField(closed.Field); return;
+    case RtfGroupEnd::PlaceName: flow_.AddPlace(name_.trimmed()); return;
+    case RtfGroupEnd::Picture: EndPicture(); return;
+    case RtfGroupEnd::ShapeProperty: EndShapeProperty(); return;
+    case RtfGroupEnd::Object: EndObject(closed.Object); return;
+    case RtfGroupEnd::NestedRow: flow_.EndNestedRow(); return;
+    case RtfGroupEnd::Aside: flow_.EndAside(closed.Para, formats_.NumberOf(closed.Chars)); return;
   }
 }
 

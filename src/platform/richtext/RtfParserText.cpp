@@ -56,35 +56,24 @@ void RtfParser::SendText(const QString& text) {
       if (state.Para.List > 0 && flow_.IsParagraphEmpty() && !flow_.HasListText()) AddGeneratedListText();
       flow_.AddText(text, formats_.NumberOf(state.Chars));
       return;
-    case RtfDestination::FontTable:
-      SendFontName(text);
-      return;
-    case RtfDestination::ColourTable:
-      SendColours(text);
-      return;
+    case RtfDestination::FontTable: SendFontName(text); return;
+    case RtfDestination::ColourTable: SendColours(text); return;
     case RtfDestination::ListLevelText:
       if (!list_.Levels.empty()) AddTo(list_.Levels.back().Template, text);
       return;
     case RtfDestination::FieldInstruction:
       if (state.Field >= 0) AddTo(fields_[static_cast<size_t>(state.Field)].Instruction, text);
       return;
-    case RtfDestination::PlaceName:
-      AddTo(name_, text);
-      return;
+    case RtfDestination::PlaceName: AddTo(name_, text); return;
     case RtfDestination::ObjectName:
       if (state.Object >= 0) AddTo(objects_[static_cast<size_t>(state.Object)].DataText, text);
       return;
-    case RtfDestination::ShapeName:
-      AddTo(shapeName_, text);
-      return;
-    case RtfDestination::ShapeValue:
-      AddTo(shapeValue_, text);
-      return;
+    case RtfDestination::ShapeName: AddTo(shapeName_, text); return;
+    case RtfDestination::ShapeValue: AddTo(shapeValue_, text); return;
     case RtfDestination::Skip:
     case RtfDestination::StyleSheet:
     case RtfDestination::Picture:
-    case RtfDestination::Other:
-      return;
+    case RtfDestination::Other: return;
   }
 }
 

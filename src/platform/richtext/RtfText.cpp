@@ -16,16 +16,11 @@ bool IsMultiByte(int codePage) {
 
 QByteArray CodecName(int codePage) {
   switch (codePage) {
-    case kUtf8:
-      return "UTF-8";
-    case 54936:
-      return "GB18030";
-    case 10000:
-      return "macintosh";
-    case 10007:
-      return "x-mac-cyrillic";
-    default:
-      break;
+    case kUtf8: return "UTF-8";
+    case 54936: return "GB18030";
+    case 10000: return "macintosh";
+    case 10007: return "x-mac-cyrillic";
+    default: break;
   }
   const QByteArray number = QByteArray::number(codePage);
   return codePage >= 1250 || codePage == 874 || IsMultiByte(codePage) ? "windows-" + number : "IBM" + number;

@@ -36,20 +36,11 @@ RtfToken RtfTokenizer::Next() {
   while (position_ < bytes_.size()) {
     switch (bytes_[position_]) {
       case '\r':
-      case '\n':
-        ++position_;
-        break;
-      case '{':
-        ++position_;
-        return {.Kind = RtfTokenKind::GroupOpen};
-      case '}':
-        ++position_;
-        return {.Kind = RtfTokenKind::GroupClose};
-      case '\\':
-        ++position_;
-        return ReadControl();
-      default:
-        return ReadText();
+      case '\n': ++position_; break;
+      case '{': ++position_; return {.Kind = RtfTokenKind::GroupOpen};
+      case '}': ++position_; return {.Kind = RtfTokenKind::GroupClose};
+      case '\\': ++position_; return ReadControl();
+      default: return ReadText();
     }
   }
   return {};
