@@ -6,6 +6,7 @@
 #include "learners/UserStore.h"
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
 
 namespace {
@@ -85,8 +86,9 @@ void AppendToProgressArrays(const ProgressRecords& records, QList<QStringList>& 
 }  // namespace
 
 QString ProgressPath(const QString& folderName, const QString& courseName) {
-  const bool isUserFile = courseName.compare(kUserFileName, Qt::CaseInsensitive) == 0;
-  if (!IsFileName(courseName) || isUserFile) throw RunTimeError(Describe("name-unusable", courseName));
+  const auto isCalled = [&](QStringView name) { return name.compare(courseName, Qt::CaseInsensitive) == 0; };
+  if (!IsFileName(courseName) || isCalled(kUserFileName) || isCalled(QString(kSavingName)))
+    throw RunTimeError(Describe("name-unusable", courseName));
   return LearnerPath(folderName) + u'\\' + courseName;
 }
 

@@ -24,7 +24,7 @@ struct TestFields {
 };
 
 // The path of a learner's progress in a course. Names that cannot be names of files are RunTimeErrors,
-// and so is a course named like the learner's record.
+// and so is a course named like the learner's record or like a save under way.
 QString ProgressPath(const QString& folderName, const QString& courseName);
 
 // Makes the signed-in learner's file of gCurrentCourse anew with the resume line alone, for the current

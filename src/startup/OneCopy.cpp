@@ -52,7 +52,12 @@ bool Claim() {
   IgnoreErrors([] { MakeFolder(gDriveRoot); });
   auto lock = std::make_unique<QLockFile>(RealPath(gDriveRoot + QStringLiteral(".lock")));
   lock->setStaleLockTime(0);  // a lock is stale only when its owner is gone
-  const bool locked = lock->tryLock();
+  bool locked = lock->tryLock();
+  // The file that a crash left may be empty, or name a machine that has another name by now. Only a
+  // living owner keeps it from being taken away.
+  if (!locked && lock->error() == QLockFile::LockFailedError && lock->removeStaleLockFile()) {
+    locked = lock->tryLock();
+  }
   if (!locked && lock->error() == QLockFile::LockFailedError) return false;
   if (!locked && FirstAnswers()) return false;
   g_lock = std::move(lock);

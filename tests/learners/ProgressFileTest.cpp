@@ -285,7 +285,7 @@ TEST(AllModules, AModuleOfNoCourseIsAnError) {
 
 TEST(ProgressPath, ACourseCannotTakeAnotherFilesPlace) {
   const LearnerStore store;
-  for (const char* name : {"User", "USER", "..", "a/b", "a\\b", ""}) {
+  for (const char* name : {"User", "USER", ".saving", "..", "a/b", "a\\b", ""}) {
     EXPECT_EQ(ErrorOf([&] { ProgressPath("Ann Lee", name); }),
               QString("The name \"%1\" cannot be used for a file or folder.").arg(name));
   }

@@ -70,6 +70,15 @@ TEST_F(StartTest, ASecondCopyIsRefusedAndTheFirstComesForward) {
   EXPECT_TRUE(OneCopy::Claim());  // the lock goes with its owner
 }
 
+TEST_F(StartTest, ALockThatACrashLeftIsNoCopy) {
+  AddTwoCourses();
+  for (const char* left : {"", "999999\n", "999999\ntallowmere\nanother-machine\n"}) {
+    store.Write("data/.lock", left);
+    EXPECT_TRUE(OneCopy::Claim()) << left;
+    OneCopy::Release();
+  }
+}
+
 TEST_F(StartTest, TheListEndsWithAllModulesAndBeginsWithNothingChosen) {
   AddTwoCourses();
   ASSERT_TRUE(Start());

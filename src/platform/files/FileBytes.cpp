@@ -10,7 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <utility>
 
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
@@ -75,6 +75,75 @@ QString RealPathAsSpelled(const QString& programPath) {
   return QDir(RealPath(path.left(slash + 1))).filePath(path.mid(slash + 1));
 }
 
+// The file that a path stands for: a link is kept and what it leads to is replaced.
+QString BehindLinks(const QString& path) {
+  if (!QFileInfo(path).isSymLink()) return path;
+  const QString target = QFileInfo(path).canonicalFilePath();
+  return target.isEmpty() ? QFile::symLinkTarget(path) : target;
+}
+
+// A file under the folder's name for saves. It takes its place by a rename, else it goes again.
+// Each step gives 0 or the error.
+class PendingFile {
+ public:
+  explicit PendingFile(const QString& folder) : path_(QFile::encodeName(folder + u'/' + kSavingName)) {}
+  ~PendingFile() { Drop(); }
+  PendingFile(const PendingFile&) = delete;
+  PendingFile& operator=(const PendingFile&) = delete;
+
+  int Open() {
+    unlink(path_.constData());  // of a save that was cut short
+    handle_ = open(path_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    return handle_ < 0 ? errno : 0;
+  }
+
+  // The rights of the file that is replaced go over to the new one, and no file is replaced that could
+  // not be written to.
+  int TakeRightsOf(const QByteArray& target) {
+    struct stat status {};
+    if (stat(target.constData(), &status) != 0) return errno == ENOENT ? 0 : errno;
+    if (S_ISDIR(status.st_mode)) return EISDIR;
+    if (access(target.constData(), W_OK) != 0) return errno;
+    return fchmod(handle_, status.st_mode & 07777) == 0 ? 0 : errno;
+  }
+
+  int Fill(const QByteArray& bytes) {
+    for (qsizetype done = 0; done < bytes.size();) {
+      const ssize_t count =
+          write(handle_, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+      if (count < 0 && errno != EINTR) return errno;
+      if (count > 0) done += count;
+    }
+    return fsync(handle_) == 0 ? 0 : errno;
+  }
+
+  int TakePlaceOf(const QByteArray& target) {
+    if (rename(path_.constData(), target.constData()) != 0) return errno;
+    close(std::exchange(handle_, -1));
+    return 0;
+  }
+
+ private:
+  void Drop() {
+    if (handle_ < 0) return;
+    close(handle_);
+    unlink(path_.constData());
+  }
+
+  QByteArray path_;
+  int handle_ = -1;
+};
+
+int Replace(const QString& path, const QByteArray& bytes) {
+  const QByteArray target = QFile::encodeName(path);
+  PendingFile file(FolderOf(path));
+  int error = file.Open();
+  if (error == 0) error = file.TakeRightsOf(target);
+  if (error == 0) error = file.Fill(bytes);
+  if (error == 0) error = file.TakePlaceOf(target);
+  return error;
+}
+
 }  // namespace
 
 QByteArray ReadFile(const QString& programPath, qint64 limit) {
@@ -94,19 +163,9 @@ QByteArray ReadDevice(QIODevice& device, qint64 limit, const QString& thing) {
 }
 
 void SaveFile(const QString& programPath, const QByteArray& bytes) {
-  const QString path = RealPath(programPath);
-  QSaveFile file(path);
-  file.setDirectWriteFallback(false);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) FailToSave(path, file.errorString());
-  if (file.write(bytes) != bytes.size() || !file.flush()) FailToSave(path, file.errorString());
-  // QSaveFile passes over a failed sync, so this one is ours.
-  if (fsync(file.handle()) != 0) {
-    const int error = errno;
-    file.cancelWriting();
-    FailToSave(path, Reason(error));
-  }
-  if (!file.commit()) FailToSave(path, file.errorString());
-  const int error = FlushFolder(FolderOf(path));
+  const QString path = BehindLinks(RealPath(programPath));
+  int error = Replace(path, bytes);
+  if (error == 0) error = FlushFolder(FolderOf(path));
   if (error != 0) FailToSave(path, Reason(error));
 }
 

@@ -17,6 +17,11 @@ QByteArray ReadProgramFile(const QString& programPath, qint64 limit);
 // What is left in an open device; `thing` names it in the error.
 QByteArray ReadDevice(QIODevice& device, qint64 limit, const QString& thing);
 
+// The name under which a folder's next file is written before it takes its place. There is one for all
+// files of a folder: however often a save is cut short, at most one such file is left, and the next save
+// takes it away. No file that is to last may bear it.
+inline constexpr QLatin1StringView kSavingName(".saving");
+
 // Replaces a file in one step, or makes it. The bytes are on the disk when it returns. When it fails
 // the old file is whole and nothing is left beside it; only a failed flush of the folder, behind the
 // replacement, leaves the new content in place.

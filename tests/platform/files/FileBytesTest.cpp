@@ -86,6 +86,36 @@ TEST(SaveFile, AFolderThatCannotBeFlushedIsToldBehindTheReplacement) {
   EXPECT_EQ(program.Names("."), QStringList("Old"));
 }
 
+TEST(SaveFile, WhatASaveCutShortHasLeftIsTakenAway) {
+  const TestProgram program;
+  program.Write(".saving", "half of a file that was longer");
+  SaveFile("New", "whole");
+  EXPECT_EQ(program.Names("."), QStringList("New"));
+  EXPECT_EQ(program.Read("New"), "whole");
+}
+
+TEST(SaveFile, KeepsTheRightsAndTheLinkOfWhatItReplaces) {
+  const TestProgram program;
+  program.Write("elsewhere/file", "old");
+  chmod(qPrintable(program.Path("elsewhere/file")), 0640);
+  QFile::link("elsewhere/file", program.Path("link"));
+  SaveFile("link", "new");
+  EXPECT_TRUE(QFileInfo(program.Path("link")).isSymLink());
+  EXPECT_EQ(program.Read("elsewhere/file"), "new");
+  EXPECT_EQ(program.Names("elsewhere"), QStringList("file"));
+  struct stat status {};
+  ASSERT_EQ(stat(qPrintable(program.Path("elsewhere/file")), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777, 0640U);
+}
+
+TEST(SaveFile, AFolderIsNotReplaced) {
+  const TestProgram program;
+  program.Write("folder/inside", "kept");
+  EXPECT_EQ(ErrorOf([] { SaveFile("folder", "x"); }),
+            "The file \"" + program.Path("folder") + "\" could not be saved: Is a directory");
+  EXPECT_EQ(program.Names("."), QStringList("folder"));
+}
+
 TEST(SaveFile, AMissingFolderIsAnError) {
   const TestProgram program;
   EXPECT_EQ(ErrorOf([] { SaveFile("no\\file", "x"); }),
