@@ -1,6 +1,7 @@
-"""A desktop of its own for the scripted visit: X server, window manager, keys, clicks and pictures."""
+"""A desktop of its own for scripts that drive the program: X server, window manager, keys, clicks, pictures."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -46,10 +47,20 @@ class Desktop:
             process.wait()
         shutil.rmtree(self.runtime, ignore_errors=True)
 
-    def start(self, program: Path) -> subprocess.Popen[bytes]:
-        process = subprocess.Popen([program], env=self.environment)
+    def start(self, program: Path, user: int | None = None) -> subprocess.Popen[bytes]:
+        """As another user only root can start a program."""
+        if user is not None:
+            os.chown(self.runtime, user, user)
+        process = subprocess.Popen([program], env=self.environment, user=user, group=user,
+                                   extra_groups=None if user is None else [])
         self.processes.append(process)
         return process
+
+    def kill(self, process: subprocess.Popen[bytes]) -> None:
+        """Ends a program that was started here, without asking it."""
+        process.kill()
+        process.wait()
+        self.processes.remove(process)
 
     def run(self, *command: str) -> None:
         subprocess.run(command, env=self.environment, check=False, stdout=subprocess.DEVNULL,
@@ -71,14 +82,25 @@ class Desktop:
         self.run("import", "-window", "root", str(path))
         return path
 
+    def visible(self) -> list[tuple[str, tuple[int, int]]]:
+        """Number and size of every visible window of the program."""
+        told = self.ask("xdotool", "search", "--onlyvisible", "--class", "tallowmere", "getwindowgeometry", "%@")
+        found = re.findall(r"Window (\d+)\s+Position: .*\s+Geometry: (\d+)x(\d+)", told)
+        return [(number, (int(width), int(height))) for number, width, height in found]
+
     def window(self, width: int, height: int) -> "Window | None":
         """The visible window of the program that has that size."""
-        for number in self.ask("xdotool", "search", "--onlyvisible", "--name", "Tallowmere").split():
-            facts = dict(line.strip().split(":", 1) for line in
-                         self.ask("xwininfo", "-id", number).splitlines() if ":" in line)
-            if (facts.get("Width", "").strip(), facts.get("Height", "").strip()) == (str(width), str(height)):
-                return Window(self, int(facts["Absolute upper-left X"]), int(facts["Absolute upper-left Y"]))
+        for number, size in self.visible():
+            if size == (width, height):
+                return self.place(number)
         return None
+
+    def place(self, number: str) -> "Window | None":
+        facts = dict(line.strip().split(":", 1) for line in
+                     self.ask("xwininfo", "-id", number).splitlines() if ":" in line)
+        if "Absolute upper-left X" not in facts:
+            return None  # it has gone meanwhile
+        return Window(self, int(facts["Absolute upper-left X"]), int(facts["Absolute upper-left Y"]))
 
     def await_window(self, width: int, height: int, what: str) -> "Window":
         found: list[Window] = []

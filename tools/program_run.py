@@ -1,0 +1,97 @@
+"""The road through the real program that every script takes: course choice, sign-in, course screen."""
+
+import subprocess
+import time
+from collections.abc import Callable
+from dataclasses import dataclass
+
+from visit_desktop import PATIENCE, Desktop, Window
+
+# Sizes of windows, pixels.
+DIALOG = (520, 360)
+SPLASH = (450, 246)
+COURSE_SCREEN = (1024, 768)
+# Places within a dialog, pixels.
+LEFT_BUTTON, RIGHT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 329), (451, 97), (300, 98)
+CLICK_AGAIN = 0.25  # seconds; a button takes no click before its form's timer has enabled it
+
+
+class Gone(Exception):
+    """The program has ended."""
+
+
+class Stuck(Exception):
+    """The program did not do what was waited for."""
+
+
+@dataclass
+class Run:
+    """One run of the program. Every step ends at once with `Gone` when the program does."""
+
+    desktop: Desktop
+    process: subprocess.Popen[bytes]
+
+    def until(self, condition: Callable[[], bool], what: str) -> None:
+        end = time.monotonic() + PATIENCE
+        while not condition():
+            if self.process.poll() is not None:
+                raise Gone
+            if time.monotonic() > end:
+                sizes = [size for _, size in self.desktop.visible()]
+                raise Stuck(f"{what} did not come; windows: {sizes}")
+            time.sleep(0.01)
+
+    def await_dialog(self, what: str) -> Window:
+        found: list[Window] = []
+
+        def look() -> bool:
+            window = self.desktop.window(*DIALOG)
+            found.extend([window] if window is not None else [])
+            return bool(found)
+
+        self.until(look, what)
+        return found[0]
+
+    def click_away(self, dialog: Window, what: str) -> None:
+        """Clicks the left button until the dialog has gone."""
+        clicked = 0.0
+
+        def gone() -> bool:
+            nonlocal clicked
+            if self.desktop.window(*DIALOG) is None:
+                return True
+            if time.monotonic() > clicked + CLICK_AGAIN:
+                dialog.click(*LEFT_BUTTON)
+                clicked = time.monotonic()
+            return False
+
+        self.until(gone, what)
+
+    def choose_course(self, index: int) -> None:
+        dialog = self.await_dialog("the course choice")
+        self.desktop.key(*["Down"] * (index + 1))
+        self.click_away(dialog, "the splash")
+
+    def sign_in(self) -> None:
+        """As the only learner."""
+        self.click_away(self.await_dialog("the welcome"), "the course screen")
+
+    def message(self) -> bool:
+        """Whether anything stands before the course screen."""
+        return any(size != COURSE_SCREEN for _, size in self.desktop.visible())
+
+    def await_message(self) -> None:
+        self.until(self.message, "a message")
+        time.sleep(0.3)  # its picture is painted
+
+    def close_message(self) -> None:
+        self.desktop.key("Return")
+        self.until(lambda: not self.message(), "the end of the message")
+        time.sleep(0.2)  # the keys go to the course screen again
+
+    def leave(self) -> int:
+        """Leaves from the course screen; gives what the program ends with."""
+        self.desktop.key("Escape")
+        self.await_message()
+        self.desktop.key("alt+y")
+        return self.process.wait(PATIENCE)
