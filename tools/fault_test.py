@@ -20,7 +20,7 @@ from collections.abc import Callable
 from dataclasses import dataclass
 from pathlib import Path
 
-from program_run import Gone, Run, Stuck
+from program_run import LEFT_BUTTON, Gone, Run, Stuck
 from store_files import Damage, check_data_folder, check_data_kept, check_progress, prepare_learner, read_courses
 from visit_desktop import Desktop
 
@@ -181,7 +181,7 @@ class FaultTest:
     def sign_in_under_the_fault(self, run: Run, fault: Fault, place: Place) -> None:
         before = place.record.read_bytes()
         welcome = run.await_dialog("the welcome")
-        welcome.click(350, 329)
+        welcome.click(*LEFT_BUTTON)
         run.until(lambda: len(self.desktop.visible()) > 2, "a message")
         time.sleep(0.3)
         self.desktop.picture(f"{fault.name}-1-message")

@@ -209,8 +209,8 @@ class KillTest:
     def report(self, kills: int, seconds: float) -> None:
         print("Moments: " + ", ".join(f"{moment} {self.moments[moment]}" for moment in MOMENTS))
         print(f"Page turns seen: {self.turns}; progress files read meanwhile: {self.reads}, all whole")
-        print(f"Files left behind by a save cut short: {len(self.left_over)} in all, at most {self.most_left_over} at a "
-              f"time")
+        print(f"Files left behind by a save cut short: {len(self.left_over)} in all, at most {self.most_left_over} "
+              "at a time")
         for path, progress in self.data.progress.items():
             topics = sum(line[0].count("__") + 1 for line in progress.lines.values())
             print(f"At the end: {path.name}: {len(progress.lines)} lines, {topics} topics")

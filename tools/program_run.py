@@ -12,7 +12,7 @@ DIALOG = (520, 360)
 SPLASH = (450, 246)
 COURSE_SCREEN = (1024, 768)
 # Places within a dialog, pixels.
-LEFT_BUTTON, RIGHT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 329), (451, 97), (300, 98)
+LEFT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 97), (300, 98)
 CLICK_AGAIN = 0.25  # seconds; a button takes no click before its form's timer has enabled it
 
 

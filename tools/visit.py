@@ -10,22 +10,19 @@ import sys
 import time
 from pathlib import Path
 
+from program_run import COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, REGISTER, SPLASH
+from store_files import USER_DATA, read_courses
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
 
 COURSE = "Cash desk and customers"
 LEARNER = ("Ida", "Lindqvist", "ida@example.com")
-DIALOG = (520, 360)
-COURSE_SCREEN = (1024, 768)
-PAGE_AREA = "1024x768+0+0"
-# Places within a dialog, pixels.
-LEFT_BUTTON, RIGHT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 329), (451, 97), (300, 98)
 
 
 class Visit:
     def __init__(self, desktop: Desktop, store: Path) -> None:
         self.desktop = desktop
         self.store = store
-        self.record = (store / "data/Tallowmere Manager 1.0/UserData" / f"{LEARNER[0]} {LEARNER[1]}" / COURSE)
+        self.record = store / "data" / USER_DATA / f"{LEARNER[0]} {LEARNER[1]}" / COURSE
         self.failures = 0
 
     def check(self, what: str, holds: bool) -> None:
@@ -44,15 +41,6 @@ class Visit:
             return f'\r\n"{module}",'.encode() in self.record.read_bytes()
         return self.resume_line() == f'"{module}","{page}"'
 
-    def pages(self) -> list[tuple[str, str]]:
-        """Module and page of every page of the course, in reading order."""
-        found: list[tuple[str, str]] = []
-        for folder in sorted(self.store.glob("rt01??")):
-            for line in (folder / "Map.txt").read_text(encoding="cp1252").splitlines()[3:]:
-                if line:
-                    found.append((folder.name, line.split("*")[0]))
-        return found
-
     def choose_course(self, picture: str) -> None:
         dialog = self.desktop.await_window(*DIALOG, what="the course choice")
         self.desktop.key("Down")
@@ -63,7 +51,7 @@ class Visit:
         dialog.click(*LEFT_BUTTON)
 
     def register(self) -> None:
-        self.desktop.await_window(450, 246, "the splash")
+        self.desktop.await_window(*SPLASH, what="the splash")
         self.desktop.picture("02-splash")
         self.desktop.await_window(*COURSE_SCREEN, what="the course screen")
         login = self.desktop.await_window(*DIALOG, what="the sign-in screen")
@@ -82,7 +70,7 @@ class Visit:
         self.check("the registration makes the learner's folder", self.record.exists())
 
     def read_to_the_end(self) -> Path:
-        pages = self.pages()
+        pages = read_courses(self.store)[COURSE].pages()
         screen = Window(self.desktop, 0, 0)
         screen.point(512, 300)
         wait_for(lambda: self.desktop.window(*DIALOG) is None, "the end of the sign-in")
