@@ -1,4 +1,4 @@
-// The one exception of the program, and the helper for code that runs with errors ignored.
+// The one exception of the program, and the one way to run code with errors ignored.
 // Thrown anywhere; caught by the event dispatcher, which shows the description and goes on.
 #pragma once
 

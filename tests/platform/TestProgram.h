@@ -11,18 +11,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/Paths.h"
-#include "support/Print.h"
-
-// The description of the error that a statement ends with, empty when it ends well.
-template <typename Statement>
-QString ErrorOf(Statement&& statement) {
-  try {
-    statement();
-    return {};
-  } catch (const RunTimeError& error) {
-    return error.Description();
-  }
-}
+#include "support/Errors.h"
 
 // A fresh program folder, in force until it goes.
 class TestProgram {

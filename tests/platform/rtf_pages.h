@@ -11,7 +11,7 @@
 
 #include "platform/RunTimeError.h"
 #include "platform/richtext/RtfReader.h"
-#include "support/Print.h"
+#include "support/Errors.h"
 
 inline RichPage ReadBody(const QByteArray& body) {
   return ReadRtf(
@@ -61,12 +61,3 @@ inline QByteArray PictureBytes(QSize size, const char* format) {
   return bytes;
 }
 
-template <typename Statement>
-QString ErrorOf(Statement&& statement) {
-  try {
-    statement();
-    return {};
-  } catch (const RunTimeError& error) {
-    return error.Description();
-  }
-}
