@@ -1,5 +1,7 @@
 #include "platform/richtext/HtmlFilter.h"
 
+#include "platform/richtext/HtmlTag.h"
+
 #include <QSet>
 #include <QStringList>
 #include <algorithm>
@@ -57,7 +59,8 @@ class Filter {
   struct Table {
     int Columns = 0;     // of the widest row
     int RowColumns = 0;  // of the row that is open
-    bool IsKept = true;
+    bool IsOpen = true;  // its beginning was written
+    bool IsKept = true;  // so are further rows and cells
   };
 
   void ReadMarkup() {
@@ -78,17 +81,13 @@ class Filter {
       ++at_;
       return;
     }
-    qsizetype nameEnd = name;
-    while (nameEnd < html_.size() && nameEnd - name < 20 && html_[nameEnd].isLetterOrNumber())
-      ++nameEnd;
-    const QString word = html_.mid(name, nameEnd - name).toLower();
     const qsizetype start = at_;
     strayQuotes_.clear();
-    at_ = TagEnd(nameEnd);
-    QString tag = html_.mid(start, at_ - start);
+    at_ = TagEnd(name);
+    QString text = html_.mid(start, at_ - start);
     for (const qsizetype quote : strayQuotes_)
-      tag[quote - start] = u' ';
-    Handle(word, tag, isEnd);
+      text[quote - start] = u' ';
+    Handle(ParseHtmlTag(text));
   }
 
   bool Follows(const char* text) const { return QStringView(html_).mid(at_).startsWith(QLatin1String(text)); }
@@ -118,33 +117,34 @@ class Filter {
     return known == kNone ? -1 : known;
   }
 
-  void Handle(const QString& word, QString tag, bool isEnd) {
+  void Handle(HtmlTag tag) {
+    const QString& word = tag.Name;
     if (word == u"script" || word == u"style" || word == u"title") {
-      if (!isEnd) HandleRawText(word, tag);
+      if (!tag.IsEnd) HandleRawText(word);
     } else if (DroppedTags().contains(word)) {
       return;
     } else if (word == u"table" || word == u"tr" || word == u"td" || word == u"th") {
-      HandleTable(word, tag, isEnd);
+      HandleTable(tag);
     } else if (VoidTags().contains(word) || LooseTags().contains(word)) {
-      out_ += tag;
-    } else if (isEnd) {
-      Close(word, tag);
+      out_ += tag.Text();
+    } else if (tag.IsEnd) {
+      Close(tag);
     } else if (open_.size() < kDeepestNesting) {
       open_.append(word);
-      out_ += tag;
+      out_ += tag.Text();
     }
   }
 
-  void HandleRawText(const QString& word, const QString& tag) {
+  void HandleRawText(const QString& word) {
     qsizetype end = html_.indexOf(QLatin1String("</") + word, at_, Qt::CaseInsensitive);
     if (end < 0) end = html_.size();
-    const QStringView text = QStringView(html_).mid(at_, end - at_);
+    QString text = html_.mid(at_, end - at_);
     at_ = TagEnd(end);
-    if (word == u"style" && !text.contains(u'@') && MayTry(text)) {
-      out_ += tag;
-      out_ += text;
-      out_ += QLatin1String("</style>");
-    }
+    if (word != u"style") return;
+    // Tags in it would be taken for tags of the page.
+    text.remove(QLatin1String("<!--")).remove(QLatin1String("-->"));
+    if (text.contains(u'<') || text.contains(u'@') || !MayTry(text)) return;
+    out_ += QLatin1String("<style>") + text + QLatin1String("</style>");
   }
 
   bool MayTry(QStringView sheet) {
@@ -152,73 +152,51 @@ class Filter {
     return styleRules_ * tags_ <= kMostStyleTries;
   }
 
-  void Close(const QString& word, const QString& tag) {
-    const qsizetype opened = open_.lastIndexOf(word);
-    if (opened < 0) return;
+  // What is open outside a table can't be closed in it.
+  void Close(const HtmlTag& tag) {
+    const bool isTable = tag.Name == u"table";
+    const qsizetype opened = open_.lastIndexOf(tag.Name);
+    if (opened < 0 || (!isTable && opened < open_.lastIndexOf(QStringLiteral("table")))) return;
     open_.resize(opened);
-    out_ += tag;
+    out_ += tag.Text();
   }
 
-  void HandleTable(const QString& word, QString tag, bool isEnd) {
-    if (word == u"table") {
-      isEnd ? EndTable(tag) : BeginTable(tag);
+  void HandleTable(HtmlTag& tag) {
+    if (tag.Name == u"table") {
+      tag.IsEnd ? EndTable(tag) : BeginTable(tag);
       return;
     }
     if (tables_.empty() || !tables_.back().IsKept) return;
-    if (isEnd) {
-      out_ += tag;
-      return;
-    }
     Table& table = tables_.back();
-    if (word == u"tr") {
+    if (!tag.IsEnd && tag.Name == u"tr") {
       cells_ += std::max(table.Columns, 1);
       table.RowColumns = 0;
       if (cells_ > kMostCells) table.IsKept = false;
-    } else {
-      // A number may be written in a way that only the layout reads.
-      if (tag.contains(u'&')) tag = QStringLiteral("<td>");
-      const int span = HoldSpan(tag, QStringLiteral("colspan"), kMostColumns);
-      HoldSpan(tag, QStringLiteral("rowspan"), kMostRowsSpanned);
+    } else if (!tag.IsEnd) {
+      const int span = tag.HoldNumber(QStringLiteral("colspan"), kMostColumns);
+      tag.HoldNumber(QStringLiteral("rowspan"), kMostRowsSpanned);
       if (table.RowColumns + span > kMostColumns) return;
       table.RowColumns += span;
       table.Columns = std::max(table.Columns, table.RowColumns);
     }
-    if (table.IsKept) out_ += tag;
+    if (table.IsKept) out_ += tag.Text();
   }
 
-  void BeginTable(const QString& tag) {
+  void BeginTable(const HtmlTag& tag) {
     const bool isKept = tables_.size() < kDeepestTable && tableCount_ < kMostTables && cells_ < kMostCells;
     ++tableCount_;
-    if (tables_.size() < 1000) tables_.push_back({0, 0, isKept});
+    tables_.push_back({0, 0, isKept, isKept});
     if (isKept) {
-      open_.append(QStringLiteral("table"));
-      out_ += tag;
+      open_.append(tag.Name);
+      out_ += tag.Text();
     }
   }
 
-  void EndTable(const QString& tag) {
+  void EndTable(const HtmlTag& tag) {
     if (tables_.empty()) return;
+    const bool isOpen = tables_.back().IsOpen;
     tables_.pop_back();
-    Close(QStringLiteral("table"), tag);
-  }
-
-  // The largest number of a span in a tag, 1 when there is none. A number that is out of bounds becomes 1,
-  // wherever in the tag it stands.
-  static int HoldSpan(QString& tag, const QString& name, int most) {
-    int largest = 1;
-    for (qsizetype at = tag.indexOf(name, 0, Qt::CaseInsensitive); at >= 0;
-         at = tag.indexOf(name, at, Qt::CaseInsensitive)) {
-      at += name.size();
-      while (at < tag.size() && !tag[at].isDigit() && tag[at] != u'>')
-        ++at;
-      qsizetype end = at;
-      while (end < tag.size() && tag[end].isDigit())
-        ++end;
-      const int span = QStringView(tag).mid(at, end - at).toInt();
-      if (span < 1 || span > most) tag.replace(at, end - at, QStringLiteral("1"));
-      largest = std::max(largest, span > most ? 1 : span);
-    }
-    return largest;
+    if (isOpen) Close(tag);
   }
 
   static constexpr qsizetype kNone = -2;

@@ -1,5 +1,12 @@
 #include "platform/richtext/HtmlReader.h"
 
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/CodePage.h"
+#include "platform/richtext/HtmlFilter.h"
+#include "platform/richtext/PageDocument.h"
+#include "platform/richtext/PageLink.h"
+
 #include <QStringDecoder>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -7,13 +14,6 @@
 #include <QUrl>
 #include <algorithm>
 #include <vector>
-
-#include "platform/Descriptions.h"
-#include "platform/RunTimeError.h"
-#include "platform/files/CodePage.h"
-#include "platform/richtext/HtmlFilter.h"
-#include "platform/richtext/PageDocument.h"
-#include "platform/richtext/PageLink.h"
 
 namespace {
 
@@ -127,11 +127,21 @@ class Finisher {
       format.setProperty(QTextFormat::FontPixelSize,
                          static_cast<int>(std::clamp(pixels * scale_, 1.0, kLargestPoints)));
     }
-    if (!format.isImageFormat()) return;
+    if (format.isImageFormat()) SetPictureSize(format);
+  }
+
+  // Every picture gets both lengths: the layout does not end with a picture that has none, or less than none.
+  void SetPictureSize(QTextCharFormat& format) const {
     QTextImageFormat image = format.toImageFormat();
-    const auto held = [](double length) { return std::clamp(length, 0.0, kLargestPicture); };
-    if (image.width() != held(image.width())) image.setWidth(held(image.width()));
-    if (image.height() != held(image.height())) image.setHeight(held(image.height()));
+    const QVariant found = page_.Document->resource(QTextDocument::ImageResource, QUrl(image.name()));
+    const QSizeF own = found.value<QImage>().size().expandedTo({1, 1});
+    const QSizeF usual = found.isNull() ? QSizeF(16, 16) : own;
+    double width = image.width() > 0 ? image.width() : 0;
+    double height = image.height() > 0 ? image.height() : 0;
+    if (width <= 0) width = height > 0 ? height * usual.width() / usual.height() : usual.width();
+    if (height <= 0) height = width * usual.height() / usual.width();
+    image.setWidth(std::clamp(width, 1.0, kLargestPicture));
+    image.setHeight(std::clamp(height, 1.0, kLargestPicture));
     format = image;
   }
 

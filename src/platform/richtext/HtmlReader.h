@@ -1,12 +1,12 @@
 // Reads an HTML page into a document. Used by PageReader.
 #pragma once
 
+#include "platform/richtext/RichText.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
 #include <functional>
-
-#include "platform/richtext/RichText.h"
 
 // Gives a picture by the name that the page has for it; a null image where there is none. The page's
 // document keeps it and asks when the picture is first shown.

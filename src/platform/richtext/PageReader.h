@@ -1,11 +1,11 @@
 // Reads a page of either kind from behind its lead-in. The text control loads every file through here.
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-
 #include "platform/richtext/HtmlReader.h"
 #include "platform/richtext/RichText.h"
+
+#include <QByteArray>
+#include <QString>
 
 // The first bytes behind `offset` (from 0) tell rich text from HTML. Run-time errors, each naming `what`:
 // a file that ends before the offset, and anything else than the two.

@@ -1,10 +1,10 @@
 #include "platform/richtext/RtfBuilder.h"
 
+#include "platform/richtext/RtfTableGrid.h"
+
 #include <QTextDocument>
 #include <QTextTable>
 #include <algorithm>
-
-#include "platform/richtext/RtfTableGrid.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // Writes finished paragraphs and tables of an RTF page into the document.
 #pragma once
 
-#include <QTextCursor>
-#include <vector>
-
 #include "platform/richtext/RichText.h"
 #include "platform/richtext/RtfFormats.h"
 #include "platform/richtext/RtfModel.h"
+
+#include <QTextCursor>
+#include <vector>
 
 class RtfBuilder {
  public:

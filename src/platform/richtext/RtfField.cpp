@@ -1,8 +1,8 @@
 #include "platform/richtext/RtfField.h"
 
-#include <QStringList>
-
 #include "platform/richtext/SymbolFonts.h"
+
+#include <QStringList>
 
 namespace {
 

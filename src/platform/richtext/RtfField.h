@@ -1,9 +1,9 @@
 // Reads the instruction of an RTF field.
 #pragma once
 
-#include <QString>
-
 #include "platform/richtext/PageLink.h"
+
+#include <QString>
 
 // The link of a HYPERLINK instruction; kind 0 for any other field and for one without a target.
 // The address alone is kind 1, with a place behind it "address#place"; the place alone is kind 2.

@@ -7,7 +7,7 @@ namespace {
 
 // Deeper tables run into the deepest one: their text stays. The layout of tables in tables
 // doubles its work with each depth.
-constexpr size_t kDeepestTable = 5;
+constexpr size_t kDeepestTable = 4;
 
 size_t LevelOf(const RtfParaProps& props) {
   const int told = std::max(props.Nesting, props.IsInTable ? 1 : 0);

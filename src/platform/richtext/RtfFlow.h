@@ -2,12 +2,12 @@
 // tables, footnotes to the end. Finished paragraphs and tables go to the builder.
 #pragma once
 
+#include "platform/richtext/RtfBuilder.h"
+#include "platform/richtext/RtfModel.h"
+
 #include <QString>
 #include <utility>
 #include <vector>
-
-#include "platform/richtext/RtfBuilder.h"
-#include "platform/richtext/RtfModel.h"
 
 class RtfFlow {
  public:

@@ -1,10 +1,10 @@
 #include "platform/richtext/RtfFormats.h"
 
+#include "platform/richtext/SymbolFonts.h"
+
 #include <QTextOption>
 #include <algorithm>
 #include <limits>
-
-#include "platform/richtext/SymbolFonts.h"
 
 namespace {
 

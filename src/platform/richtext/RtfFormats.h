@@ -1,6 +1,11 @@
 // Turns the properties of an RTF page into the formats of a document, each made once.
 #pragma once
 
+#include "platform/richtext/PageLink.h"
+#include "platform/richtext/RichText.h"
+#include "platform/richtext/RtfHeader.h"
+#include "platform/richtext/RtfModel.h"
+
 #include <QHash>
 #include <QSize>
 #include <QTextBlockFormat>
@@ -8,11 +13,6 @@
 #include <QTextImageFormat>
 #include <unordered_map>
 #include <vector>
-
-#include "platform/richtext/PageLink.h"
-#include "platform/richtext/RichText.h"
-#include "platform/richtext/RtfHeader.h"
-#include "platform/richtext/RtfModel.h"
 
 class RtfFormats {
  public:

@@ -1,10 +1,10 @@
 #include "platform/richtext/RtfParser.h"
 
+#include "platform/richtext/PageDocument.h"
+
 #include <QTextFrame>
 #include <algorithm>
 #include <utility>
-
-#include "platform/richtext/PageDocument.h"
 
 namespace {
 

@@ -2,12 +2,6 @@
 // group wants it. The files of control words work on it; nobody else does.
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <string_view>
-#include <unordered_map>
-#include <vector>
-
 #include "platform/richtext/RichText.h"
 #include "platform/richtext/RtfBuilder.h"
 #include "platform/richtext/RtfFlow.h"
@@ -17,6 +11,12 @@
 #include "platform/richtext/RtfText.h"
 #include "platform/richtext/RtfTokens.h"
 #include "platform/richtext/RtfWords.h"
+
+#include <QByteArray>
+#include <QString>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 // Where the text of a group goes.
 enum class RtfDestination : unsigned char {

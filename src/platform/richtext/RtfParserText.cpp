@@ -1,13 +1,13 @@
 // The half of the parser that sends text where its group wants it.
+#include "platform/richtext/RtfField.h"
+#include "platform/richtext/RtfParser.h"
+#include "platform/richtext/SymbolFonts.h"
+
 #include <QColor>
 #include <QTextDocument>
 #include <QTextImageFormat>
 #include <QUrl>
 #include <algorithm>
-
-#include "platform/richtext/RtfField.h"
-#include "platform/richtext/RtfParser.h"
-#include "platform/richtext/SymbolFonts.h"
 
 namespace {
 
@@ -197,8 +197,9 @@ void RtfParser::InsertPicture(const QImage& image, double width, double height, 
     format.setProperty(kLinkNumberProperty, State().Chars.Link);
   }
   format.setName(name);
-  format.setWidth(metrics_.Pixels(width));
-  format.setHeight(metrics_.Pixels(height));
+  // The layout does not end with a picture of no pixels.
+  format.setWidth(std::max(metrics_.Pixels(width), 1.0));
+  format.setHeight(std::max(metrics_.Pixels(height), 1.0));
   if (objectId > 0) format.setProperty(kObjectIdProperty, objectId);
   flow_.AddInline(formats_.AddInline(format));
 }

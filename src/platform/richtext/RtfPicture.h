@@ -1,13 +1,13 @@
 // A picture of an RTF page: its description, its data, and the image that comes of them.
 #pragma once
 
+#include "platform/richtext/PicturePixels.h"
+#include "platform/richtext/RichText.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QSizeF>
 #include <string_view>
-
-#include "platform/richtext/PicturePixels.h"
-#include "platform/richtext/RichText.h"
 
 enum class RtfPictureKind { Unknown, Png, Jpeg, Dib, DeviceBitmap, Metafile };
 

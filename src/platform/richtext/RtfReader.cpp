@@ -1,10 +1,10 @@
 #include "platform/richtext/RtfReader.h"
 
-#include <string_view>
-
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/richtext/RtfParser.h"
+
+#include <string_view>
 
 namespace {
 

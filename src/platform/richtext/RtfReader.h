@@ -1,10 +1,10 @@
 // Reads an RTF page into a document. Used by PageReader.
 #pragma once
 
+#include "platform/richtext/RichText.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include "platform/richtext/RichText.h"
 
 // Whether the bytes begin as RTF does.
 bool IsRtf(const QByteArray& bytes);

@@ -2,6 +2,7 @@
 
 #include <QTextTableCellFormat>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -11,16 +12,17 @@ constexpr int kUsualCell = 1440;     // twips, of a cell that the row does not d
 constexpr int kSameEdge = 20;        // twips; writers round the edges of one column differently
 constexpr int kNarrowest = 30;       // twips
 
-double LineWidth(const RtfBorder& line, const PageMetrics& metrics) {
-  return line.Width <= 0 ? 0.0 : std::max(metrics.Pixels(line.Width), 1.0);
-}
-
 QTextFrameFormat::BorderStyle StyleOf(const RtfBorder& border) {
   if (border.Width <= 0) return QTextFrameFormat::BorderStyle_None;
   if (border.IsDouble) return QTextFrameFormat::BorderStyle_Double;
   if (border.IsDotted) return QTextFrameFormat::BorderStyle_Dotted;
   if (border.IsDashed) return QTextFrameFormat::BorderStyle_Dashed;
   return QTextFrameFormat::BorderStyle_Solid;
+}
+
+QTextCharFormat::VerticalAlignment VerticalOf(Qt::Alignment alignment) {
+  if (alignment == Qt::AlignVCenter) return QTextCharFormat::AlignMiddle;
+  return alignment == Qt::AlignBottom ? QTextCharFormat::AlignBottom : QTextCharFormat::AlignTop;
 }
 
 }  // namespace
@@ -117,8 +119,45 @@ void RtfTableGrid::ExtendDown(int row, int column, int columnSpan) {
   }
 }
 
+// A line is never thinner than a pixel.
+double RtfTableGrid::BorderPixels(const RtfBorder& border, const RtfFormats& formats) {
+  return border.Width <= 0 ? 0.0 : std::max(formats.Metrics().Pixels(border.Width), 1.0);
+}
+
+// What the cell says itself, else what its row says for the edge of the table or for lines between cells.
+RtfBorder RtfTableGrid::BorderOf(const RtfGridCell& cell, RtfSide side) const {
+  const RtfBorder& own = cell.Props.Borders[side];
+  if (own.Width != 0) return own;
+  const auto bottom = static_cast<size_t>(cell.Row + cell.RowSpan);
+  const bool isOuter[kSideCount] = {cell.Column == 0, cell.Row == 0,
+                                    cell.Column + cell.ColumnSpan == ColumnCount(), bottom == rows_.size()};
+  if (isOuter[side]) return cell.RowProps->Borders[side];
+  const bool isBetweenCells = side == kLeftSide || side == kRightSide;
+  return isBetweenCells ? cell.RowProps->Borders[4] : cell.RowProps->Borders[5];
+}
+
+// The document adds half of the outermost lines to a table's width, a page draws them over its edges.
+QList<QTextLength> RtfTableGrid::ColumnWidths(const RtfFormats& formats) const {
+  double left = 0;
+  double right = 0;
+  for (const RtfGridCell& cell : cells_) {
+    const bool isLast = cell.Column + cell.ColumnSpan == ColumnCount();
+    if (cell.Column == 0) left = std::max(left, BorderPixels(BorderOf(cell, kLeftSide), formats));
+    if (isLast) right = std::max(right, BorderPixels(BorderOf(cell, kRightSide), formats));
+  }
+  std::vector<double> pixels;
+  for (size_t i = 1; i < edges_.size(); ++i) {
+    pixels.push_back(formats.Metrics().Pixels(edges_[i] - edges_[i - 1]));
+  }
+  pixels.front() = std::max(pixels.front() - std::ceil(left / 2), 1.0);
+  pixels.back() = std::max(pixels.back() - std::ceil(right / 2), 1.0);
+  QList<QTextLength> widths;
+  for (const double width : pixels)
+    widths.append(QTextLength(QTextLength::FixedLength, width));
+  return widths;
+}
+
 QTextTableFormat RtfTableGrid::Format(const RtfFormats& formats) const {
-  const PageMetrics& metrics = formats.Metrics();
   QTextTableFormat format;
   format.setBorderCollapse(true);
   format.setBorder(0);
@@ -127,77 +166,47 @@ QTextTableFormat RtfTableGrid::Format(const RtfFormats& formats) const {
   const RtfRowProps& row = rows_.front();
   if (row.Align == RtfAlign::Centre) format.setAlignment(Qt::AlignHCenter);
   if (row.Align == RtfAlign::Right) format.setAlignment(Qt::AlignRight);
-  if (row.Align == RtfAlign::Left) format.setLeftMargin(metrics.Pixels(std::max(edges_.front(), 0)));
-  QList<QTextLength> widths;
-  for (size_t i = 1; i < edges_.size(); ++i) {
-    // The outer lines stand half outside: the table must not grow wider than its edges for them.
-    double width = metrics.Pixels(edges_[i] - edges_[i - 1]);
-    if (i == 1) width -= Overhang(kLeftSide, metrics);
-    if (i + 1 == edges_.size()) width -= Overhang(kRightSide, metrics);
-    widths.append(QTextLength(QTextLength::FixedLength, std::max(width, 0.0)));
-  }
-  format.setColumnWidthConstraints(widths);
+  // Tables often begin left of the text by the space in their cells; no further than the page goes.
+  const int left = std::max(edges_.front(), -formats.Header().Margins.Left);
+  if (row.Align == RtfAlign::Left) format.setLeftMargin(formats.Metrics().Pixels(left));
+  format.setColumnWidthConstraints(ColumnWidths(formats));
   return format;
 }
 
-RtfBorder RtfTableGrid::BorderOf(const RtfGridCell& cell, RtfSide side) const {
-  const RtfBorder& own = cell.Props.Borders[side];
-  if (own.Width != 0) return own;
-  const bool isOuter = side == kLeftSide    ? cell.Column == 0
-                       : side == kRightSide ? cell.Column + cell.ColumnSpan == ColumnCount()
-                       : side == kTopSide   ? cell.Row == 0
-                                            : static_cast<size_t>(cell.Row + cell.RowSpan) == rows_.size();
-  const bool isAcross = side == kLeftSide || side == kRightSide;
-  return cell.RowProps->Borders[isOuter ? static_cast<size_t>(side) : (isAcross ? 4u : 5u)];
-}
-
-double RtfTableGrid::Overhang(RtfSide side, const PageMetrics& metrics) const {
-  double widest = 0;
-  for (const RtfGridCell& cell : cells_) {
-    const bool isOuter =
-        side == kLeftSide ? cell.Column == 0 : cell.Column + cell.ColumnSpan == ColumnCount();
-    if (isOuter) widest = std::max(widest, LineWidth(BorderOf(cell, side), metrics));
-  }
-  return widest / 2;
-}
-
 QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfFormats& formats) const {
-  const PageMetrics& metrics = formats.Metrics();
   const RtfHeader& header = formats.Header();
   QTextTableCellFormat format;
-  const auto pen = [&](const RtfBorder& line) {
-    const QColor colour = header.ColourOf(line.Colour);
+  const auto brush = [&](const RtfBorder& border) {
+    const QColor colour = header.ColourOf(border.Colour);
     return QBrush(colour.isValid() ? colour : QColor(Qt::black));
   };
-  const auto width = [&](const RtfBorder& line) { return LineWidth(line, metrics); };
+  const auto padding = [&](RtfSide side, int usual) {
+    const int own = cell.Props.Padding[side];
+    const int ofRow = cell.RowProps->Padding[side];
+    const int told = own >= 0 ? own : (ofRow >= 0 ? ofRow : usual);
+    return formats.Metrics().Pixels(std::clamp(told, 0, kUsualCell));
+  };
   const RtfBorder left = BorderOf(cell, kLeftSide);
   const RtfBorder right = BorderOf(cell, kRightSide);
   const RtfBorder top = BorderOf(cell, kTopSide);
   const RtfBorder bottom = BorderOf(cell, kBottomSide);
-  format.setLeftBorder(width(left));
+  format.setLeftBorder(BorderPixels(left, formats));
   format.setLeftBorderStyle(StyleOf(left));
-  format.setLeftBorderBrush(pen(left));
-  format.setRightBorder(width(right));
-  format.setRightBorderStyle(StyleOf(right));
-  format.setRightBorderBrush(pen(right));
-  format.setTopBorder(width(top));
-  format.setTopBorderStyle(StyleOf(top));
-  format.setTopBorderBrush(pen(top));
-  format.setBottomBorder(width(bottom));
-  format.setBottomBorderStyle(StyleOf(bottom));
-  format.setBottomBorderBrush(pen(bottom));
-  const auto padding = [&](RtfSide side, int usual) {
-    const int own = cell.Props.Padding[side];
-    const int ofRow = cell.RowProps->Padding[side];
-    return metrics.Pixels(std::clamp(own >= 0 ? own : (ofRow >= 0 ? ofRow : usual), 0, kUsualCell));
-  };
+  format.setLeftBorderBrush(brush(left));
   format.setLeftPadding(padding(kLeftSide, cell.RowProps->Gap));
+  format.setRightBorder(BorderPixels(right, formats));
+  format.setRightBorderStyle(StyleOf(right));
+  format.setRightBorderBrush(brush(right));
   format.setRightPadding(padding(kRightSide, cell.RowProps->Gap));
+  format.setTopBorder(BorderPixels(top, formats));
+  format.setTopBorderStyle(StyleOf(top));
+  format.setTopBorderBrush(brush(top));
   format.setTopPadding(padding(kTopSide, 0));
+  format.setBottomBorder(BorderPixels(bottom, formats));
+  format.setBottomBorderStyle(StyleOf(bottom));
+  format.setBottomBorderBrush(brush(bottom));
   format.setBottomPadding(padding(kBottomSide, 0));
-  if (cell.Props.Vertical == Qt::AlignVCenter) format.setVerticalAlignment(QTextCharFormat::AlignMiddle);
-  if (cell.Props.Vertical == Qt::AlignBottom) format.setVerticalAlignment(QTextCharFormat::AlignBottom);
-  if (cell.Props.Vertical == Qt::AlignTop) format.setVerticalAlignment(QTextCharFormat::AlignTop);
+  format.setVerticalAlignment(VerticalOf(cell.Props.Vertical));
   const QColor back = header.ColourOf(cell.Props.Back);
   if (cell.Props.Back > 0 && back.isValid()) format.setBackground(back);
   return format;

@@ -1,11 +1,11 @@
 // Fits the rows of an RTF table, each with cell edges of its own, into the one grid of a document's table.
 #pragma once
 
-#include <QTextTableFormat>
-#include <vector>
-
 #include "platform/richtext/RtfFormats.h"
 #include "platform/richtext/RtfModel.h"
+
+#include <QTextTableFormat>
+#include <vector>
 
 // One cell of the grid. Rows and columns count from 0.
 struct RtfGridCell {
@@ -37,10 +37,9 @@ class RtfTableGrid {
   void PlaceRow(int row, const RtfRow& source, const RtfRowProps& props);
   void ExtendDown(int row, int column, int columnSpan);
   int ColumnAt(int edge) const;
-  // The line on one side of a cell, its own or its row's.
   RtfBorder BorderOf(const RtfGridCell& cell, RtfSide side) const;
-  // Pixels by which the lines on the outer side of a column stand over its edge.
-  double Overhang(RtfSide side, const PageMetrics& metrics) const;
+  QList<QTextLength> ColumnWidths(const RtfFormats& formats) const;
+  static double BorderPixels(const RtfBorder& border, const RtfFormats& formats);
 
   std::vector<RtfRowProps> rows_;  // with a description for every cell
   std::vector<int> edges_;         // ascending, twips

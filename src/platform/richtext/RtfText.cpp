@@ -1,8 +1,8 @@
 #include "platform/richtext/RtfText.h"
 
-#include <algorithm>
-
 #include "platform/richtext/SymbolFonts.h"
+
+#include <algorithm>
 
 namespace {
 

@@ -1,9 +1,9 @@
 // Control words that stand for characters or breaks, and those of the page as a whole.
-#include <algorithm>
-
 #include "platform/richtext/RtfParser.h"
 #include "platform/richtext/RtfWords.h"
 #include "platform/richtext/SymbolFonts.h"
+
+#include <algorithm>
 
 namespace {
 

@@ -1,5 +1,13 @@
 #include "platform/richtext/TextControl.h"
 
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/FileBytes.h"
+#include "platform/forms/Screen.h"
+#include "platform/richtext/PageLink.h"
+#include "platform/richtext/PageReader.h"
+#include "platform/richtext/PicturePixels.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -11,14 +19,6 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-
-#include "platform/Descriptions.h"
-#include "platform/RunTimeError.h"
-#include "platform/files/FileBytes.h"
-#include "platform/forms/Screen.h"
-#include "platform/richtext/PageLink.h"
-#include "platform/richtext/PageReader.h"
-#include "platform/richtext/PicturePixels.h"
 
 namespace {
 

@@ -2,15 +2,15 @@
 // help and the trademark screen each have one. It reads the files it is given and opens nothing else.
 #pragma once
 
+#include "platform/forms/Control.h"
+#include "platform/forms/Event.h"
+#include "platform/richtext/RichText.h"
+
 #include <QByteArray>
 #include <QRect>
 #include <QString>
 #include <QTextBrowser>
 #include <memory>
-
-#include "platform/forms/Control.h"
-#include "platform/forms/Event.h"
-#include "platform/richtext/RichText.h"
 
 class TextControl : public QTextBrowser, public Control {
  public:

@@ -1,0 +1,24 @@
+// One tag of an HTML page, taken apart and written anew in the one way that every reader understands alike.
+// Used by the filter.
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringView>
+#include <utility>
+
+struct HtmlTag {
+  QString Name;  // lower case
+  bool IsEnd = false;
+  // Lower-case names with their values as they stand, entities among them. Only the first of a name counts.
+  QList<std::pair<QString, QString>> Attributes;
+
+  // The largest whole number from 1 to `most` of an attribute. Anything else it holds becomes 1.
+  int HoldNumber(const QString& attribute, int most);
+
+  // Attributes that a page has a use for; everything quoted.
+  QString Text() const;
+};
+
+// `text` begins at the "<" of a tag and ends behind its ">".
+HtmlTag ParseHtmlTag(QStringView text);
