@@ -16,11 +16,20 @@ class PageDocument : public QTextDocument {
 
  protected:
   QVariant loadResource(int type, const QUrl& name) override {
-    if (type != QTextDocument::ImageResource || !loader_) return {};
+    if (type != QTextDocument::ImageResource) return {};
+    if (!loader_) return Nothing();
     const QImage picture = loader_(name.toString());
-    return picture.isNull() ? QVariant() : QVariant(picture);
+    return picture.isNull() ? Nothing() : picture;
   }
 
  private:
+  // In the place of a picture that can't be had. For a picture without an answer the layout would open
+  // a file of that name by itself, wherever it lies.
+  static QImage Nothing() {
+    QImage nothing(1, 1, QImage::Format_ARGB32);
+    nothing.fill(Qt::transparent);
+    return nothing;
+  }
+
   PictureLoader loader_;
 };
