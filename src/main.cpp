@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(application);
-  QApplication::setWindowIcon(QIcon(RealPath(SkinPicture(QStringLiteral("tallowmere-64.png")))));
+  QApplication::setWindowIcon(QIcon(ContainedPath(SkinPicture(QStringLiteral("tallowmere-64.png")))));
   FormLife::Begin(&QCoreApplication::quit);
   const int result = Main() ? QApplication::exec() : 0;
   OneCopy::Release();

@@ -72,7 +72,8 @@ QString RealPathAsSpelled(const QString& programPath) {
     path.chop(1);
   const qsizetype slash = path.lastIndexOf(u'/');
   if (slash < 0) return ProgramFolder() + u'/' + path;
-  return QDir(RealPath(path.left(slash + 1))).filePath(path.mid(slash + 1));
+  const QString folder = RealPath(path.left(slash + 1));
+  return (folder == u"/" ? QString() : folder) + path.mid(slash);
 }
 
 // The file that a path stands for: a link is kept and what it leads to is replaced.

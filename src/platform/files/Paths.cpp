@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <functional>
 
 namespace {
 
@@ -16,11 +17,15 @@ bool Exists(const QString& path) {
   return info.exists() || info.isSymLink();  // a link that leads nowhere is still the exact name
 }
 
-// The name in `folder` that a step stands for.
-QString MatchStep(const QString& folder, const QString& step) {
+using FolderTest = std::function<bool(const QString&)>;
+
+// The name in `folder` that a step stands for. A folder that may not be listed has exact names alone.
+QString MatchStep(const QString& folder, const QString& step, const FolderTest& mayList) {
   if (Exists(folder + u'/' + step)) return step;
+  const QString listed = folder.isEmpty() ? QStringLiteral("/") : folder;
+  if (!mayList(listed)) return step;
   QStringList names =
-      QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+      QDir(listed).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
   names.sort();
   for (const QString& name : names) {
     if (name.compare(step, Qt::CaseInsensitive) == 0) return name;
@@ -40,6 +45,20 @@ QStringList StepsOf(const QString& path) {
     }
   }
   return steps;
+}
+
+QString MatchSteps(const QString& programPath, const FolderTest& mayList) {
+  QString path = programPath;
+  path.replace(u'\\', u'/');
+  if (!path.startsWith(u'/')) path = ProgramFolder() + u'/' + path;
+  QString real;
+  bool exists = true;
+  for (const QString& step : StepsOf(path)) {
+    const QString name = exists ? MatchStep(real, step, mayList) : step;
+    real += u'/' + name;
+    exists = exists && Exists(real);
+  }
+  return real.isEmpty() ? QStringLiteral("/") : real;
 }
 
 bool IsUsable(const QString& path) {
@@ -68,6 +87,11 @@ QString FollowLinks(const QString& real) {
   return followed == u"/" ? followed + rest.mid(1) : followed + rest;
 }
 
+// Both with their links followed.
+bool IsInside(const QString& path, const QString& root) {
+  return path == root || path.startsWith(root.endsWith(u'/') ? root : root + u'/');
+}
+
 }  // namespace
 
 QString ProgramFolder() {
@@ -81,17 +105,7 @@ void SetProgramFolder(const QString& folder) {
 }
 
 QString RealPath(const QString& programPath) {
-  QString path = programPath;
-  path.replace(u'\\', u'/');
-  if (!path.startsWith(u'/')) path = ProgramFolder() + u'/' + path;
-  QString real;
-  bool exists = true;
-  for (const QString& step : StepsOf(path)) {
-    const QString name = exists ? MatchStep(real, step) : step;
-    real += u'/' + name;
-    exists = exists && Exists(real);
-  }
-  return real.isEmpty() ? QStringLiteral("/") : real;
+  return MatchSteps(programPath, [](const QString&) { return true; });
 }
 
 QString ContainedPath(const QString& programPath) {
@@ -100,13 +114,14 @@ QString ContainedPath(const QString& programPath) {
 
 QString ContainedPathIn(const QString& folder, const QString& programPath) {
   if (!IsUsable(QString(programPath).replace(u'\\', u'/'))) return {};
-  const QString real = RealPath(programPath);
+  const QString root = FollowLinks(RealPath(folder));
+  if (root.isEmpty()) return {};
+  // Not even the names of a folder elsewhere are looked through.
+  const auto mayList = [&root](const QString& listed) { return IsInside(FollowLinks(listed), root); };
+  const QString real = MatchSteps(programPath, mayList);
   if (!IsUsable(real)) return {};
   const QString followed = FollowLinks(real);
-  const QString root = FollowLinks(RealPath(folder));
-  if (followed.isEmpty() || root.isEmpty()) return {};
-  const bool inside = followed == root || followed.startsWith(root.endsWith(u'/') ? root : root + u'/');
-  return inside ? real : QString();
+  return !followed.isEmpty() && IsInside(followed, root) ? real : QString();
 }
 
 bool IsFileName(const QString& name) {

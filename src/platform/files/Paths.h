@@ -18,6 +18,7 @@ QString RealPath(const QString& programPath);
 
 // RealPath, or an empty text when the path, with its links followed, leaves the program folder, when a
 // link in it leads nowhere, or when it holds a NUL or a name or path longer than the system allows.
+// Outside that folder names count exactly as they are spelled: no other folder is even listed.
 QString ContainedPath(const QString& programPath);
 // The same for another folder, which is itself a program path.
 QString ContainedPathIn(const QString& folder, const QString& programPath);

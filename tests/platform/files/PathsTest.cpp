@@ -33,6 +33,15 @@ TEST(Paths, AStepIsMatchedWithoutCaseOnlyWhenTheExactNameIsAbsent) {
   EXPECT_EQ(RealPath(program.Folder() + "\\rt0101\\MAP.txt"), program.Path("RT0101/map.TXT"));
 }
 
+TEST(Paths, TheFirstStepIsMatchedInTheRootAndNotWhereTheProgramRuns) {
+  const TestProgram program;
+  const QString here = QDir::currentPath();
+  QDir::setCurrent(program.Folder());
+  program.Write("No Such Thing", "");
+  EXPECT_EQ(RealPath("/no such thing"), "/no such thing");
+  QDir::setCurrent(here);
+}
+
 TEST(Paths, NothingLeavesTheProgramFolder) {
   const TestProgram program;
   const QTemporaryDir outside;
