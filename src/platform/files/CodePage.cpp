@@ -2,11 +2,15 @@
 
 #include <QStringDecoder>
 #include <QStringEncoder>
+#include <algorithm>
+#include <cctype>
+#include <cstring>
 
 namespace {
 
 constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
 constexpr qsizetype kUtf8MarkSize = 3;
+constexpr qsizetype kLongestName = 60;  // characters; the system's own have about thirty at most
 
 QByteArray g_codePage = kDefaultCodePage;
 
@@ -21,6 +25,14 @@ QByteArray PlainAscii() {
   for (char c = 0x20; c < 0x7F; ++c)
     ascii.append(c);
   return ascii;
+}
+
+// A name alone: behind a comma the system's tables take options, and some names of theirs are paths.
+bool IsCodePageName(const QByteArray& name) {
+  const auto isPart = [](char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || std::strchr("-_.:+", c) != nullptr;
+  };
+  return !name.isEmpty() && name.size() <= kLongestName && std::all_of(name.begin(), name.end(), isPart);
 }
 
 bool HoldsAscii(const QByteArray& codePage) {
@@ -38,7 +50,7 @@ bool HoldsAscii(const QByteArray& codePage) {
 
 bool SetCodePage(const QString& name) {
   const QByteArray wanted = name.trimmed().toLatin1();
-  if (wanted.isEmpty() || !HoldsAscii(wanted)) return false;
+  if (!IsCodePageName(wanted) || !HoldsAscii(wanted)) return false;
   g_codePage = wanted;
   return true;
 }
