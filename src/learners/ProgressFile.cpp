@@ -87,9 +87,10 @@ void AppendToProgressArrays(const ProgressRecords& records, QList<QStringList>& 
 
 QString ProgressPath(const QString& folderName, const QString& courseName) {
   const auto isCalled = [&](QStringView name) { return name.compare(courseName, Qt::CaseInsensitive) == 0; };
-  if (!IsFileName(courseName) || isCalled(kUserFileName) || isCalled(QString(kSavingName)))
+  if (isCalled(kUserFileName) || isCalled(QString(kSavingName))) {
     throw RunTimeError(Describe("name-unusable", courseName));
-  return LearnerPath(folderName) + u'\\' + courseName;
+  }
+  return LearnerFilePath(folderName, courseName);
 }
 
 void WriteResumeLine() {

@@ -14,7 +14,20 @@ const QString kProductFolder = QStringLiteral("Tallowmere Manager 1.0");
 const QString kUserDataFolder = QStringLiteral("UserData");
 
 QString UserPath(const QString& folderName) {
-  return LearnerPath(folderName) + u'\\' + kUserFileName;
+  return LearnerFilePath(folderName, kUserFileName);
+}
+
+// A link on the way may lead anywhere below the data folder. Whoever wants the learners elsewhere says so
+// in the installation.
+bool LiesInData(const QString& path) {
+  return !ContainedPathIn(gDriveRoot, path).isEmpty();
+}
+
+QString PathBelow(const QString& folder, const QString& name) {
+  if (!IsFileName(name)) throw RunTimeError(Describe("name-unusable", name));
+  const QString path = folder + u'\\' + name;
+  if (!LiesInData(path)) throw RunTimeError(Describe("outside-data", path));
+  return path;
 }
 
 void SignIn(const QString& firstName, const QString& lastName, const QString& email) {
@@ -39,8 +52,11 @@ QString UserDataPath() {
 }
 
 QString LearnerPath(const QString& folderName) {
-  if (!IsFileName(folderName)) throw RunTimeError(Describe("name-unusable", folderName));
-  return UserDataPath() + u'\\' + folderName;
+  return PathBelow(UserDataPath(), folderName);
+}
+
+QString LearnerFilePath(const QString& folderName, const QString& fileName) {
+  return PathBelow(LearnerPath(folderName), fileName);
 }
 
 void CreateUser(const QString& firstName, const QString& lastName, const QString& email) {
@@ -59,9 +75,14 @@ void CreateUser(const QString& firstName, const QString& lastName, const QString
 }
 
 QStringList ListUsers() {
-  QStringList names = ListFolders(UserDataPath());
-  // A hidden folder is the file system's own, unless a learner's name begins with a full stop.
-  names.removeIf([](const QString& name) { return name.startsWith(u'.') && !PathExists(UserPath(name)); });
+  const QString place = UserDataPath() + u'\\';
+  if (!LiesInData(place)) return {};
+  QStringList names = ListFolders(place);
+  names.removeIf([&](const QString& name) {
+    if (!LiesInData(place + name)) return true;
+    // A hidden folder is the file system's own, unless a learner's name begins with a full stop.
+    return name.startsWith(u'.') && !PathExists(place + name + u'\\' + kUserFileName);
+  });
   return names;
 }
 

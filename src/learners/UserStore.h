@@ -22,14 +22,16 @@ QString LearnerFolder(const QString& firstName, const QString& lastName);
 // The folder that holds the learners' folders.
 QString UserDataPath();
 // The path of a learner's folder. A name that is no plain folder name ("..", a slash, a NUL, more than
-// 255 bytes) is a RunTimeError that names it.
+// 255 bytes) is a RunTimeError that names it, and so is one that a link takes out of the data folder.
 QString LearnerPath(const QString& folderName);
+// The path of a file in it, on the same terms.
+QString LearnerFilePath(const QString& folderName, const QString& fileName);
 
 // Makes what is missing of the folders, writes the learner's record in place of an older one, and signs
 // the learner in. With neither name nothing is written and nobody is signed in. A failure is a RunTimeError,
 // nobody new signed in.
 void CreateUser(const QString& firstName, const QString& lastName, const QString& email);
-// The names of the learners' folders.
+// The names of the learners' folders. Links that leave the data folder are none.
 QStringList ListUsers();
 // Gives the signed-in learner new names and a new address: the record first, then the folder, then the
 // program-wide variables. Fails silently, with what was done until then kept: then false. When the
