@@ -26,7 +26,7 @@ void CopyFolder(const QString& from, const QString& to) {
 }  // namespace
 
 Store::Store() {
-  SetProgramFolder(folder_.path());
+  SetProgramFolder(Path());
   CopyFolder(QStringLiteral(TALLOWMERE_SKIN), Path(QStringLiteral("GUIimages")));
   ResetProgramState();
   WriteRegistry();
@@ -37,7 +37,12 @@ Store::~Store() {
 }
 
 QString Store::Path(const QString& name) const {
-  return name.isEmpty() ? folder_.path() : folder_.path() + QLatin1Char('/') + name;
+  const QString program = PathBeside(QStringLiteral("store"));
+  return name.isEmpty() ? program : program + QLatin1Char('/') + name;
+}
+
+QString Store::PathBeside(const QString& name) const {
+  return folder_.path() + QLatin1Char('/') + name;
 }
 
 QString Store::DataPath(const QString& name) const {

@@ -10,7 +10,9 @@ class Store {
   Store();
   ~Store();
 
+  // Below the program folder, and below the folder that it stands in.
   QString Path(const QString& name = {}) const;
+  QString PathBeside(const QString& name) const;
   QString DataPath(const QString& name = {}) const;
 
   void Write(const QString& name, const QByteArray& bytes) const;
