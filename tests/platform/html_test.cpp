@@ -88,7 +88,7 @@ TEST_P(HtmlBombs, KeepTheirLastWord) {
   const RichPage page = Html(GetParam().Html + "<p>last</p>");
   page.Document->setTextWidth(500);
   EXPECT_LT(page.Document->size().height(), 1e7);
-  EXPECT_TRUE(page.Document->toPlainText().endsWith("last"));
+  EXPECT_TRUE(page.Document->toPlainText().trimmed().endsWith("last"));
 }
 
 const BombRow kBombs[] = {
@@ -97,6 +97,10 @@ const BombRow kBombs[] = {
      "<table><tr><td title='colspan=1' colspan=99999999 rowspan='&#57;9999999'>a</td></tr></table>"},
     {"StyleRules", "<style>" + QByteArray("p{color:red}").repeated(2000) + "</style>" +
                        QByteArray("<p>a").repeated(20'000)},
+    {"PicturesWithoutSize", "<img width='%'><table><tr><td><img width=0 height='-5'>a</td></tr></table>"},
+    {"TableInAQuote", "<p a=b c\"><table><tr><td a='<table><tr><td>'>a</td></tr></table>"},
+    {"TablesInAStyleSheet", "<style>" + QByteArray("<table><tr><td>").repeated(12) + "</style>"},
+    {"EndsAcrossTables", QByteArray("<div><table><tr><td></div>").repeated(2000)},
     {"Cells",
      "<table><tr>" + QByteArray("<td>").repeated(20'000) + QByteArray("<tr>").repeated(20'000) + "</table>"},
     {"NestedTables",

@@ -200,6 +200,15 @@ TEST(RtfTables, HaveBordersShadingAndAlignment) {
   EXPECT_EQ(cell.leftPadding(), 10);
 }
 
+TEST(RtfTables, AreNoWiderForTheirLines) {
+  const QByteArray line = "\\brdrs\\brdrw45";
+  const QByteArray lines = "\\clbrdrl" + line + "\\clbrdrr" + line;
+  const RichPage page = ReadBody("\\margl300\\margr300\\trowd" + lines + "\\cellx3000" + lines +
+                                 "\\cellx6900\\pard\\intbl a\\cell b\\cell\\row");
+  page.Document->setTextWidth(500);
+  EXPECT_EQ(page.Document->size().width(), 500);
+}
+
 TEST(RtfTables, NestAndLoseNoText) {
   const RichPage page = ReadBody(
       "\\trowd\\cellx4000\\cellx6000\\pard\\intbl before\\par\\pard\\intbl\\itap2 in1\\nestcell in2\\nestcell"
@@ -267,6 +276,7 @@ const PictureRow kPictures[] = {
     {"WrongWord", "\\jpegblip", kPng.toHex(), {8, 4}, true},
     {"Metafile", "\\wmetafile8\\picw2540\\pich1270", "0100", {96, 48}, false},
     {"MetafileAtItsGoal", "\\emfblip\\picwgoal300\\pichgoal600", "0100", {20, 40}, false},
+    {"TooSmallToSee", "\\pngblip\\picwgoal1\\pichgoal1\\picscalex1", kPng.toHex(), {1, 1}, true},
     {"Damaged", "\\pngblip\\picwgoal300\\pichgoal300", kPng.left(40).toHex(), {20, 20}, false},
     {"Bomb", "\\pngblip\\picwgoal300\\pichgoal300", HugePng().toHex(), {20, 20}, false},
     {"BitmapWithoutData",
