@@ -1,0 +1,84 @@
+// A page turn, from the release of the mouse to the painted page with the progress on the disk, over all
+// pages of the demo courses; and what the disk itself takes of it.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QTemporaryDir>
+#include <algorithm>
+
+#include "Reader.h"
+#include "Times.h"
+
+namespace {
+
+constexpr double kAim = 16;  // ms: a frame of a display at 60 Hz
+constexpr int kTurns = 1000;
+constexpr int kSaves = 300;
+constexpr size_t kSavedBytes = 600;  // about the progress file of a demo course
+
+void PageTurn(benchmark::State& state, const char* folder) {
+  PutTemporaryFoldersIn(folder);
+  Reader reader;
+  Times all, firstRound;
+  size_t turn = 0;
+  for (auto _ : state) {
+    const size_t page = turn % reader.Pages();
+    reader.PressBefore(page);
+    all.Take(state, [&] { reader.Release(); });
+    if (turn == reader.Pages() - 1) firstRound = all;
+    if (!reader.HasTurnedTo(page)) {
+      const std::string name = reader.Name(page).toStdString();
+      state.SkipWithError(("not on the screen or not on the disk: " + name).c_str());
+      break;
+    }
+    ++turn;
+  }
+  state.counters["pages"] = static_cast<double>(reader.Pages());
+  firstRound.Report(state, "first_visit_");
+  if (folder == kTmpfs) {
+    all.ReportTailAim(state, kAim);
+  } else {
+    all.Report(state);
+  }
+}
+
+// The bare system calls of a safe save: write, flush, rename, flush of the folder.
+bool SaveOnce(const std::string& folder, const std::string& bytes) {
+  const std::string fresh = folder + "/fresh", kept = folder + "/kept";
+  const int file = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  const bool written = file >= 0 &&
+                       write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()) &&
+                       fsync(file) == 0;
+  close(file);
+  const bool renamed = rename(fresh.c_str(), kept.c_str()) == 0;
+  const int entries = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const bool flushed = entries >= 0 && fsync(entries) == 0;
+  close(entries);
+  return written && renamed && flushed;
+}
+
+void BareSave(benchmark::State& state, const char* folder) {
+  const QTemporaryDir place(QString::fromLatin1(folder) + QStringLiteral("/save-XXXXXX"));
+  const std::string path = place.path().toStdString(), bytes(kSavedBytes, 'x');
+  Times times;
+  for (auto _ : state) {
+    bool saved = false;
+    times.Take(state, [&] { saved = SaveOnce(path, bytes); });
+    if (!saved) state.SkipWithError("the save failed");
+  }
+  times.Report(state);
+}
+
+}  // namespace
+
+BENCHMARK_CAPTURE(PageTurn, tmpfs, kTmpfs)
+    ->UseManualTime()
+    ->Iterations(kTurns)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BareSave, tmpfs, kTmpfs)
+    ->UseManualTime()
+    ->Iterations(kSaves)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(PageTurn, disk, kDisk)->UseManualTime()->Iterations(kTurns)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BareSave, disk, kDisk)->UseManualTime()->Iterations(kSaves)->Unit(benchmark::kMillisecond);
