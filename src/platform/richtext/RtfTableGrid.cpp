@@ -145,15 +145,13 @@ QList<QTextLength> RtfTableGrid::ColumnWidths(const RtfFormats& formats) const {
     if (cell.Column == 0) left = std::max(left, BorderPixels(BorderOf(cell, kLeftSide), formats));
     if (isLast) right = std::max(right, BorderPixels(BorderOf(cell, kRightSide), formats));
   }
-  std::vector<double> pixels;
-  for (size_t i = 1; i < edges_.size(); ++i) {
-    pixels.push_back(formats.Metrics().Pixels(edges_[i] - edges_[i - 1]));
-  }
-  pixels.front() = std::max(pixels.front() - std::ceil(left / 2), 1.0);
-  pixels.back() = std::max(pixels.back() - std::ceil(right / 2), 1.0);
   QList<QTextLength> widths;
-  for (const double width : pixels)
-    widths.append(QTextLength(QTextLength::FixedLength, width));
+  for (size_t i = 1; i < edges_.size(); ++i) {
+    double width = formats.Metrics().Pixels(edges_[i] - edges_[i - 1]);
+    if (i == 1) width -= std::ceil(left / 2);
+    if (i + 1 == edges_.size()) width -= std::ceil(right / 2);
+    widths.append(QTextLength(QTextLength::FixedLength, std::max(width, 1.0)));
+  }
   return widths;
 }
 
