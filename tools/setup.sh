@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing. Usage: tools/setup.sh GROUP..., with the groups
-# build (program), test (test run), visit (scripted visit without a display) and bench (benchmarks).
+# build (program), test (test run, the visit included), visit (scripted visit without a display) and
+# bench (benchmarks).
 set -euo pipefail
 
 packages_of() {
   case "$1" in
     build) echo g++ cmake ninja-build python3 qt6-base-dev fonts-liberation ;;
-    test) echo libgtest-dev ;;
+    test) echo libgtest-dev strace; packages_of visit ;;
     bench) echo libbenchmark-dev libx11-dev ;;
     visit) echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils ;;
     *) echo "setup: no such group: $1" >&2; return 1 ;;

@@ -8,6 +8,7 @@ exits with 1 when something was not as it must be.
 import shutil
 import sys
 import time
+from collections.abc import Sequence
 from pathlib import Path
 
 from program_run import COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, REGISTER, SPLASH
@@ -141,21 +142,26 @@ class Visit:
         self.come_back(last)
 
 
-def main() -> int:
-    store, out = Path(sys.argv[1]), Path(sys.argv[2])
-    dpi = int(sys.argv[3]) if len(sys.argv) > 3 else 96
+def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> int:
+    """Plays the visit, the program behind the command `wrapper`; gives how many checks failed."""
     shutil.rmtree(out, ignore_errors=True)
     out.mkdir(parents=True)
     # The visit plays on a copy, so that the store's own learners are left alone.
     playground = out / "store"
     shutil.copytree(store, playground, ignore=shutil.ignore_patterns("data"))
-    with Desktop(out, dpi) as desktop:
+    with Desktop(out, dpi, wrapper) as desktop:
         visit = Visit(desktop, playground)
         visit.run()
     shutil.move(playground / "data", out / "learner")
     shutil.rmtree(playground)
+    return visit.failures
+
+
+def main() -> int:
+    out = Path(sys.argv[2])
+    failures = play(Path(sys.argv[1]), out, int(sys.argv[3]) if len(sys.argv) > 3 else 96)
     print(f"Pictures and the learner's files are in {out}/")
-    return 1 if visit.failures else 0
+    return 1 if failures else 0
 
 
 if __name__ == "__main__":

@@ -6,18 +6,22 @@ import shutil
 import subprocess
 import tempfile
 import time
-from collections.abc import Callable
+from collections.abc import Callable, Sequence
 from pathlib import Path
 
 PATIENCE = 20.0  # seconds until something that was waited for counts as not coming
 
 
 class Desktop:
-    """Starts the X server and window manager; use as a context manager."""
+    """Starts the X server and window manager; use as a context manager.
 
-    def __init__(self, pictures: Path, dpi: int) -> None:
+    The program is started behind the words of `wrapper`, the command that is to watch it.
+    """
+
+    def __init__(self, pictures: Path, dpi: int, wrapper: Sequence[str] = ()) -> None:
         self.pictures = pictures
         self.dpi = dpi
+        self.wrapper = wrapper
         self.processes: list[subprocess.Popen[bytes]] = []
         self.environment = dict(os.environ)
         self.runtime = tempfile.mkdtemp(prefix="visit-")
@@ -51,7 +55,7 @@ class Desktop:
         """As another user only root can start a program."""
         if user is not None:
             os.chown(self.runtime, user, user)
-        process = subprocess.Popen([program], env=self.environment, user=user, group=user,
+        process = subprocess.Popen([*self.wrapper, program], env=self.environment, user=user, group=user,
                                    extra_groups=None if user is None else [])
         self.processes.append(process)
         return process
