@@ -17,15 +17,26 @@ constexpr int kTurns = 1000;
 constexpr int kSaves = 300;
 constexpr size_t kSavedBytes = 600;  // about the progress file of a demo course
 
+// The page whose turn takes longest as a rule.
+std::string SlowestPage(const Reader& reader, const std::vector<Times>& pages) {
+  const auto slowest = std::max_element(pages.begin(), pages.end(), [](const Times& one, const Times& other) {
+    return one.Percentile(0.5) < other.Percentile(0.5);
+  });
+  const auto page = static_cast<size_t>(slowest - pages.begin());
+  return "slowest: " + reader.Name(page).toStdString() + ", median " +
+         QString::number(slowest->Percentile(0.5), 'f', 2).toStdString() + " ms";
+}
+
 void PageTurn(benchmark::State& state, const char* folder) {
   PutTemporaryFoldersIn(folder);
   Reader reader;
   Times all, firstRound;
+  std::vector<Times> pages(reader.Pages());
   size_t turn = 0;
   for (auto _ : state) {
     const size_t page = turn % reader.Pages();
     reader.PressBefore(page);
-    all.Take(state, [&] { reader.Release(); });
+    pages[page].Add(all.Take(state, [&] { reader.Release(); }));
     if (turn == reader.Pages() - 1) firstRound = all;
     if (!reader.HasTurnedTo(page)) {
       const std::string name = reader.Name(page).toStdString();
@@ -35,6 +46,7 @@ void PageTurn(benchmark::State& state, const char* folder) {
     ++turn;
   }
   state.counters["pages"] = static_cast<double>(reader.Pages());
+  state.SetLabel(SlowestPage(reader, pages));
   firstRound.Report(state, "first_visit_");
   if (folder == kTmpfs) {
     all.ReportTailAim(state, kAim);

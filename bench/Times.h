@@ -9,15 +9,18 @@
 
 class Times {
  public:
-  // Does `work`, which counts as one iteration of the benchmark.
+  // Does `work`, which counts as one iteration of the benchmark; gives its milliseconds.
   template <typename Work>
-  void Take(benchmark::State& state, Work&& work) {
+  double Take(benchmark::State& state, Work&& work) {
     const auto start = std::chrono::steady_clock::now();
     work();
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     state.SetIterationTime(taken.count());
-    milliseconds_.push_back(taken.count() * 1000);
+    Add(taken.count() * 1000);
+    return milliseconds_.back();
   }
+
+  void Add(double milliseconds) { milliseconds_.push_back(milliseconds); }
 
   // The time below which that share (0 to 1) of the runs stayed, milliseconds.
   double Percentile(double share) const;

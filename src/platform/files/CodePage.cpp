@@ -14,9 +14,25 @@ constexpr qsizetype kLongestName = 60;  // characters; the system's own have abo
 
 QByteArray g_codePage = kDefaultCodePage;
 
-QStringDecoder Decoder(bool utf8) {
-  if (utf8) return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-  return QStringDecoder(g_codePage.constData(), QStringDecoder::Flag::ConvertInitialBom);
+// Looking a converter up by its name costs far more than a field of a file, so those of the code page are
+// kept. Each use begins anew.
+struct Converters {
+  QStringDecoder Decoder;
+  QStringEncoder Encoder;
+};
+
+Converters& CodePageConverters() {
+  static Converters converters;
+  if (!converters.Decoder.isValid()) {
+    converters.Decoder = QStringDecoder(g_codePage.constData(), QStringDecoder::Flag::ConvertInitialBom);
+    converters.Encoder = QStringEncoder(g_codePage.constData(), QStringEncoder::Flag::ConvertInitialBom);
+  }
+  return converters;
+}
+
+QString DecodeUtf8(const QByteArray& bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+  return decoder.decode(bytes);
 }
 
 // The characters that files are made of. Some tables of far-eastern pages swap control characters.
@@ -52,6 +68,7 @@ bool SetCodePage(const QString& name) {
   const QByteArray wanted = name.trimmed().toLatin1();
   if (!IsCodePageName(wanted) || !HoldsAscii(wanted)) return false;
   g_codePage = wanted;
+  CodePageConverters() = {};
   return true;
 }
 
@@ -74,7 +91,9 @@ QByteArray EncodeText(const QString& text) {
 }
 
 QString DecodePiece(const QByteArray& bytes, bool utf8) {
-  QStringDecoder decoder = Decoder(utf8);
+  if (utf8) return DecodeUtf8(bytes);
+  QStringDecoder& decoder = CodePageConverters().Decoder;
+  decoder.resetState();
   return decoder.decode(bytes);
 }
 
@@ -83,7 +102,8 @@ std::optional<QByteArray> EncodePiece(const QString& text, bool utf8) {
   if (utf8) {
     bytes = text.toUtf8();
   } else {
-    QStringEncoder encoder(g_codePage.constData(), QStringEncoder::Flag::ConvertInitialBom);
+    QStringEncoder& encoder = CodePageConverters().Encoder;
+    encoder.resetState();
     bytes = encoder.encode(text);
   }
   // Reading it back also finds the characters that an encoder swaps for similar ones.

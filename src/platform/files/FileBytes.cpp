@@ -42,8 +42,11 @@ QByteArray ReadRealFile(const QString& path, qint64 limit) {
       throw RunTimeError(Describe("file-too-large", path, QString::number(size), QString::number(limit)));
     }
   };
-  refuseLarge(file.size());
-  const QByteArray bytes = file.read(limit + 1);  // it may have grown
+  const qint64 size = file.size();
+  refuseLarge(size);
+  // A buffer of the limit's size for every small file would cost more than the reading.
+  QByteArray bytes = file.read(size + 1);
+  if (bytes.size() > size) bytes += file.read(limit + 1 - bytes.size());  // it has grown
   if (file.error() != QFileDevice::NoError) FailToRead(path, file.errorString());
   refuseLarge(bytes.size());
   return bytes;

@@ -47,13 +47,24 @@ QStringList StepsOf(const QString& path) {
   return steps;
 }
 
+QString Joined(const QStringList& steps) {
+  return steps.isEmpty() ? QString() : u'/' + steps.join(u'/');
+}
+
 QString MatchSteps(const QString& programPath, const FolderTest& mayList) {
   QString path = programPath;
   path.replace(u'\\', u'/');
   if (!path.startsWith(u'/')) path = ProgramFolder() + u'/' + path;
-  QString real;
+  const QStringList steps = StepsOf(path);
+  // What exists as it is spelled needs no matching, and nearly every path exists so, but for its end.
+  qsizetype exact = steps.size();
+  QString real = Joined(steps);
+  while (exact > 0 && !Exists(real)) {
+    --exact;
+    real.truncate(real.size() - steps.at(exact).size() - 1);
+  }
   bool exists = true;
-  for (const QString& step : StepsOf(path)) {
+  for (const QString& step : steps.mid(exact)) {
     const QString name = exists ? MatchStep(real, step, mayList) : step;
     real += u'/' + name;
     exists = exists && Exists(real);
