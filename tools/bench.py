@@ -25,7 +25,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 from program_run import Run
-from store_files import LOCK_FILES, USER_DATA
+from store_files import USER_DATA
 from visit_desktop import Desktop, Window, wait_for
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -33,7 +33,9 @@ BUILD = ROOT / "build/bench"
 STARTS = 15                # of each program
 MOST_START_RATIO = 1.5     # of the start of an empty window
 MOST_MEMORY = 64           # MB of 1024 kB
-MIDDLE = ("512", "384")    # of the display: both first windows stand centred
+# A place of the display within both first windows, which stand centred: the coloured band at the left edge
+# of the course choice. Nobody but the program paints this colour.
+PLACE = ("258", "400")
 LEARNER = "Ida Lind"
 
 
@@ -81,7 +83,7 @@ def make_store(folder: Path) -> Path:
 
 
 class Starts:
-    """Starts of a program, timed until the middle of the display has the colour of its first picture."""
+    """Starts of a program, timed until a place of the display has the colour of its first picture."""
 
     def __init__(self, desktop: Desktop, program: Path) -> None:
         self.desktop = desktop
@@ -96,19 +98,17 @@ class Starts:
         return answer
 
     def settled_colour(self) -> str:
-        ground = self.first_picture("pixel", *MIDDLE)
+        ground = self.first_picture("pixel", *PLACE)
         program = self.desktop.start(self.program)
-        wait_for(lambda: self.first_picture("pixel", *MIDDLE) != ground, "the first picture")
+        wait_for(lambda: self.first_picture("pixel", *PLACE) != ground, "the first picture")
         time.sleep(0.5)
-        colour = self.first_picture("pixel", *MIDDLE)
+        colour = self.first_picture("pixel", *PLACE)
         self.desktop.kill(program)
-        wait_for(lambda: self.first_picture("pixel", *MIDDLE) == ground, "the end of the window")
+        wait_for(lambda: self.first_picture("pixel", *PLACE) == ground, "the end of the window")
         return colour
 
     def once(self) -> None:
-        for lock in LOCK_FILES:  # of the copy that was killed
-            (self.program.parent / "data" / lock).unlink(missing_ok=True)
-        self.times.append(float(self.first_picture("start", *MIDDLE, self.colour, str(self.program))))
+        self.times.append(float(self.first_picture("start", *PLACE, self.colour, str(self.program))))
 
     def spread(self) -> str:
         return f"{min(self.times):.1f} to {max(self.times):.1f} ms"

@@ -11,7 +11,7 @@ CODE_PAGE = "cp1252"
 USER_DATA = Path("Tallowmere Manager 1.0/UserData")
 USER_FILE = "User"
 # What a killed program may leave: its lock, and the file under which the folder's next save is written.
-LOCK_FILES = {".lock", ".lock.rmlock"}
+LOCK_FILE = ".lock"
 SAVING_FILE = ".saving"
 
 LINE_FIELDS = 10
@@ -194,7 +194,7 @@ def check_data_folder(folder: Path, courses: dict[str, Course]) -> LearnerData:
             continue
         if place.parent.parent == USER_DATA and path.is_file():
             check_learner_file(data, courses, path)
-        elif str(place) not in LOCK_FILES:
+        elif str(place) != LOCK_FILE:
             raise Damage(f"{path}: does not belong here")
     return data
 

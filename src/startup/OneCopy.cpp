@@ -3,13 +3,12 @@
 #include <QCryptographicHash>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QLockFile>
 #include <memory>
 
 #include "frame/ProgramState.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
-#include "platform/files/Paths.h"
+#include "platform/files/FileLock.h"
 #include "platform/forms/Event.h"
 #include "platform/forms/Form.h"
 
@@ -19,7 +18,7 @@ namespace {
 
 constexpr int kConnectTime = 300;  // ms
 
-std::unique_ptr<QLockFile> g_lock;
+std::unique_ptr<FileLock> g_lock;
 std::unique_ptr<QLocalServer> g_server;
 
 // One name per data folder, whatever its length.
@@ -50,16 +49,10 @@ void Listen() {
 
 bool Claim() {
   IgnoreErrors([] { MakeFolder(gDriveRoot); });
-  auto lock = std::make_unique<QLockFile>(RealPath(gDriveRoot + QStringLiteral(".lock")));
-  lock->setStaleLockTime(0);  // a lock is stale only when its owner is gone
-  bool locked = lock->tryLock();
-  // The file that a crash left may be empty, or name a machine that has another name by now. Only a
-  // living owner keeps it from being taken away.
-  if (!locked && lock->error() == QLockFile::LockFailedError && lock->removeStaleLockFile()) {
-    locked = lock->tryLock();
-  }
-  if (!locked && lock->error() == QLockFile::LockFailedError) return false;
-  if (!locked && FirstAnswers()) return false;
+  auto lock = std::make_unique<FileLock>();
+  const FileLock::Outcome outcome = lock->Take(gDriveRoot + QStringLiteral(".lock"));
+  if (outcome == FileLock::Outcome::HeldElsewhere) return false;
+  if (outcome == FileLock::Outcome::Impossible && FirstAnswers()) return false;
   g_lock = std::move(lock);
   Listen();
   return true;
