@@ -14,11 +14,6 @@ namespace {
 
 constexpr qsizetype kModuleIdLength = 6;
 
-QString MapPath(const QString& moduleId) {
-  // The catalogue is read before gAppPath is set.
-  return ProgramFolder() + u'\\' + moduleId + QStringLiteral("\\Map.txt");
-}
-
 void GetVersion(const char* path, QString& version) {
   const RegistryKey* key = LocalMachine().OpenKey(QString::fromLatin1(path));
   if (key != nullptr) version = ReadRegistryValue(*key, {});
@@ -70,6 +65,10 @@ QString ReadRegistryValue(const RegistryKey& key, const QString& valueName) {
 QString ReadValueFromPath(const QString& path, const QString& valueName) {
   const RegistryKey* key = LocalMachine().OpenKey(path);
   return key != nullptr ? ReadRegistryValue(*key, valueName) : QString();
+}
+
+QString MapPath(const QString& moduleId) {
+  return ProgramFolder() + u'\\' + moduleId + QStringLiteral("\\Map.txt");
 }
 
 void ParseModuleString(const QString& moduleString, QList<ModuleRecord>& modules, const QString& courseName,

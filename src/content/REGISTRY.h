@@ -32,6 +32,8 @@ QString ReadValueFromPath(const QString& path, const QString& valueName);
 // `allInstalled` and adds a description to `problems`, as does a map whose pages cannot be read.
 void ParseModuleString(const QString& moduleString, QList<ModuleRecord>& modules, const QString& courseName,
                        bool& allInstalled, QStringList& problems);
+// The program path of a module's map.
+QString MapPath(const QString& moduleId);
 // A module is installed when two lines of its map can be read. The second is its name, which is empty
 // when it is not installed.
 bool IsModuleInstalled(QString& moduleName, const QString& moduleId);

@@ -1,6 +1,7 @@
 #include "coursescreen/PageTurning.h"
 
 #include "content/PageList.h"
+#include "content/REGISTRY.h"
 #include "coursescreen/StackControl.h"
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
@@ -18,14 +19,10 @@ constexpr int kLeadIn = 30;  // bytes before the page in a page file
 constexpr int kPageFormat = 3;
 constexpr int kListLoad = 37, kShowPages = 38;  // load options
 
-QString MapPath(int module) {
-  return gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QStringLiteral("\\Map.txt");
-}
-
 void ReadMap(int module) {
   gPageList.InitLinedList();
   QString moduleName;
-  gPageList.LoadExistingList(MapPath(module), moduleName);
+  gPageList.LoadExistingList(MapPath(ModuleAt(module).ModuleId), moduleName);
 }
 
 bool AtCourseEnd() {

@@ -21,6 +21,8 @@ class Captions {
  public:
   // Makes the labels on `container`; their captions stay empty until Fill.
   Captions(QWidget* container, std::span<const CaptionRow> rows);
+  // The label of row `row` of the table.
+  Label* At(size_t row) const { return labels_.at(row); }
   // Fetches every caption from the text table.
   void Fill();
 

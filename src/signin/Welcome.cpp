@@ -21,6 +21,7 @@ constexpr CaptionRow kLabels[] = {
     {"Label2", 4, kResWelcomeClickSwitchId, {kMargin, 3360, 7080, 285}, kTextPoints, false, kTextColour},
     {"Label2", 2, kResWelcomeIfYouAreNot, {kMargin, 2760, 7080, 285}, kTextPoints, false, kTextColour},
 };
+constexpr size_t kIfYouAreNotRow = 4;
 constexpr Place kNamePlace{kMargin, 1620, 7080, 780};
 constexpr Place kSwitchNamePlace{kMargin, 3060, 7080, 285};
 constexpr double kNamePoints = 16;
@@ -54,7 +55,7 @@ void Welcome::Form_Load() {
 void Welcome::SetWelcomeCaptions() {
   captions_.Fill();
   // The sentence on switching ends its first part with these same words.
-  findChild<Label*>(ElementName("Label2", 2))->SetVisible(false);
+  captions_.At(kIfYouAreNotRow)->SetVisible(false);
   signIn_Btn_2_->SetCaption(LoadStringResource(kResWelcomeSignIn));
   new_Btn_3_->SetCaption(LoadStringResource(kResSwitchId));
   exit_btn_->SetAccessibleName(LoadStringResource(kResExitCourse));

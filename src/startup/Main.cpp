@@ -7,6 +7,7 @@
 #include "frame/ResConstants.h"
 #include "frame/Settings.h"
 #include "frame/TextTable.h"
+#include "platform/Descriptions.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
@@ -32,8 +33,8 @@ bool AcceptDisplay() {
   const auto width = std::lround(Screen::Width() / Screen::TwipsPerPixelX());
   const auto height = std::lround(Screen::Height() / Screen::TwipsPerPixelY());
   if (width == kDesignWidth && height == kDesignHeight) return true;
-  const QString text = LoadStringResource(kResResolutionBefore) + QString::number(width) +
-                       QStringLiteral(" by ") + QString::number(height) +
+  const QString text = LoadStringResource(kResResolutionBefore) +
+                       Describe("display-size", QString::number(width), QString::number(height)) +
                        LoadStringResource(kResResolutionAfter);
   return MsgBox(text, MsgButtons::YesNo, MsgIcon::Information, LoadStringResource(kResResolutionTitle)) ==
          MsgAnswer::Yes;

@@ -51,7 +51,7 @@ void SplashScreen::Form_Load() {
   IgnoreErrors([this] { artwork_->SetPicture(SkinPicture(QStringLiteral("Splash.jpg"))); });
   timer1_.SetInterval(kStands);
   timer1_.SetEnabled(true);
-  Screen::SetMousePointer(kPointerHourglass);
+  hourglass_.emplace();
 }
 
 void SplashScreen::Timer1_Timer() {
@@ -67,12 +67,12 @@ void SplashScreen::Abandon() {
 
 void SplashScreen::Form_Unload() {
   if (abandoned_) {
-    Screen::SetMousePointer(kPointerDefault);
+    hourglass_.reset();
     return;
   }
   if (auto* selection = LoadedForm<CourseSelection>()) selection->Unload();
   const QStringList userNames = ListUsers();
-  Screen::SetMousePointer(kPointerDefault);
+  hourglass_.reset();
   Default<Form1>().Show();
   Hide();  // the course screen need not cover the corner on a larger display
   if (!gUserFirstName.isEmpty()) {

@@ -2,7 +2,10 @@
 // the whole start: sign-in, or straight back to the course.
 #pragma once
 
+#include <optional>
+
 #include "platform/forms/Form.h"
+#include "platform/forms/Screen.h"
 #include "platform/forms/Timer.h"
 
 class PictureBox;
@@ -28,6 +31,7 @@ class SplashScreen final : public Form {
   void AskWhoItIs(const QStringList& userNames);
 
   PictureBox* artwork_;
+  std::optional<Hourglass> hourglass_;
   Timer timer1_{this, QStringLiteral("Timer1")};
   bool abandoned_ = false, loading_ = false;
 };

@@ -9,6 +9,14 @@ namespace {
 
 int g_depth = 0;
 
+// One handler more for as long as it lives, whatever that handler lets through.
+struct Deeper {
+  Deeper() { ++g_depth; }
+  ~Deeper() { --g_depth; }
+  Deeper(const Deeper&) = delete;
+  Deeper& operator=(const Deeper&) = delete;
+};
+
 std::function<void()>& IdleCheck() {
   static std::function<void()> check;
   return check;
@@ -17,13 +25,14 @@ std::function<void()>& IdleCheck() {
 }  // namespace
 
 void Run(const std::function<void()>& handler) {
-  ++g_depth;
-  try {
-    handler();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());
+  {
+    const Deeper deeper;
+    try {
+      handler();
+    } catch (const RunTimeError& error) {
+      MsgBox(error.Description());
+    }
   }
-  --g_depth;
   if (g_depth == 0 && IdleCheck()) IdleCheck()();
 }
 

@@ -83,6 +83,11 @@ void Form::Centre() {
 
 void Form::Show(FormMode mode, Form* owner) {
   if (!loaded_) return;
+  if (modalLoop_ != nullptr && shown_) {  // its loop runs already: it only comes to the front
+    activateWindow();
+    FormLife::SetActive(this);
+    return;
+  }
   if (!placed_) Centre();
   setWindowModality(mode == FormMode::Modal ? Qt::ApplicationModal : Qt::NonModal);
   winId();  // makes the native window, which the owner and the key preview need
@@ -108,8 +113,8 @@ void Form::RunModalLoop() {
 void Form::Hide() {
   shown_ = false;
   hide();
-  FormLife::Forget(this);
   if (modalLoop_ != nullptr) modalLoop_->quit();
+  FormLife::Deactivate(this);  // last: it runs handlers, of other forms too
 }
 
 void Form::Minimise() {
@@ -144,8 +149,8 @@ void Form::Leave() {
   for (Timer* timer : timers_)
     timer->SetEnabled(false);
   loaded_ = false;
-  Hide();
   FormLife::Bury(this);
+  Hide();
 }
 
 void Form::Refresh() {

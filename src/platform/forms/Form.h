@@ -36,7 +36,8 @@ class Form : public QWidget {
   void SetSize(double width, double height);
   bool HasPlace() const { return placed_; }
 
-  // Shows the form. Modal: returns when the form is hidden or unloaded. The owner stays beneath it.
+  // Shows the form; nothing happens when it is not loaded. Modal: returns when the form is hidden or
+  // unloaded. The owner stays beneath it.
   void Show(FormMode mode = FormMode::Modeless, Form* owner = nullptr);
   void Hide();
   bool Shown() const { return shown_; }  // minimised counts as shown
@@ -108,8 +109,8 @@ class FormLife {
   // takes the form out again and goes on to the caller.
   static void Load(Form* form);
   static void SetActive(Form* form);
-  // The form lost its window; the one that was active before it becomes active.
-  static void Forget(Form* form);
+  // The form is not on the screen any more; the one that was active before it becomes active.
+  static void Deactivate(Form* form);
 
   // Ends the program where it stands: no unload handlers run.
   static void EndProgram();
@@ -142,7 +143,8 @@ FormType* LoadedForm() {
   return nullptr;
 }
 
-// The default instance of a form class, made and loaded on first mention.
+// The default instance of a form class, made and loaded on first mention. A form may unload itself
+// while it loads: ask Loaded() where that can be.
 template <typename FormType>
 FormType& Default() {
   if (FormType* loaded = LoadedForm<FormType>()) return *loaded;

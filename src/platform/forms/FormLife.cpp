@@ -48,8 +48,8 @@ void FormLife::Load(Form* form) {
     form->Form_Load();
   } catch (...) {
     form->loaded_ = false;
-    form->Hide();
     Bury(form);
+    form->Hide();
     throw;
   }
 }
@@ -63,10 +63,9 @@ void FormLife::SetActive(Form* form) {
   form->Form_Activate();
 }
 
-void FormLife::Forget(Form* form) {
+void FormLife::Deactivate(Form* form) {
   const bool wasActive = Active() == form;
   TheLife().Activation.removeOne(form);
-  if (!form->loaded_) TheLife().Loaded.removeOne(form);
   if (wasActive && form->loaded_) form->Form_Deactivate();
   if (!wasActive || Active() == nullptr) return;
   Active()->activateWindow();
@@ -76,6 +75,7 @@ void FormLife::Forget(Form* form) {
 // A handler of the form may have opened the modal loop that the unload came from, so the object stays
 // until the outermost handler has returned.
 void FormLife::Bury(Form* form) {
+  TheLife().Loaded.removeOne(form);
   TheLife().Gone.append(form);
   if (Dispatcher::Depth() == 0) DeleteTheGone();
 }

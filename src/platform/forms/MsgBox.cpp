@@ -5,6 +5,7 @@
 #include <QMessageBox>
 
 #include "platform/forms/Form.h"
+#include "platform/forms/Screen.h"
 
 namespace {
 
@@ -39,10 +40,8 @@ MsgAnswer Show(const MsgBoxCall& call) {
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
   }
-  // An hourglass over the program is none over its questions.
-  QGuiApplication::setOverrideCursor(QCursor(Qt::ArrowCursor));
+  const HourglassPause pause;
   const int answer = box.exec();
-  QGuiApplication::restoreOverrideCursor();
   if (call.Buttons == MsgButtons::Ok) return MsgAnswer::Ok;
   return answer == QMessageBox::Yes ? MsgAnswer::Yes : MsgAnswer::No;
 }

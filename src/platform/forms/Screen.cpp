@@ -36,10 +36,37 @@ QColor Colour(int bbggrr) {
   return {bbggrr & 0xFF, (bbggrr >> 8) & 0xFF, (bbggrr >> 16) & 0xFF};
 }
 
-void SetMousePointer(int pointer) {
-  while (QGuiApplication::overrideCursor() != nullptr)
-    QGuiApplication::restoreOverrideCursor();
-  if (pointer == kPointerHourglass) QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+}  // namespace Screen
+
+namespace {
+
+int g_hourglasses = 0, g_pauses = 0;
+
+void ShowPointer() {
+  const bool wanted = g_hourglasses > 0 && g_pauses == 0;
+  const bool shown = QGuiApplication::overrideCursor() != nullptr;
+  if (wanted && !shown) QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+  if (!wanted && shown) QGuiApplication::restoreOverrideCursor();
 }
 
-}  // namespace Screen
+}  // namespace
+
+Hourglass::Hourglass() {
+  ++g_hourglasses;
+  ShowPointer();
+}
+
+Hourglass::~Hourglass() {
+  --g_hourglasses;
+  ShowPointer();
+}
+
+HourglassPause::HourglassPause() {
+  ++g_pauses;
+  ShowPointer();
+}
+
+HourglassPause::~HourglassPause() {
+  --g_pauses;
+  ShowPointer();
+}

@@ -21,9 +21,6 @@ int PixelsY(double twips);
 // A colour in the program's form, 0xBBGGRR (blue in the high byte).
 QColor Colour(int bbggrr);
 
-// The pointer of the whole program by its number; the default gives it back to the forms.
-void SetMousePointer(int pointer);
-
 }  // namespace Screen
 
 // Mouse pointers by their numbers.
@@ -31,11 +28,20 @@ inline constexpr int kPointerDefault = 0;
 inline constexpr int kPointerHourglass = 11;
 inline constexpr int kPointerHand = 99;
 
-// The hourglass over the whole program for as long as it lives.
+// The hourglass over the whole program for as long as any of them lives.
 class Hourglass {
  public:
-  Hourglass() { Screen::SetMousePointer(kPointerHourglass); }
-  ~Hourglass() { Screen::SetMousePointer(kPointerDefault); }
+  Hourglass();
+  ~Hourglass();
   Hourglass(const Hourglass&) = delete;
   Hourglass& operator=(const Hourglass&) = delete;
+};
+
+// While it lives no hourglass shows: a message box waits for the learner, not the learner for it.
+class HourglassPause {
+ public:
+  HourglassPause();
+  ~HourglassPause();
+  HourglassPause(const HourglassPause&) = delete;
+  HourglassPause& operator=(const HourglassPause&) = delete;
 };
