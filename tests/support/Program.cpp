@@ -11,6 +11,7 @@ ProgramTest::ProgramTest() {
 }
 
 ProgramTest::~ProgramTest() {
+  EXPECT_TRUE(script.Done()) << "a form that the script waits for never came";
   FormLife::Begin({});
   Dispatcher::SetIdleCheck({});
   Gui::Settle();
