@@ -13,6 +13,7 @@
 #include "platform/forms/Screen.h"
 #include "startup/CourseSelection.h"
 #include "startup/OneCopy.h"
+#include "startup/Switches.h"
 
 namespace {
 
@@ -41,6 +42,7 @@ bool AcceptDisplay() {
 }
 
 bool Start() {
+  ConnectScreens();
   FormLife::SetRunTitle(LoadStringResource(kResRunTitle));
   const QStringList problems = LoadInstallation();
   SetProgramPaths();

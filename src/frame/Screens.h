@@ -1,0 +1,27 @@
+// The switchboard: the one place where a lower folder reaches a screen of a higher one. startup/ puts the
+// screens on it; until then, and for a screen that is not there, a call does nothing.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+class Form;
+
+struct Switchboard {
+  // The course choice takes the place of the course screen's course once a course is chosen in it.
+  std::function<void()> OpenCourseChoice = [] {};
+  // The check-progress screen, modal.
+  std::function<void()> ShowProgress = [] {};
+
+  // The test of a page of the current module. Prepare reads it: false when there is none, or none that
+  // can be read. Show runs it modally. Unload drops it, shown or hidden.
+  std::function<bool(const QString& pageName)> PrepareTest = [](const QString&) { return false; };
+  std::function<void()> ShowTest = [] {};
+  std::function<void()> UnloadTest = [] {};
+
+  // The course screen's window, as the owner of a dialog and as what a page print captures; nullptr
+  // while no course is open.
+  std::function<Form*()> CourseWindow = []() -> Form* { return nullptr; };
+};
+
+inline Switchboard gScreens;
