@@ -1,6 +1,7 @@
 #include "support/Gui.h"
 
 #include <QCoreApplication>
+#include <QCursor>
 #include <QWindow>
 
 namespace Gui {
@@ -17,13 +18,20 @@ QPoint Middle(const Form& form, const QString& name) {
 }  // namespace
 
 void Click(const Form& form, const QString& name) {
+  MoveTo(form, name);
   QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, Middle(form, name));
 }
 
 void MoveTo(const Form& form, const QString& name) {
+  MoveTo(form, Middle(form, name));
+}
+
+void MoveTo(const Form& form, const QPoint& place) {
   // A move to where the pointer stands already is none: it comes from one pixel aside.
-  QTest::mouseMove(form.windowHandle(), Middle(form, name) + QPoint(1, 0));
-  QTest::mouseMove(form.windowHandle(), Middle(form, name));
+  QTest::mouseMove(form.windowHandle(), place + QPoint(1, 0));
+  // The pointer of the desktop moves along: who asks for its place gets this one.
+  QCursor::setPos(form.mapToGlobal(place));
+  QTest::mouseMove(form.windowHandle(), place);
 }
 
 void Key(const Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -25,6 +25,7 @@ Widget* Find(const Form& form, const QString& name) {
 // Mouse and keys go to the window, as the desktop delivers them.
 void Click(const Form& form, const QString& name);
 void MoveTo(const Form& form, const QString& name);
+void MoveTo(const Form& form, const QPoint& place);  // pixels within the form
 void Key(const Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 void Type(const Form& form, const QString& text);
 
