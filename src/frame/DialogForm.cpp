@@ -3,11 +3,11 @@
 #include "platform/RunTimeError.h"
 #include "platform/forms/Screen.h"
 
-DialogForm::DialogForm(const QString& name) : Form(name, FormFrame::Framed) {
-  SetSize(DialogLayout::kWidth, DialogLayout::kHeight);
-  backdrop_ = new PictureBox(this, QStringLiteral("Picture1"));
-  backdrop_->Move(0, 0, DialogLayout::kWidth, DialogLayout::kHeight);
-  IgnoreErrors([this] { backdrop_->SetPicture(SkinPicture(QStringLiteral("Dialog.jpg"))); });
+DialogForm::DialogForm(const QString& name, const DialogSkin& skin, const QString& backdropName)
+    : Form(name, FormFrame::Framed), backdrop_(new PictureBox(this, backdropName)) {
+  SetSize(skin.Width, skin.Height);
+  backdrop_->Move(0, 0, skin.Width, skin.Height);
+  IgnoreErrors([&] { backdrop_->SetPicture(SkinPicture(QString::fromLatin1(skin.Picture))); });
   backdrop_->MouseMove = [this] { Form_MouseMove(); };
 }
 

@@ -1,0 +1,100 @@
+// The help screen, opened over another form.
+#include "reference/Help.h"
+
+#include <QTemporaryDir>
+
+#include "frame/ProgramState.h"
+#include "frame/Settings.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/richtext/TextControl.h"
+#include "support/Errors.h"
+#include "support/Program.h"
+
+namespace {
+
+class HelpTest : public ProgramTest {
+ protected:
+  HelpTest() {
+    SetProgramPaths();
+    FormLife::Load(owner);
+    owner->SetSize(3000, 3000);
+    owner->Show();
+    for (const char* name : {"One", "Two"})
+      store.Write(QString(name) + "Help.rtf", QByteArray("{\\rtf1 document ") + name + "\\par}");
+  }
+  static QString File(const char* name) { return gAppPath + "\\" + name + "Help.rtf"; }
+  static QString Shown(const Form& help) {
+    return Gui::Find<TextControl>(help, "TXTextControl1")->PlainText().trimmed();
+  }
+
+  Form* owner = new Form("Owner", FormFrame::Framed);
+};
+
+TEST_F(HelpTest, EachOpeningShowsItsOwnDocumentAndEveryWayOutHidesTheForm) {
+  const struct {
+    const char* Document;
+    std::function<void(Form&)> Close;
+  } openings[] = {
+      {"One", [](Form& help) { Gui::Click(help, "Command1"); }},
+      {"Two",
+       [](Form& help) {
+         Gui::MoveTo(help, "Command1");  // the pointer gives the focus
+         Gui::Key(help, Qt::Key_Return);
+       }},
+      {"One",
+       [](Form& help) {
+         Gui::Find<TextControl>(help, "TXTextControl1")->SetFocus();
+         Gui::Key(help, Qt::Key_Return);
+         EXPECT_TRUE(help.Shown());  // the button does not have the focus
+         Gui::Key(help, Qt::Key_Tab);
+         Gui::Key(help, Qt::Key_Return);
+       }},
+      {"Two", [](Form& help) { help.close(); }},
+  };
+  for (const auto& opening : openings) {
+    QString text;
+    script.When("Help", [&](Form& help) {
+      EXPECT_EQ(help.windowHandle()->transientParent(), owner->windowHandle());
+      text = Shown(help);
+      opening.Close(help);
+    });
+    OpenHelp(File(opening.Document), owner);
+    EXPECT_EQ(text, QString("document ") + opening.Document);
+    EXPECT_FALSE(Default<Help>().Shown());
+    EXPECT_EQ(FormLife::Active(), owner);
+  }
+}
+
+TEST_F(HelpTest, TheButtonIsLitWhileItHasTheFocusAndGoesOutUnderThePointerElsewhere) {
+  script.When("Help", [](Form& help) {
+    const auto* close = Gui::Find<SkinButton>(help, "Command1");
+    for (int i = 0; i < 2; ++i) {
+      Gui::MoveTo(help, "Command1");
+      EXPECT_EQ(close->Shown(), SkinButton::Look::On);
+      EXPECT_EQ(help.MousePointer(), kPointerHand);
+      QTest::mouseMove(help.windowHandle(), QPoint(4, 4));
+      EXPECT_EQ(close->Shown(), SkinButton::Look::Off);
+      EXPECT_EQ(help.MousePointer(), kPointerDefault);
+    }
+    Gui::Click(help, "Command1");
+  });
+  OpenHelp(File("One"), owner);
+}
+
+TEST_F(HelpTest, AMissingDocumentIsAnErrorOfTheCallerThatNamesIt) {
+  script.When("Help", [](Form& help) { Gui::Click(help, "Command1"); });
+  OpenHelp(File("One"), owner);
+  EXPECT_TRUE(ErrorOf([&] { OpenHelp(File("No"), owner); }).contains("NoHelp.rtf"));
+  EXPECT_FALSE(Default<Help>().Shown());
+  EXPECT_EQ(Shown(Default<Help>()), "document One");
+}
+
+TEST_F(HelpTest, TheHiddenFormDoesNotKeepTheProgram) {
+  script.When("Help", [](Form& help) { help.close(); });
+  OpenHelp(File("One"), owner);
+  owner->close();
+  EXPECT_EQ(quits, 1);
+}
+
+}  // namespace
