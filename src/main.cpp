@@ -13,10 +13,13 @@ int main(int argc, char** argv) {
   // A pixel stays a pixel: the form fitting does the scaling.
   qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
   // Wayland ignores where a window wants to stand.
-  if (qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-  }
+  const bool choosesX11 =
+      qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+  if (choosesX11) qputenv("QT_QPA_PLATFORM", "xcb");
   QApplication application(argc, argv);
+  // Both are this program's own, and not for those that the opener starts.
+  qunsetenv("QT_ENABLE_HIGHDPI_SCALING");
+  if (choosesX11) qunsetenv("QT_QPA_PLATFORM");
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(application);

@@ -145,6 +145,11 @@ bool FileExists(const QString& programPath) {
   return !programPath.contains(QChar::Null) && QFileInfo(RealPath(programPath)).isFile();
 }
 
+bool ProgramFileExists(const QString& programPath) {
+  const QString real = ContainedPath(programPath);
+  return !real.isEmpty() && FileExists(real);
+}
+
 bool FolderExists(const QString& programPath) {
   return !programPath.contains(QChar::Null) && QFileInfo(RealPath(programPath)).isDir();
 }

@@ -29,6 +29,8 @@ bool IsFileName(const QString& name);
 
 // True for an existing file that is no folder. A path that cannot be looked at does not exist.
 bool FileExists(const QString& programPath);
+// The same for a file of a course: one that lies outside the program folder does not exist.
+bool ProgramFileExists(const QString& programPath);
 bool FolderExists(const QString& programPath);
 // The names of the folders in a folder, sorted; empty when it is missing.
 QStringList ListFolders(const QString& programPath);

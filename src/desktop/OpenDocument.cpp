@@ -1,0 +1,57 @@
+#include "desktop/OpenDocument.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "frame/ResConstants.h"
+#include "frame/TextTable.h"
+#include "platform/files/Paths.h"
+#include "platform/forms/MsgBox.h"
+#include "platform/shell/Opener.h"
+
+namespace {
+
+constexpr int kHidden = 0;  // show state
+constexpr int kOkButton = 1;
+
+struct ErrorText {
+  int Result;
+  int String;
+};
+
+constexpr ErrorText kErrorTexts[] = {
+    {0, kResOutOfMemory},
+    {ShellResult::kNoFile, kResRepositoryFileMissing},
+    {ShellResult::kNoFolder, kResRepositoryPathNotFound},
+    {ShellResult::kNoPermission, kResAccessError},
+    {8, kResOutOfMemory},
+    {11, kResExecutableInvalid},
+    {26, kResSharingViolation},
+    {27, kResNoValidAssociation},
+    {28, kResTimeOut},
+    {29, kResDdeFailed},
+    {30, kResTargetBusy},
+    {ShellResult::kNoProgram, kResNoAssociation},
+    {32, kResLibraryNotFound},
+};
+
+}  // namespace
+
+int OpenDocument(const QString& file, int showState, const QString& parameters, const QString& folder,
+                 const QString& verb) {
+  // A program in the repository starts invisibly, also by its folder's name; that stays.
+  const bool isProgram = file.contains(QStringLiteral(".EXE"), Qt::CaseInsensitive);
+  const int result = ShellExecuteA({verb, file, parameters, folder, isProgram ? kHidden : showState});
+  // A file that is there was handed over, whatever the desktop says of it.
+  if (result == ShellResult::kNoFile && ProgramFileExists(file)) return kOpened;
+  if (result < 0 || result > ShellResult::kHighestError) return kOpened;
+  return ShowShellError(result, {});
+}
+
+int ShowShellError(int result, const QString& title) {
+  const auto* const found = std::find_if(std::begin(kErrorTexts), std::end(kErrorTexts),
+                                         [result](const ErrorText& error) { return error.Result == result; });
+  const int string = found == std::end(kErrorTexts) ? kResOpenOrPrintError : found->String;
+  MsgBox(LoadStringResource(string), MsgButtons::Ok, MsgIcon::Exclamation, title);
+  return kOkButton;
+}
