@@ -205,6 +205,15 @@ bool Form::PreviewKey(QEvent* event) {
   return !loaded_;  // nothing more for the controls of a form that is gone
 }
 
+// The form's own moves are exact in twips; what the desktop tells in pixels only counts where it differs.
+void Form::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  if (!shown_ || isMinimized()) return;
+  const QPoint corner = pos() - QGuiApplication::primaryScreen()->geometry().topLeft();
+  if (corner.x() != Screen::PixelsX(left_)) left_ = corner.x() * Screen::TwipsPerPixelX();
+  if (corner.y() != Screen::PixelsY(top_)) top_ = corner.y() * Screen::TwipsPerPixelY();
+}
+
 void Form::closeEvent(QCloseEvent* event) {
   event->ignore();  // the form's own life decides
   Dispatcher::Run([this] { Unload(UnloadMode::ControlBox); });

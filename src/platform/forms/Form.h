@@ -27,7 +27,8 @@ class Form : public QWidget {
   const QList<Control*>& Controls() const { return controls_; }
   Control* ActiveControl() const;
 
-  // Place on the screen in twips. A form that never got a left and top is centred when it is shown.
+  // Place on the screen in twips, of the window with its frame; follows where the learner drags it. A form
+  // that never got a left and top is centred when it is shown.
   double Left() const { return left_; }
   double Top() const { return top_; }
   double Width() const { return width_; }
@@ -76,6 +77,7 @@ class Form : public QWidget {
   bool eventFilter(QObject* object, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
 
  private:
   friend class Control;

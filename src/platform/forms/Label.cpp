@@ -1,6 +1,10 @@
 #include "platform/forms/Label.h"
 
+#include <QPainter>
+
+#include "platform/forms/FocusRing.h"
 #include "platform/forms/Screen.h"
+#include "platform/forms/WrappedText.h"
 
 Label::Label(QWidget* container, const QString& name)
     : QLabel(container), Control(this, name, ControlKind::Label) {
@@ -14,6 +18,32 @@ void Label::SetCaption(const QString& caption) {
   caption_ = caption;
   SetAccessibleName(caption);
   ShowCaption();
+  FitHeight();
+}
+
+void Label::SetAutoSize(bool autoSize) {
+  autoSize_ = autoSize;
+  FitHeight();
+}
+
+void Label::FitHeight() {
+  if (!autoSize_) return;
+  const int height = WrappedHeight(font(), Screen::PixelsX(Width()), caption_);
+  SetHeight(height * Screen::TwipsPerPixelY());
+}
+
+void Label::SetUnderline(bool underline) {
+  QFont underlined = font();
+  underlined.setUnderline(underline);
+  setFont(underlined);
+}
+
+void Label::paintEvent(QPaintEvent* event) {
+  if (!autoSize_) return QLabel::paintEvent(event);
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::WindowText));
+  DrawWrapped(painter, rect(), caption_);
+  if (hasFocus()) PaintFocusRing(painter, rect());
 }
 
 void Label::SetElided(bool elided) {
@@ -38,6 +68,7 @@ void Label::SetFont(double points, bool bold) {
   font.setBold(bold);
   setFont(font);
   ShowCaption();
+  FitHeight();
 }
 
 void Label::ColoursChanged() {

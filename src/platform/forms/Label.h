@@ -16,16 +16,22 @@ class Label : public QLabel, public Control {
   // A single line that ends in an ellipsis, with the whole text in a tool tip, where it does not fit.
   void SetElided(bool elided);
 
+  // The caption wraps, and the label's height follows it; the width stays.
+  void SetAutoSize(bool autoSize);
+  void SetUnderline(bool underline);
+
   // Arial in points.
   void SetFont(double points, bool bold);
 
  protected:
   void ColoursChanged() override;
   void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void ShowCaption();
+  void FitHeight();
 
   QString caption_;
-  bool elided_ = false;
+  bool elided_ = false, autoSize_ = false;
 };
