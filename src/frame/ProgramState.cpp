@@ -32,6 +32,14 @@ int ModuleIndex(const QString& moduleId) {
   return -1;
 }
 
+void ClearProgressArrays() {
+  for (QStringList* array :
+       {&gProgModuleId, &gProgViewed, &gProgAttempts, &gProgFirstScore, &gProgFirstPattern, &gProgFirstDate,
+        &gProgHighest, &gProgHighPattern, &gProgHighDate, &gProgLast}) {
+    array->clear();
+  }
+}
+
 void ResetProgramState() {
   gCourses.clear();
   gCurrentCourse = 0;
@@ -44,9 +52,5 @@ void ResetProgramState() {
   gReturnPoint = {};
   gReturnStack.clear();
   gExitingCourse = false;
-  for (QStringList* array :
-       {&gProgModuleId, &gProgViewed, &gProgAttempts, &gProgFirstScore, &gProgFirstPattern, &gProgFirstDate,
-        &gProgHighest, &gProgHighPattern, &gProgHighDate, &gProgLast}) {
-    array->clear();
-  }
+  ClearProgressArrays();
 }

@@ -60,6 +60,8 @@ inline QStringList gProgHighest;
 inline QStringList gProgHighPattern;
 inline QStringList gProgHighDate;
 inline QStringList gProgLast;
+// Empties all ten.
+void ClearProgressArrays();
 
 // The open course and module. An index outside its array is a RunTimeError.
 const CourseRecord& CurrentCourse();

@@ -1,0 +1,109 @@
+// The tests of the demo store as the player reads them: every question can be answered, and every review
+// link leads to a page of the same course.
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include "assessment/TestFile.h"
+#include "content/LinkedList.h"
+#include "content/REGISTRY.h"
+#include "frame/ProgramState.h"
+#include "frame/Settings.h"
+#include "platform/files/Paths.h"
+#include "support/Errors.h"
+
+namespace {
+
+// All tests of the demo, one after the other, with what they hold taken together.
+class DemoTests {
+ public:
+  DemoTests() {
+    ResetProgramState();
+    SetProgramFolder(TALLOWMERE_DEMO_STORE);
+    LoadInstallation();
+    SetProgramPaths();
+    QStringList problems;
+    LoadInstalledCourses(kCatalogueRoot, gCourses, problems);
+  }
+  ~DemoTests() {
+    SetProgramFolder({});
+    ResetProgramState();
+  }
+};
+
+QStringList PageTypes(const QString& moduleId, QStringList& names) {
+  LinkedList pages;
+  pages.InitLinedList();
+  QString moduleName;
+  pages.LoadExistingList(MapPath(moduleId), moduleName);
+  int count = 0;
+  QStringList types, topics;
+  pages.GetAllPageInfo(count, names, types, topics);
+  return types;
+}
+
+// Calls `visit` with the page of every test of the real courses, once it is loaded.
+template <typename Visit>
+void ForEachTest(Visit&& visit) {
+  for (gCurrentCourse = 0; gCurrentCourse + 1 < gCourses.size(); ++gCurrentCourse) {
+    for (gCurrentModule = 0; gCurrentModule <= LastModule(); ++gCurrentModule) {
+      QStringList names;
+      const QStringList types = PageTypes(CurrentModule().ModuleId, names);
+      for (qsizetype page = 0; page < types.size(); ++page) {
+        if (types.at(page) != "Test") continue;
+        ASSERT_TRUE(LoadTestFile(names.at(page))) << TestFilePath(names.at(page)).toStdString();
+        visit(names.at(page), page + 1 == types.size());
+      }
+    }
+  }
+}
+
+}  // namespace
+
+TEST(DemoTests, EveryQuestionHasACorrectAnswerAndAPageToReadAgain) {
+  const DemoTests demo;
+  ForEachTest([](const QString& page, bool /*isLastPage*/) {
+    for (const QuestionRecord& question : gQuestions) {
+      const std::string where = TestFilePath(page).toStdString() + ": " + question.QuestionText.toStdString();
+      EXPECT_GE(question.CorrectCount, 1) << where;
+      EXPECT_GE(question.Answers.size(), 2) << where;
+      if (question.ReviewLink.isEmpty()) continue;
+      EXPECT_EQ(question.ReviewLink.size(), 15) << where;
+      EXPECT_NE(question.ReviewLabel, "") << where;
+      EXPECT_GE(ModuleIndex(question.ReviewLink.left(6)), 0) << where;
+      QStringList names;
+      const QStringList types = PageTypes(question.ReviewLink.left(6), names);
+      const qsizetype linked = names.indexOf(question.ReviewLink.mid(7));
+      EXPECT_TRUE(linked > 0 && types.at(linked) != "Test") << where;
+    }
+  });
+}
+
+TEST(DemoTests, TheyShowWhatATestCanBe) {
+  const DemoTests demo;
+  QMap<QString, int> found;
+  ForEachTest([&](const QString&, bool isLastPage) {
+    ++found[IsPracticeTest() ? "practice test" : "scored test"];
+    if (isLastPage && gCurrentModule == LastModule()) ++found["test at the end of a course"];
+    for (const QuestionRecord& question : gQuestions) {
+      const QString all = question.QuestionText + question.Explanation;
+      const auto count = [&](const char* what, bool holds) { found[what] += holds ? 1 : 0; };
+      count("boxes", IsMultipleChoice(question));
+      count("one choice", !IsMultipleChoice(question));
+      count("a question that takes several lines", question.QuestionText.size() > 400);
+      count("an explanation that takes several lines", question.Explanation.size() > 400);
+      count("quotes", all.contains('"'));
+      count("no explanation", question.Explanation.isEmpty());
+      count("no review link", question.ReviewLink.isEmpty());
+      count("a review link into another module",
+            !question.ReviewLink.isEmpty() && !question.ReviewLink.startsWith(CurrentModule().ModuleId));
+      count("letters outside ASCII",
+            std::any_of(all.begin(), all.end(), [](QChar c) { return c.unicode() > 127 && c.isLetter(); }));
+      for (const AnswerRecord& answer : question.Answers)
+        count("an answer that takes several lines", answer.AnswerText.size() > 150);
+    }
+  });
+  EXPECT_EQ(found.size(), 13);
+  for (auto kind = found.begin(); kind != found.end(); ++kind)
+    EXPECT_GE(kind.value(), 1) << kind.key().toStdString();
+}
