@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   qunsetenv("QT_ENABLE_HIGHDPI_SCALING");
   if (choosesX11) qunsetenv("QT_QPA_PLATFORM");
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
+  QApplication::setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyLook(application);
   QApplication::setWindowIcon(QIcon(ContainedPath(SkinPicture(QStringLiteral("tallowmere-64.png")))));

@@ -4,12 +4,14 @@
 #include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
+#include "frame/Screens.h"
 #include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
 #include "platform/richtext/TextControl.h"
+#include "reference/Trademark.h"
 
 namespace {
 
@@ -176,7 +178,8 @@ bool Form1::AgreeToLeave() {
   } catch (const RunTimeError& error) {
     MsgBox(error.Description());  // told, but no reason to keep the learner here
   }
-  gExitingCourse = true;
+  gExitingCourse = true;  // behind the message, which would let the timer take the screen down
+  Default<Trademark>().Show();
   return true;
 }
 
@@ -187,6 +190,13 @@ void Form1::Exit_Course() {
 bool Form1::Form_QueryUnload(UnloadMode mode) {
   // A window manager's close is a wish to leave like any other.
   return mode != UnloadMode::ControlBox || AgreeToLeave();
+}
+
+void Form1::Form_Unload() {
+  // Pages that run go on without the course screen, and the program ends behind them.
+  auto* trademark = LoadedForm<Trademark>();
+  if (trademark != nullptr && !trademark->Running()) trademark->Unload();
+  gScreens.UnloadTest();
 }
 
 void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {

@@ -28,6 +28,7 @@ class Form1 final : public Form {
   void Form_Load() override;
   void Form_Activate() override;
   bool Form_QueryUnload(UnloadMode mode) override;
+  void Form_Unload() override;
   void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
   void Form_MouseMove() override;
 
@@ -38,7 +39,7 @@ class Form1 final : public Form {
   PictureBox* AddMenuWindow(const QString& name, const Place& place);
   void SetToolCaptions();
   void Timer1_Timer();
-  // The question before leaving; on yes the page is recorded.
+  // The question before leaving; on yes the page is recorded and the trademark pages begin.
   bool AgreeToLeave();
 
   PictureBox* picture2_;

@@ -23,6 +23,9 @@ QComboBox::down-arrow { image: none; width: 0; height: 0; border-left: 5px solid
   border-right: 5px solid #CCCCFF; border-top: 6px solid #4747B2; }
 QComboBox QAbstractItemView { background: #FFFFFF; color: #333333; border: 1px solid #4747B2;
   selection-background-color: #CCCCFF; selection-color: #000000; outline: none; }
+QListWidget, QPlainTextEdit { background: #FFFFFF; color: #333333; border: 1px solid #4747B2;
+  border-radius: 3px; padding: 4px; }
+QListWidget:focus, QPlainTextEdit:focus { border: 2px solid #6666FF; padding: 3px; }
 QToolTip { background: #FFFFC0; color: #000000; border: 1px solid #999999; font: 9pt "Arial"; }
 QScrollBar:vertical { background: #F2F2FA; width: 16px; margin: 0; }
 QScrollBar::handle:vertical { background: #B3B3F2; border-radius: 4px; min-height: 32px; margin: 2px; }

@@ -9,7 +9,10 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/TextPane.h"
 #include "platform/richtext/TextControl.h"
+#include "reference/About.h"
+#include "reference/Trademark.h"
 #include "signin/Resume.h"
 #include "support/OutOfBounds.h"
 
@@ -377,6 +380,65 @@ TEST_F(OutOfBoundsCourse, ACodePageIsATableOfTheSystemAndNoFile) {
     EXPECT_EQ(CodePageName(), QString(kDefaultCodePage)) << name.left(80).toStdString();
     ExpectUntouched(name);
   }
+}
+
+TEST_F(OutOfBoundsCourse, TheAboutAndTrademarkFilesOfACourseComeFromTheirFolderOnly) {
+  AddTwoModules();
+  store.AddCourse("Cash desk", "rt0101rt0102");
+  const QByteArray marker = Outside::kMarker;
+  store.Write("sheet.txt", marker);
+  store.Write("sheet_1.txm", PageFile(QString::fromLatin1(marker)));
+  for (const char* kind : {"About ", "Trademark "}) {
+    const QString prefix = QString("About/") + kind;
+    store.Write(prefix + "good.txt", "good");
+    store.Write(prefix + "good_1.txm", PageFile("good"));
+    Link(outside.Folder(), prefix + "folder");
+    Link(outside.Folder() + "/sheet.txt", prefix + "link.txt");
+    Link(outside.Folder() + "/sheet_1.txm", prefix + "link_1.txm");
+    Link(outside.Folder() + "/nothing", prefix + "dangling.txt");
+    Link("/dev/zero", prefix + "zero.txt");
+    Link("/dev/zero", prefix + "zero_1.txm");
+    mkfifo(QFile::encodeName(store.Path(prefix + "fifo.txt")).constData(), 0600);
+  }
+  ReadAs("Ann", "Lee");
+  const auto expect = [this](const QString& courseName, const QString& shown) {
+    SCOPED_TRACE(courseName.left(80).toStdString());
+    gCourses[0].CourseName = courseName;
+    gCourses[0].Modules[0].CourseName = courseName;
+    EXPECT_EQ(Gui::Find<TextPane>(Default<About>(), "Text1")->Text(), shown);
+    auto& trademark = Default<Trademark>();
+    EXPECT_EQ(Gui::Find<TextControl>(trademark, "TXTextControl1")->PlainText().trimmed(), shown);
+    EXPECT_EQ(trademark.Running(), !shown.isEmpty());
+    trademark.Unload();
+    Default<About>().Unload();
+    ExpectUntouched(courseName);
+  };
+  const QStringList names = {
+      "x/../../../out/sheet",
+      "x\\..\\..\\..\\out\\sheet",
+      "x/../../../OUT/Sheet",
+      "folder/../../../out/sheet",
+      "x/../../sheet",  // in the program folder, but no about text
+      "x/../../../" + outside.Folder() + "/sheet",
+      outside.Folder() + "/sheet",
+      "folder/sheet",
+      "link",
+      "dangling",
+      "zero",
+      "fifo",
+      "%2",
+      "..",
+      "",
+      "good.txt" + kNul,
+      "good" + kNul,
+      "%2e%2e/%2e%2e/out/sheet",
+      "x／．．／．．／out／sheet",
+      QString("x/../").repeated(1000) + "../../out/sheet",
+      QString(5000, u'n'),
+  };
+  for (const QString& name : names)
+    expect(name, QString());
+  expect("GOOD", "good");
 }
 
 }  // namespace

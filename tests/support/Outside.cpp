@@ -46,6 +46,8 @@ Outside::Outside(const QString& folder) : folder_(folder) {
       {"0001.txm", PageFile(QString::fromLatin1(marker))},
       {"page.htm", "<html><p>" + marker + "</p></html>"},
       {"page.rtf", "{\\rtf1 " + marker + "}"},
+      {"sheet.txt", marker},
+      {"sheet_1.txm", PageFile(QString::fromLatin1(marker))},
       {"sheet.css", "p { background-color: #ff0000 }"},
       {"red.png", RedPicture()},
       {"User", user},

@@ -1,0 +1,80 @@
+// The about screen.
+#include "reference/About.h"
+
+#include <QCoreApplication>
+
+#include "frame/ProgramState.h"
+#include "platform/forms/TextPane.h"
+#include "support/Program.h"
+
+namespace {
+
+class AboutTest : public ProgramTest {
+ protected:
+  AboutTest() {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101rt0102");
+  }
+  ~AboutTest() override { QCoreApplication::setApplicationVersion({}); }
+
+  About& Open() {
+    auto& about = Default<About>();
+    about.Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&about));
+    return about;
+  }
+};
+
+TEST_F(AboutTest, TheTextAndTheVersionOfTheProgramShow) {
+  QCoreApplication::setApplicationVersion("1.0.45");
+  store.Write("About/About Cash desk.txt", "First line\r\n\r\nCaf\xE9\r\n");
+  ReadAs("Ann", "Lee");
+  const About& about = Open();
+  EXPECT_EQ(Gui::Find<TextPane>(about, "Text1")->Text(), "First line\n\nCaf\u00E9\n");
+  const auto* words = Gui::Find<Label>(about, "Label5");
+  const auto* version = Gui::Find<Label>(about, "Label6");
+  EXPECT_EQ(words->Caption() + version->Caption(), "Tallowmere Manager    version 1.0.45");
+  EXPECT_EQ(version->Left(), words->Left() + words->Width());
+  EXPECT_EQ(words->width(), words->fontMetrics().horizontalAdvance(words->Caption()));
+}
+
+TEST_F(AboutTest, TheTextCannotBeChangedAndIsReadByKeys) {
+  store.Write("About/About Cash desk.txt", QByteArray("line\r\n").repeated(200));
+  ReadAs("Ann", "Lee");
+  const About& about = Open();
+  const auto* text = Gui::Find<TextPane>(about, "Text1");
+  ASSERT_TRUE(text->HasFocus());
+  const QString before = text->Text();
+  Gui::Type(about, "x");
+  Gui::Key(about, Qt::Key_Delete);
+  EXPECT_EQ(text->Text(), before);
+  Gui::Key(about, Qt::Key_PageDown);
+  EXPECT_GT(text->cursorRect().top() + text->textCursor().blockNumber(), 0);
+}
+
+TEST_F(AboutTest, AMissingTextLeavesTheBoxEmptyWithoutAMessage) {
+  ReadAs("Ann", "Lee");
+  const About& about = Open();
+  EXPECT_EQ(Gui::Find<TextPane>(about, "Text1")->Text(), "");
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(AboutTest, EveryWayOutUnloadsTheForm) {
+  ReadAs("Ann", "Lee");
+  const std::function<void(Form&)> ways[] = {
+      [](Form& about) { Gui::Click(about, "Picture1"); },
+      [](Form& about) {
+        Gui::Key(about, Qt::Key_Return);  // the text has the focus: nothing
+        Gui::Key(about, Qt::Key_Tab);
+        Gui::Key(about, Qt::Key_Return);
+      },
+      [](Form& about) { about.close(); },
+  };
+  for (const auto& way : ways) {
+    way(Open());
+    EXPECT_EQ(LoadedForm<About>(), nullptr);
+    EXPECT_EQ(quits, 0);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,119 @@
+// Leaving a course: the trademark pages, and the end of the program behind them.
+#include "reference/Trademark.h"
+
+#include "frame/ProgramState.h"
+#include "platform/forms/ComboBox.h"
+#include "platform/richtext/TextControl.h"
+#include "support/Program.h"
+
+namespace {
+
+class TrademarkTest : public ProgramTest {
+ protected:
+  TrademarkTest() {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101rt0102");
+  }
+
+  void AddPages(const QString& course, const QList<int>& numbers) const {
+    for (const int number : numbers) {
+      const QString name = QStringLiteral("Trademark %1_%2").arg(course, QString::number(number));
+      store.Write("About/" + name + ".txm", PageFile(name));
+    }
+  }
+  void Leave(void (*way)(Form1&) = [](Form1& screen) { Gui::Click(screen, "Exit_Pic"); }) {
+    messages.Answer({MsgAnswer::Yes});
+    way(*LoadedForm<Form1>());
+    Gui::Settle();
+    EXPECT_EQ(LoadedForm<Form1>(), nullptr);
+  }
+  // What shows, empty when the pages are over.
+  static QString Shown() {
+    const auto* trademark = LoadedForm<Trademark>();
+    if (trademark == nullptr || !trademark->Shown()) return {};
+    return Gui::Find<TextControl>(*trademark, "TXTextControl1")->PlainText().trimmed();
+  }
+  // The pages from the first to the last, which stand three seconds each.
+  QStringList Run() {
+    QStringList seen;
+    while (!Shown().isEmpty()) {
+      seen.append(Shown());
+      EXPECT_EQ(quits, 0);
+      clock.Advance(2999);
+      EXPECT_EQ(Shown(), seen.last());
+      clock.Advance(1);
+      Gui::Settle();
+    }
+    return seen;
+  }
+};
+
+TEST_F(TrademarkTest, ThePagesRunToTheFirstGapAndTheProgramEnds) {
+  void (*const ways[])(Form1&) = {
+      [](Form1& screen) { Gui::Click(screen, "Exit_Pic"); },
+      [](Form1& screen) { Gui::Key(screen, Qt::Key_Escape); },
+      [](Form1& screen) { screen.close(); },
+  };
+  AddPages("Cash desk", {1, 2, 4});
+  for (const auto way : ways) {
+    ReadAs("Ann", "Lee");
+    Leave(way);
+    EXPECT_EQ(Run(), QStringList({"Trademark Cash desk_1", "Trademark Cash desk_2"}));
+    EXPECT_EQ(LoadedForm<Trademark>(), nullptr);
+    EXPECT_EQ(quits, 1);
+    quits = 0;
+    OneCopyAgain();
+  }
+}
+
+TEST_F(TrademarkTest, ALearnerWhoStaysSeesNoPages) {
+  AddPages("Cash desk", {1});
+  Form1& screen = ReadAs("Ann", "Lee");
+  Gui::Key(screen, Qt::Key_Escape);
+  EXPECT_EQ(LoadedForm<Trademark>(), nullptr);
+  EXPECT_TRUE(screen.Shown());
+}
+
+TEST_F(TrademarkTest, WithoutAFirstPageThatCanBeShownTheProgramEndsAtOnce) {
+  for (const QByteArray& first : {QByteArray(), QByteArray("short")}) {
+    if (!first.isEmpty()) store.Write("About/Trademark Cash desk_1.txm", first);
+    AddPages("Cash desk", {2});
+    ReadAs("Ann", "Lee");
+    Leave();
+    EXPECT_EQ(LoadedForm<Trademark>(), nullptr);
+    EXPECT_EQ(messages.Take().size(), 1);  // the question alone
+    EXPECT_EQ(quits, 1);
+    quits = 0;
+    OneCopyAgain();
+  }
+}
+
+TEST_F(TrademarkTest, APageThatCannotBeReadIsPassedOver) {
+  AddPages("Cash desk", {1, 2, 3});
+  store.Write("About/Trademark Cash desk_2.txm", "short");
+  ReadAs("Ann", "Lee");
+  Leave();
+  EXPECT_EQ(Run(), QStringList({"Trademark Cash desk_1", "Trademark Cash desk_1", "Trademark Cash desk_3"}));
+  EXPECT_EQ(messages.Take().size(), 1);
+  EXPECT_EQ(quits, 1);
+}
+
+TEST_F(TrademarkTest, InAllModulesModeTheFirstPageIsThatOfTheModulesCourse) {
+  store.AddCourse("Goods", "rt0102");
+  AddPages("Cash desk", {1, 2});
+  AddPages("All modules", {2});
+  store.AddLearner("Ann", "Lee");
+  script.When("CourseSelection", [this](Form& choice) {
+    Gui::Find<ComboBox>(choice, "CourseList")->SetListIndex(2);
+    clock.Advance(100);
+    Gui::Click(choice, "BeginCourse");
+  });
+  script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
+  ASSERT_TRUE(Start());
+  Gui::Settle();
+  PassSplash();
+  Leave();
+  EXPECT_EQ(Run(), QStringList({"Trademark Cash desk_1", "Trademark All modules_2"}));
+}
+
+}  // namespace
