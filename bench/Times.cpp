@@ -17,14 +17,14 @@ void Times::Report(benchmark::State& state, const std::string& prefix) const {
   state.counters[prefix + "p99_ms"] = Percentile(0.99);
 }
 
-void Times::ReportMedianAim(benchmark::State& state, double aim) const {
-  Report(state);
-  state.counters["p50_aim_ms"] = aim;
+void Times::ReportMedianAim(benchmark::State& state, double aim, const std::string& prefix) const {
+  Report(state, prefix);
+  state.counters[prefix + "p50_aim_ms"] = aim;
 }
 
-void Times::ReportTailAim(benchmark::State& state, double aim) const {
-  Report(state);
-  state.counters["p99_aim_ms"] = aim;
+void Times::ReportTailAim(benchmark::State& state, double aim, const std::string& prefix) const {
+  Report(state, prefix);
+  state.counters[prefix + "p99_aim_ms"] = aim;
 }
 
 void PutTemporaryFoldersIn(const char* parent) {

@@ -28,8 +28,8 @@ class Times {
   // Puts p50_ms and p99_ms beside the benchmark's own figures, each name with `prefix` before it.
   void Report(benchmark::State& state, const std::string& prefix = {}) const;
   // The same with the limit of one of the two, milliseconds.
-  void ReportMedianAim(benchmark::State& state, double aim) const;
-  void ReportTailAim(benchmark::State& state, double aim) const;
+  void ReportMedianAim(benchmark::State& state, double aim, const std::string& prefix = {}) const;
+  void ReportTailAim(benchmark::State& state, double aim, const std::string& prefix = {}) const;
 
  private:
   std::vector<double> milliseconds_;

@@ -7,12 +7,10 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Screen.h"
 
-namespace {
-
 // Turns the events of a widget into those of its control.
-class Watcher final : public QObject {
+class ControlWatcher final : public QObject {
  public:
-  explicit Watcher(Control& control) : control_(control) {}
+  explicit ControlWatcher(Control& control) : control_(control) {}
 
   bool eventFilter(QObject* object, QEvent* event) override {
     if (control_.Enabled()) Tell(event);
@@ -21,6 +19,10 @@ class Watcher final : public QObject {
 
  private:
   void Tell(QEvent* event) {
+    if (const auto* mouse = dynamic_cast<QMouseEvent*>(event)) {
+      control_.mouseX_ = mouse->position().x() * Screen::TwipsPerPixelX();
+      control_.mouseY_ = mouse->position().y() * Screen::TwipsPerPixelY();
+    }
     switch (event->type()) {
       case QEvent::MouseButtonPress: Press(*static_cast<QMouseEvent*>(event)); break;
       case QEvent::MouseButtonDblClick:
@@ -53,10 +55,8 @@ class Watcher final : public QObject {
   bool pressed_ = false;
 };
 
-}  // namespace
-
 Control::Control(QWidget* widget, const QString& name, ControlKind kind)
-    : widget_(widget), kind_(kind), watcher_(std::make_unique<Watcher>(*this)) {
+    : widget_(widget), kind_(kind), watcher_(std::make_unique<ControlWatcher>(*this)) {
   widget_->setObjectName(name);
   Watch(widget_);
   form_ = dynamic_cast<Form*>(widget_->window());

@@ -62,6 +62,11 @@ class Control {
   // The words that a screen reader says for this control, and its description where a name is not enough.
   void SetAccessibleName(const QString& name);
 
+  // Where the mouse was in the last mouse event: twips from the corner of the control's area, for a
+  // scrolled control of the part of it that shows.
+  double MouseX() const { return mouseX_; }
+  double MouseY() const { return mouseY_; }
+
   QString Tag;
 
   Event<> Click;
@@ -80,12 +85,14 @@ class Control {
 
  private:
   friend class Form;  // the form forgets its controls before they die
+  friend class ControlWatcher;
 
   QWidget* widget_;
   Form* form_ = nullptr;
   ControlKind kind_;
   double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
   bool visible_ = true, enabled_ = true;
+  double mouseX_ = 0, mouseY_ = 0;
   int foreColor_ = 0x000000, backColor_ = 0xFFFFFF;
   std::unique_ptr<QObject> watcher_;
 };
