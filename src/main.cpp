@@ -1,6 +1,9 @@
 // The program: the application object, then Main.
+#include <fontconfig/fontconfig.h>
+
 #include <QApplication>
 #include <QIcon>
+#include <thread>
 
 #include "frame/Look.h"
 #include "platform/files/Paths.h"
@@ -16,7 +19,11 @@ int main(int argc, char** argv) {
   const bool choosesX11 =
       qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
   if (choosesX11) qputenv("QT_QPA_PLATFORM", "xcb");
+  // A quarter of the start's work is reading the system's font configuration. It is done while Qt connects
+  // to the display, so that the first text finds it there.
+  std::thread fonts([] { FcInit(); });
   QApplication application(argc, argv);
+  fonts.join();  // before the environment, which it reads, changes
   // Both are this program's own, and not for those that the opener starts.
   qunsetenv("QT_ENABLE_HIGHDPI_SCALING");
   if (choosesX11) qunsetenv("QT_QPA_PLATFORM");

@@ -3,7 +3,7 @@
 
 Usage: network_test.py STORE. Every socket that the program or a child of it opens must be a local one, and
 every address the X server, the session's message buses, the C library's own services, or the program's
-server for a second start. Exits with 1 and the lines of the trace at fault when there is another, and
+bell for a second start. Exits with 1 and the lines of the trace at fault when there is another, and
 with 77 where nothing may be traced.
 """
 
@@ -18,8 +18,7 @@ from pathlib import Path
 from visit import play
 
 SKIPPED = 77
-# The renames show what becomes of the server's socket, which is bound under a passing name.
-STRACE = ["strace", "-f", "-qq", "-s", "300", "--seccomp-bpf", "-e", "trace=network,rename,renameat,renameat2"]
+STRACE = ["strace", "-f", "-qq", "-s", "300", "--seccomp-bpf", "-e", "trace=network"]
 
 # The path of a local socket that the program may use; "@" stands before one that is in no file system.
 ALLOWED = [
@@ -27,12 +26,11 @@ ALLOWED = [
     (re.compile(r"/(var/)?run/nscd/socket"), "the C library's name cache"),
     (re.compile(r"/run/systemd/userdb/[\w.-]+"), "the C library's user names"),
     (re.compile(r"/.*/at-spi/bus[\w.-]*|@?/tmp/dbus-\w+"), "the accessibility bus"),
-    (re.compile(r"/.*/tallowmere-[0-9a-f]{16}"), "the program's own server"),
+    (re.compile(r"@tallowmere-[0-9a-f]{16}"), "the program's bell for a second start"),
 ]
 CALL = re.compile(r"^\d+\s+(?:<\.\.\. )?(\w+)")
 TEXT = re.compile(r'"(?:[^"\\]|\\.)*"')
 SOCKET_PATH = re.compile(r'sun_path=(@?)"((?:[^"\\]|\\.)*)"')
-RENAME = re.compile(r'\brename(?:at2?)?\([^"]*"([^"]*)"[^"]*"([^"]*)"[^"]*(?:\)\s+= 0| <unfinished \.\.\.>)')
 FAMILY = re.compile(r"\b[AP]F_\w+")
 
 
@@ -55,7 +53,6 @@ def judge(lines: Iterable[str]) -> tuple[dict[str, int], list[str]]:
     buses = session_bus()
     used: dict[str, int] = {}
     wrong: list[str] = []
-    passing: dict[str, str] = {}  # socket bound under a name of its own, and the line
 
     def count(name: str | None, line: str) -> None:
         if name is None:
@@ -64,11 +61,6 @@ def judge(lines: Iterable[str]) -> tuple[dict[str, int], list[str]]:
             used[name] = used.get(name, 0) + 1
 
     for line in lines:
-        renamed = RENAME.search(line)
-        if renamed:
-            if passing.pop(renamed[1], None):
-                count(name_of(renamed[2], buses), line)
-            continue
         call = CALL.match(line)
         families = FAMILY.findall(TEXT.sub('""', line))
         if any(family not in ("AF_UNIX", "AF_LOCAL") for family in families):
@@ -78,12 +70,8 @@ def judge(lines: Iterable[str]) -> tuple[dict[str, int], list[str]]:
             wrong.append(line)  # a family without a name
             continue
         for mark, path in SOCKET_PATH.findall(line):
-            name = name_of(mark + path, buses)
-            if name is None and call and call[1] == "bind" and path not in passing:
-                passing[path] = line
-            else:
-                count(name, line)
-    return used, wrong + list(passing.values())
+            count(name_of(mark + path, buses), line)
+    return used, wrong
 
 
 def main() -> int:

@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages_of() {
   case "$1" in
-    build) echo g++ cmake ninja-build python3 qt6-base-dev fonts-liberation ;;
+    build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation ;;
     test) echo libgtest-dev strace; packages_of visit ;;
     bench) echo libbenchmark-dev libx11-dev ;;
     visit) echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils ;;

@@ -1,11 +1,10 @@
 #include "startup/OneCopy.h"
 
 #include <QCryptographicHash>
-#include <QLocalServer>
-#include <QLocalSocket>
 #include <memory>
 
 #include "frame/ProgramState.h"
+#include "platform/DoorBell.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/FileLock.h"
@@ -16,33 +15,13 @@ namespace OneCopy {
 
 namespace {
 
-constexpr int kConnectTime = 300;  // ms
-
 std::unique_ptr<FileLock> g_lock;
-std::unique_ptr<QLocalServer> g_server;
+std::unique_ptr<DoorBell> g_bell;
 
 // One name per data folder, whatever its length.
-QString ServerName() {
+QByteArray BellName() {
   const QByteArray digest = QCryptographicHash::hash(gDriveRoot.toUtf8(), QCryptographicHash::Sha1);
-  return QStringLiteral("tallowmere-") + QString::fromLatin1(digest.toHex().left(16));
-}
-
-bool FirstAnswers() {
-  QLocalSocket socket;
-  socket.connectToServer(ServerName());
-  return socket.waitForConnected(kConnectTime);
-}
-
-void Listen() {
-  g_server = std::make_unique<QLocalServer>();
-  QLocalServer::removeServer(ServerName());  // of a copy that was killed
-  g_server->setSocketOptions(QLocalServer::UserAccessOption);
-  g_server->listen(ServerName());
-  QObject::connect(g_server.get(), &QLocalServer::newConnection, g_server.get(), [] {
-    while (QLocalSocket* later = g_server->nextPendingConnection())
-      later->deleteLater();
-    Dispatcher::Run([] { FormLife::BringForward(); });
-  });
+  return "tallowmere-" + digest.toHex().left(16);
 }
 
 }  // namespace
@@ -52,18 +31,18 @@ bool Claim() {
   auto lock = std::make_unique<FileLock>();
   const FileLock::Outcome outcome = lock->Take(gDriveRoot + QStringLiteral(".lock"));
   if (outcome == FileLock::Outcome::HeldElsewhere) return false;
-  if (outcome == FileLock::Outcome::Impossible && FirstAnswers()) return false;
+  if (outcome == FileLock::Outcome::Impossible && DoorBell::Ring(BellName())) return false;
   g_lock = std::move(lock);
-  Listen();
+  g_bell = std::make_unique<DoorBell>(BellName(), [] { Dispatcher::Run([] { FormLife::BringForward(); }); });
   return true;
 }
 
 void BringFirstForward() {
-  FirstAnswers();
+  DoorBell::Ring(BellName());
 }
 
 void Release() {
-  g_server.reset();
+  g_bell.reset();
   g_lock.reset();
 }
 
