@@ -1,0 +1,7 @@
+// What a screen reader takes a control for, where its widget's class doesn't tell.
+#pragma once
+
+#include <QAccessible>
+
+// To be set before anything asks for the widget's accessible side, best where the widget is made.
+void SetAccessibleRole(QWidget& widget, QAccessible::Role role);
