@@ -25,9 +25,6 @@ constexpr Place Exit_Pic{14820, 75, 465, 465};
 constexpr Place Min_btn{14070, 0, 615, 615};
 constexpr Place toolBar_But{12825, 0, 1185, 615};
 constexpr Place ToolLabel{105, 187, 810, 240};
-constexpr Place Main_Tool_frm{10385, 720, 3735, 975};
-constexpr Place Main_Menu_frm{0, 10200, 5205, 492};
-constexpr Place Main_Topic_frm{5190, 9960, 5025, 495};
 constexpr Place Modules{0, 11025, 1335, 495};
 constexpr Place ModLabel{210, 120, 825, 240};
 constexpr Place CourseNameLbl{2160, 11145, 9255, 315};
@@ -88,12 +85,14 @@ Form1::Form1()
       courseNameLbl_(
           AddBarLabel(picture2_, "CourseNameLbl", Layout::CourseNameLbl, Layout::CourseNamePoints)),
       pages_({txTextControl1_, label1_, courseNameLbl_, nextBtn_, prev_, return_Btn_}),
+      hover_(*this),
+      menus_(*this,
+             {picture2_, modules_, toolBar_But_, exit_Pic_, return_Btn_, prev_, nextBtn_, label1_,
+              courseNameLbl_, txTextControl1_},
+             pages_, hover_),
       keyboard_(*this, *nextBtn_, *prev_, *return_Btn_) {
   SetSize(Layout::Picture2.Width, Layout::Picture2.Height);
   txTextControl1_->Move(Layout::TXTextControl1);
-  AddMenuWindow(QStringLiteral("Main_Tool_frm"), Layout::Main_Tool_frm);
-  AddMenuWindow(QStringLiteral("Main_Menu_frm"), Layout::Main_Menu_frm);
-  AddMenuWindow(QStringLiteral("Main_Topic_frm"), Layout::Main_Topic_frm);
   nextBtn_->MouseUp = [this] { NextPage(); };
   prev_->MouseUp = [this] { PrevPage(); };
   return_Btn_->Click = [this] { pages_.ReturnToPreviousPlace(); };
@@ -115,13 +114,6 @@ SkinButton* Form1::AddButton(const QString& name, const Place& place, const Butt
   return button;
 }
 
-PictureBox* Form1::AddMenuWindow(const QString& name, const Place& place) {
-  auto* window = new PictureBox(picture2_, name);
-  window->Move(place);
-  window->SetVisible(false);
-  return window;
-}
-
 void Form1::Form_Load() {
   try {
     ScaleFormToDisplay(*this);
@@ -132,6 +124,7 @@ void Form1::Form_Load() {
     }
     SetToolCaptions();
     pages_.InitCourseDisplay();
+    menus_.Build();
   } catch (const RunTimeError& error) {
     const bool playerMissing = error.Description().contains(QStringLiteral("Control.dll"));
     MsgBox(playerMissing ? LoadStringResource(kResNeedsShockwave) : error.Description());
@@ -169,6 +162,7 @@ void Form1::PrevPage() {
 
 void Form1::InitNewCourse() {
   pages_.InitCourseDisplay();
+  menus_.Rebuild();
 }
 
 bool Form1::AgreeToLeave() {
@@ -200,7 +194,7 @@ void Form1::Form_Unload() {
 }
 
 void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
-  keyboard_.KeyReleased(key, modifiers);
+  if (!menus_.KeyReleased(key, modifiers)) keyboard_.KeyReleased(key, modifiers);
 }
 
 void Form1::Form_MouseMove() {

@@ -2,7 +2,9 @@
 // work is done by its collaborators.
 #pragma once
 
+#include "coursescreen/Hover.h"
 #include "coursescreen/Keyboard.h"
+#include "coursescreen/Menus.h"
 #include "coursescreen/PageTurning.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/SkinButton.h"
@@ -20,6 +22,11 @@ class Form1 final : public Form {
   void InitNewCourse();
   // As a click on the exit button: asks, records the page and leaves.
   void Exit_Course();
+  // As clicks on the buttons of the menus, and the mouse on a row of the topics.
+  void ModLabelClick() { menus_.ModLabelClick(); }
+  void toolBarButClick() { menus_.toolBarButClick(); }
+  void TopicMoveProc(const int& row) { menus_.TopicMoveProc(row); }
+  void TopicClickProc(const int& row) { menus_.TopicClickProc(row); }
 
   PageTurning& Pages() { return pages_; }
   const PageTurning& Pages() const { return pages_; }
@@ -36,7 +43,6 @@ class Form1 final : public Form {
   // Makes a button of the screen's bars; `captionName` empty: it has no caption.
   SkinButton* AddButton(const QString& name, const Place& place, const ButtonImages& images,
                         const QString& captionName = {}, const Place& captionPlace = {});
-  PictureBox* AddMenuWindow(const QString& name, const Place& place);
   void SetToolCaptions();
   void Timer1_Timer();
   // The question before leaving; on yes the page is recorded and the trademark pages begin.
@@ -48,6 +54,8 @@ class Form1 final : public Form {
   SkinButton *exit_Pic_, *min_btn_, *toolBar_But_, *modules_, *return_Btn_, *prev_, *nextBtn_;
   Label* courseNameLbl_;
   PageTurning pages_;
+  Hover hover_;
+  Menus menus_;
   Keyboard keyboard_;
   Timer timer1_{this, QStringLiteral("Timer1")};
 };

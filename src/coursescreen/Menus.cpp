@@ -1,0 +1,157 @@
+#include "coursescreen/Menus.h"
+
+#include "coursescreen/PageTurning.h"
+#include "frame/ResConstants.h"
+#include "frame/TextTable.h"
+#include "platform/forms/Form.h"
+#include "platform/richtext/TextControl.h"
+
+namespace {
+
+constexpr Place kFocusSink{0, 0, 15, 15};  // twips at 15 per pixel: a pixel that shows nothing
+
+PictureBox* AddFocusSink(PictureBox* container) {
+  auto* sink = new PictureBox(container, QStringLiteral("Picture1"));
+  sink->SetTransparent(true);
+  sink->Move(kFocusSink);
+  return sink;
+}
+
+}  // namespace
+
+Menus::Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover)
+    : form_(form),
+      controls_(controls),
+      pages_(pages),
+      picture1_(AddFocusSink(controls.Container)),
+      toolbar_(form, controls.Container, *controls.ToolBar_But, pages, hover),
+      topics_(form, controls.Container, hover),
+      modules_(form, controls.Container, *controls.Modules, topics_, hover) {
+  controls_.Modules->Click = [this] { ModLabelClick(); };
+  controls_.ToolBar_But->Click = [this] { toolBarButClick(); };
+  toolbar_.ItemChosen = [this] { CloseAllMenus(); };
+  topics_.RowReached = [this](int row) {
+    modules_.LeaveArrows();
+    TopicMoveProc(row);
+  };
+  topics_.RowReleased = [this](int row) { TopicClickProc(row); };
+  CloseOnClicks();
+}
+
+void Menus::CloseOnClicks() {
+  for (SkinButton* button : {controls_.NextBtn, controls_.Prev, controls_.Return_Btn, controls_.Exit_Pic}) {
+    button->MouseDown = [this] { CloseAllMenus(); };
+  }
+  for (Label* label : {controls_.Header, controls_.CourseName})
+    label->Click = [this] { CloseAllMenus(); };
+  controls_.Page->Click = [this] { CloseAllMenus(); };
+}
+
+void Menus::Build() {
+  modules_.BuildModuleMenu();
+  toolbar_.BuildToolbarMenu();
+}
+
+void Menus::Rebuild() {
+  CloseAllMenus();
+  modules_.UnloadModuleRows();
+  topics_.UnloadTopicRows();
+  modules_.BuildModuleMenu();
+}
+
+void Menus::ModLabelClick() {
+  picture1_->SetFocus();
+  const bool open = modules_.IsOpen();
+  CloseAllMenus();
+  if (open) return;
+  form_.Refresh();
+  modules_.OpenModuleMenu();
+}
+
+void Menus::toolBarButClick() {
+  picture1_->SetFocus();
+  const bool open = toolbar_.IsOpen();
+  CloseAllMenus();
+  if (!open) toolbar_.OpenToolbarMenu();
+}
+
+void Menus::TopicMoveProc(int row) {
+  modules_.StopWaiting();
+  modules_.HighlightModule(modules_.OpenTopicModule());
+  topics_.HighlightTopic(row);
+}
+
+void Menus::TopicClickProc(int row) {
+  const int module = modules_.OpenTopicModule();
+  const QString topic = topics_.Caption(row);
+  CloseAllMenus();
+  pages_.JumpToTopic(module, topic);
+}
+
+void Menus::CloseAllMenus() {
+  modules_.CloseModuleMenu();
+  topics_.CloseTopicMenu();
+  toolbar_.CloseToolbarMenu();
+}
+
+bool Menus::KeyReleased(int key, Qt::KeyboardModifiers modifiers) {
+  if ((modifiers & (Qt::AltModifier | Qt::ShiftModifier | Qt::ControlModifier)) != 0) return false;
+  if (!modules_.IsOpen() && !toolbar_.IsOpen()) return ButtonKey(key);
+  switch (key) {
+    case Qt::Key_Down: PointAtNext(+1); return true;
+    case Qt::Key_Up: PointAtNext(-1); return true;
+    case Qt::Key_Return: Choose(); return true;
+    case Qt::Key_Escape: TakeBack(); return true;
+    default: return false;
+  }
+}
+
+bool Menus::ButtonKey(int key) {
+  if (key != Qt::Key_Return && key != Qt::Key_Space) return false;
+  if (controls_.Modules->HasFocus()) {
+    ModLabelClick();
+  } else if (controls_.ToolBar_But->HasFocus()) {
+    toolBarButClick();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Menus::PointAtNext(int direction) {
+  if (toolbar_.IsOpen()) {
+    toolbar_.PointAtNext(direction);
+  } else if (KeysAreInTopics()) {
+    const int row = topics_.Neighbour(direction);
+    topics_.ScrollTo(row);
+    TopicMoveProc(row);
+    topics_.Announce(row);
+  } else {
+    modules_.PointAtNext(direction);
+  }
+}
+
+void Menus::Choose() {
+  if (toolbar_.IsOpen()) {
+    if (toolbar_.HoverTool() >= 0) toolbar_.ChooseItem(toolbar_.HoverTool());
+  } else if (KeysAreInTopics()) {
+    TopicClickProc(topics_.HoverTopic());
+  } else if (modules_.HoverModule() >= 0) {
+    if (!modules_.TopicsAreOpen()) modules_.OpenTopics();
+    if (!topics_.IsOpen()) return;  // the module has none
+    TopicMoveProc(0);
+    topics_.Announce(0);
+  }
+}
+
+// Out of the topics first, then out of the menu, to the button that it came from.
+void Menus::TakeBack() {
+  if (topics_.IsOpen()) {
+    modules_.StopWaiting();
+    topics_.CloseTopicMenu();
+    return;
+  }
+  SkinButton* button = toolbar_.IsOpen() ? controls_.ToolBar_But : controls_.Modules;
+  CloseAllMenus();
+  button->SetFocus();
+}

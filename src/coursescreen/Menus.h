@@ -1,0 +1,58 @@
+// The three menus of the course screen: what opens them, what closes them, and their keys.
+#pragma once
+
+#include "coursescreen/ModuleMenu.h"
+#include "coursescreen/Toolbar.h"
+#include "coursescreen/TopicMenu.h"
+
+class TextControl;
+
+// The controls of the course screen that open or close a menu.
+struct MenuControls {
+  PictureBox* Container;
+  SkinButton *Modules, *ToolBar_But;
+  SkinButton *Exit_Pic, *Return_Btn, *Prev, *NextBtn;
+  Label *Header, *CourseName;
+  TextControl* Page;
+};
+
+class Menus {
+ public:
+  Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover);
+
+  // When the screen loads, with its course open.
+  void Build();
+  // When another course is open on the same screen. The toolbar stays as it is.
+  void Rebuild();
+
+  // As a click on the button: opens its menu, or closes all when that is open.
+  void ModLabelClick();
+  void toolBarButClick();
+  // As the pointer on, or the release of, a row of the topics.
+  void TopicMoveProc(int row);
+  void TopicClickProc(int row);
+  void CloseAllMenus();
+
+  // Up and Down point at the next row of the open menu, Enter chooses it: an item, a topic, or a module,
+  // whose topics the keys then work. Escape takes back one of these. Enter and the blank open the menu of
+  // a button with the focus. False for any other key, and where no menu is open.
+  bool KeyReleased(int key, Qt::KeyboardModifiers modifiers);
+
+  Toolbar& Tools() { return toolbar_; }
+
+ private:
+  void CloseOnClicks();
+  bool ButtonKey(int key);
+  void PointAtNext(int direction);
+  void Choose();
+  void TakeBack();
+  bool KeysAreInTopics() const { return topics_.IsOpen() && topics_.HoverTopic() >= 0; }
+
+  Form& form_;
+  MenuControls controls_;
+  PageTurning& pages_;
+  PictureBox* picture1_;
+  Toolbar toolbar_;
+  TopicMenu topics_;
+  ModuleMenu modules_;
+};

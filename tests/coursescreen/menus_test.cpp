@@ -1,0 +1,457 @@
+// The module, topic and toolbar menus of the course screen.
+#include <QAccessible>
+
+#include "coursescreen/SlideMenu.h"
+#include "frame/ProgramState.h"
+#include "learners/ProfileBox.h"
+#include "platform/forms/ComboBox.h"
+#include "platform/forms/Picture.h"
+#include "platform/forms/Screen.h"
+#include "support/Program.h"
+
+namespace {
+
+using Look = SkinButton::Look;
+
+class MenusTest : public ProgramTest {
+ protected:
+  // A course of `modules` modules; the first has `topics` topics, the others two each.
+  Form1& Read(int modules, int topics = 2) {
+    QString ids;
+    for (int module = 0; module < modules; ++module) {
+      QStringList lines;
+      for (int topic = 0; topic < (module == 0 ? topics : 2); ++topic)
+        lines.append(
+            QStringLiteral("%1.txm*Topic*Topic %2").arg(topic + 1, 4, 10, QLatin1Char('0')).arg(topic));
+      const QString id = QStringLiteral("rt%1").arg(module, 4, 10, QLatin1Char('0'));
+      store.AddModule(id, QStringLiteral("Module %1").arg(module), lines);
+      ids += id;
+    }
+    store.AddCourse("Cash desk", ids);
+    return ReadAs("Ann", "Lee");
+  }
+
+  static Form1& Screen1() { return Default<Form1>(); }
+  static QRect PlaceOf(const char* name) { return Gui::Find(Screen1(), name)->geometry(); }
+  static bool Visible(const char* name) { return Gui::Find(Screen1(), name)->isVisible(); }
+  static Look LookOf(const QString& name) { return Gui::Find<SkinButton>(Screen1(), name)->Shown(); }
+  static QStringList Lit(const QString& slice, int count) {
+    QStringList lit;
+    for (int row = 0; row < count; ++row) {
+      const QString name = slice + QStringLiteral("(%1)").arg(row);
+      if (LookOf(name) == Look::On) lit.append(name);
+    }
+    return lit;
+  }
+  static void Click(const QString& name) { Gui::Click(Screen1(), name); }
+  static void Point(const QString& name) { Gui::MoveTo(Screen1(), name); }
+  static void Key(Qt::Key key) { Gui::Key(Screen1(), key); }
+  static void Press(const char* name) {
+    Point(name);
+    QTest::mousePress(Screen1().windowHandle(), Qt::LeftButton, {}, Middle(name));
+  }
+  static void Release(const char* name) {
+    QTest::mouseRelease(Screen1().windowHandle(), Qt::LeftButton, {}, Middle(name));
+  }
+  void OpenTopicsOf(int module) {
+    Click("Modules");
+    Point(QStringLiteral("MenuSlice(%1)").arg(module));
+    clock.Advance(500);
+  }
+
+ private:
+  static QPoint Middle(const char* name) {
+    const QWidget* widget = Gui::Find(Screen1(), name);
+    return widget->mapTo(&Screen1(), widget->rect().center());
+  }
+};
+
+// Pixels, the same on every display: a row is 33 high with a gap of 4, and the button's top lies at 735.
+struct Windows {
+  int Rows;
+  int ModuleHeight, TopicHeight;
+  bool Scrolls;
+};
+
+class WindowsTest : public MenusTest, public ::testing::WithParamInterface<Windows> {};
+
+TEST_P(WindowsTest, StandOnTheirLowerEdgesAndScrollBeyondTenRows) {
+  const Windows& expected = GetParam();
+  Read(expected.Rows, expected.Rows);
+  OpenTopicsOf(0);
+  const int bottom = 735 - 18 - 8;
+  EXPECT_EQ(PlaceOf("Main_Menu_frm"), QRect(0, bottom - expected.ModuleHeight, 347, expected.ModuleHeight));
+  const int edge = bottom - expected.ModuleHeight + 37;  // of the module's row
+  EXPECT_EQ(PlaceOf("Main_Topic_frm"), QRect(346, edge - expected.TopicHeight, 335, expected.TopicHeight));
+  EXPECT_EQ(Visible("MenuScrlDwn"), expected.Scrolls);
+  EXPECT_EQ(Visible("TopicScrlDwn"), expected.Scrolls);
+  EXPECT_FALSE(Visible("MenuScrlUp") || Visible("TopicScrlup"));
+  const QString last = QStringLiteral("(%1)").arg(expected.Rows - 1);
+  EXPECT_EQ(PlaceOf(qPrintable("MenuSlice" + last)), QRect(0, 37 * (expected.Rows - 1), 347, 33));
+  EXPECT_EQ(PlaceOf(qPrintable("TopicSlice" + last)), QRect(0, 37 * (expected.Rows - 1), 326, 33));
+  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2" + last)->geometry(),
+            Gui::Find<Label>(Screen1(), "Label2(0)")->geometry());
+}
+
+INSTANTIATE_TEST_SUITE_P(Menus, WindowsTest,
+                         ::testing::Values(Windows{1, 37, 37, false}, Windows{2, 74, 74, false},
+                                           Windows{10, 370, 370, false}, Windows{11, 366, 366, true}),
+                         [](const auto& row) { return "Of" + std::to_string(row.param.Rows); });
+
+TEST_F(MenusTest, SlidingTakesItsTime) {
+  Read(3, 4);
+  const auto taken = [this](const std::function<void()>& act) {
+    const QDateTime before = clock.Now();
+    act();
+    return before.msecsTo(clock.Now());
+  };
+  EXPECT_EQ(taken([] { Click("Modules"); }), 2 * 2 * 15);  // one row less than there are
+  EXPECT_EQ(taken([] { Click("toolBar_But"); }), 12 * 5);
+  Click("Modules");
+  Point("MenuSlice(0)");
+  EXPECT_EQ(taken([this] { clock.Advance(500); }), 500 + 2 * 4 * 20);
+}
+
+TEST_F(MenusTest, ASecondClickCloses) {
+  Read(3);
+  for (const auto& [button, window] :
+       {std::pair{"Modules", "Main_Menu_frm"}, {"toolBar_But", "Main_Tool_frm"}}) {
+    Click(button);
+    EXPECT_TRUE(Visible(window));
+    Click(button);
+    EXPECT_FALSE(Visible(window));
+  }
+}
+
+TEST_F(MenusTest, WhateverIsPressedOutsideCloses) {
+  Read(3);
+  for (const char* outside : {"NextBtn", "Prev", "Label1", "CourseNameLbl", "TXTextControl1", "Return_Btn"}) {
+    OpenTopicsOf(0);
+    Press(outside);
+    Release(outside);
+    EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm")) << outside;
+    Click("toolBar_But");
+    Press(outside);
+    Release(outside);
+    EXPECT_FALSE(Visible("Main_Tool_frm")) << outside;
+  }
+}
+
+TEST_F(MenusTest, OneMenuClosesTheOthers) {
+  Read(3);
+  OpenTopicsOf(1);
+  Click("toolBar_But");
+  EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
+  EXPECT_EQ(LookOf("Modules"), Look::Off);
+  Click("Modules");
+  EXPECT_FALSE(Visible("Main_Tool_frm"));
+}
+
+TEST_F(MenusTest, TopicsOpenForTheModuleThatThePointerRestsOn) {
+  Read(3);
+  Click("Modules");
+  Point("MenuSlice(0)");
+  clock.Advance(499);
+  Point("MenuSlice(2)");  // the wait begins anew
+  clock.Advance(499);
+  EXPECT_FALSE(Visible("Main_Topic_frm"));
+  clock.Advance(1);
+  EXPECT_TRUE(Visible("Main_Topic_frm"));
+  EXPECT_EQ(Lit("MenuSlice", 3), QStringList{"MenuSlice(2)"});
+  Click("MenuSlice(1)");  // modules lead nowhere
+  EXPECT_EQ(PageText(), "rt0000 0001.txm");
+}
+
+TEST_F(MenusTest, TopicsOpenThoughThePointerHasLeftTheRowAndNotBehindAClosedMenu) {
+  Read(3);
+  Click("Modules");
+  Point("MenuSlice(1)");
+  Point("Picture2");
+  clock.Advance(500);
+  EXPECT_TRUE(Visible("Main_Topic_frm"));
+  Click("Modules");
+  Click("Modules");
+  Point("MenuSlice(1)");
+  Click("Modules");
+  clock.Advance(500);
+  EXPECT_FALSE(Visible("Main_Topic_frm"));
+}
+
+TEST_F(MenusTest, AModuleWithoutTopicsOpensNothing) {
+  AddTwoModules();
+  store.AddModule("rt0103", "Bare", {"0001.txm*Page*"});
+  store.AddCourse("Cash desk", "rt0101rt0103");
+  ReadAs("Ann", "Lee");
+  OpenTopicsOf(1);
+  EXPECT_FALSE(Visible("Main_Topic_frm"));
+  clock.Advance(5000);
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(MenusTest, ATopicIsReachedByItsNameAndTheWayBackIsKept) {
+  Read(3, 4);
+  OpenTopicsOf(1);
+  Point("TopicSlice(1)");
+  EXPECT_EQ(Lit("TopicSlice", 2), QStringList{"TopicSlice(1)"});
+  EXPECT_EQ(Lit("MenuSlice", 3), QStringList{"MenuSlice(1)"});
+  Click("TopicSlice(1)");
+  EXPECT_EQ(PageText(), "rt0001 0002.txm");
+  EXPECT_EQ(Header(), "Module 1 : Topic 1");
+  EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
+  EXPECT_TRUE(Lit("TopicSlice", 2).isEmpty() && Lit("MenuSlice", 3).isEmpty());
+  Click("Return_Btn");
+  EXPECT_EQ(PageText(), "rt0000 0001.txm");
+}
+
+TEST_F(MenusTest, ElevenModulesTakeOneStepAndTheArrowGoesWithTheSecondPress) {
+  Read(11);
+  Click("Modules");
+  const auto press = [](const char* arrow) {
+    Press(arrow);
+    Release(arrow);
+  };
+  press("MenuScrlDwn");
+  EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
+  EXPECT_TRUE(Visible("MenuScrlDwn") && Visible("MenuScrlUp"));
+  press("MenuScrlDwn");
+  EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
+  EXPECT_FALSE(Visible("MenuScrlDwn"));
+  press("MenuScrlUp");
+  EXPECT_EQ(PlaceOf("MenuFrame").top(), 0);
+  EXPECT_TRUE(Visible("MenuScrlDwn"));
+  EXPECT_FALSE(Visible("MenuScrlUp"));
+}
+
+struct HeldArrow {
+  const char *Down, *Up, *Frame;
+  int Repeat;  // ms
+};
+
+class HeldArrowTest : public MenusTest, public ::testing::WithParamInterface<HeldArrow> {};
+
+TEST_P(HeldArrowTest, ScrollsOnUntilTheEndOrTheRelease) {
+  const HeldArrow& arrow = GetParam();
+  Read(20, 20);
+  OpenTopicsOf(0);
+  const auto steps = [&arrow] { return -PlaceOf(arrow.Frame).top() / 37; };
+  Press(arrow.Down);
+  EXPECT_EQ(LookOf(arrow.Down), Look::On);
+  EXPECT_EQ(steps(), 1);
+  clock.Advance(499);
+  EXPECT_EQ(steps(), 1);
+  clock.Advance(1);
+  EXPECT_EQ(steps(), 2);
+  clock.Advance(2 * arrow.Repeat);
+  EXPECT_EQ(steps(), 4);
+  Release(arrow.Down);
+  clock.Advance(2000);
+  EXPECT_EQ(steps(), 4);
+  Press(arrow.Down);
+  clock.Advance(5000);
+  EXPECT_EQ(steps(), 10);  // the last row is at the lower edge
+  EXPECT_FALSE(Visible(arrow.Down));
+  EXPECT_TRUE(Visible(arrow.Up));
+  Release(arrow.Frame);
+  Press(arrow.Up);
+  clock.Advance(5000);
+  EXPECT_EQ(steps(), 0);
+  EXPECT_FALSE(Visible(arrow.Up));
+  EXPECT_TRUE(Visible(arrow.Down));
+  Release(arrow.Frame);
+  clock.Advance(5000);
+  EXPECT_EQ(steps(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Menus, HeldArrowTest,
+                         ::testing::Values(HeldArrow{"MenuScrlDwn", "MenuScrlUp", "MenuFrame", 200},
+                                           HeldArrow{"TopicScrlDwn", "TopicScrlup", "TopicFrame", 90}),
+                         [](const auto& row) { return std::string(row.param.Frame); });
+
+TEST_F(MenusTest, TopicsOfAScrolledModuleStandAtItsRow) {
+  Read(20);
+  Click("Modules");
+  Press("MenuScrlDwn");
+  Release("MenuScrlDwn");
+  Point("MenuSlice(5)");
+  clock.Advance(500);
+  const QWidget* slice = Gui::Find(Screen1(), "MenuSlice(5)");
+  const int rowBottom = slice->mapTo(&Screen1(), QPoint(0, slice->height())).y() + 4;
+  EXPECT_EQ(PlaceOf("Main_Topic_frm").bottom() + 1, rowBottom);
+}
+
+TEST_F(MenusTest, LightingRowsUpReadsNoFileBehindTheFirstTime) {
+  Read(3);
+  OpenTopicsOf(0);
+  Point("TopicSlice(0)");
+  const int reads = PictureReads();
+  for (const char* row : {"MenuSlice(1)", "MenuSlice(2)", "MenuSlice(0)", "TopicSlice(1)", "TopicSlice(0)"})
+    Point(row);
+  EXPECT_EQ(PictureReads(), reads);
+}
+
+TEST_F(MenusTest, TheKeysWorkTheMenusWithTheStatesOfTheMouse) {
+  Read(12, 12);
+  Gui::Find(Screen1(), "Modules")->setFocus();
+  Key(Qt::Key_Return);
+  EXPECT_TRUE(Visible("Main_Menu_frm"));
+  for (int i = 0; i < 11; ++i)
+    Key(Qt::Key_Down);
+  EXPECT_EQ(Lit("MenuSlice", 12), QStringList{"MenuSlice(10)"});
+  EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
+  clock.Advance(500);
+  EXPECT_TRUE(Visible("Main_Topic_frm"));
+  Key(Qt::Key_Down);  // still among the modules
+  EXPECT_EQ(Lit("MenuSlice", 12), QStringList{"MenuSlice(11)"});
+  Key(Qt::Key_Return);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Lit("TopicSlice", 2), QStringList{"TopicSlice(1)"});
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(Visible("Main_Topic_frm"));
+  EXPECT_TRUE(Visible("Main_Menu_frm"));
+  Key(Qt::Key_Return);
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(PageText(), "rt0011 0002.txm");
+  EXPECT_FALSE(Visible("Main_Menu_frm"));
+}
+
+TEST_F(MenusTest, EscapeClosesAnOpenMenuAndAsksOnlyBehindIt) {
+  Read(2);
+  Gui::Find(Screen1(), "toolBar_But")->setFocus();
+  Key(Qt::Key_Space);
+  EXPECT_TRUE(Visible("Main_Tool_frm"));
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(Visible("Main_Tool_frm"));
+  EXPECT_TRUE(Gui::Find(Screen1(), "toolBar_But")->hasFocus());
+  EXPECT_EQ(messages.Take(), QStringList());
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(messages.Take().size(), 1);
+}
+
+TEST_F(MenusTest, RowsAreMenuItemsWithTheirNames) {
+  Read(2);
+  Click("Modules");
+  QAccessibleInterface* row = QAccessible::queryAccessibleInterface(Gui::Find(Screen1(), "MenuSlice(1)"));
+  EXPECT_EQ(row->role(), QAccessible::MenuItem);
+  EXPECT_EQ(row->text(QAccessible::Name), "Module 1");
+}
+
+// The toolbar's items.
+class ToolbarTest : public MenusTest {
+ protected:
+  Form1& ReadOneOf(int courses) {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101rt0102");
+    if (courses > 1) store.AddCourse("Warehouse", "rt0102");
+    store.AddLearner("Ann", "Lee");
+    script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
+    if (!Start()) qFatal("the program did not start");
+    if (courses > 1) Choose(0);
+    PassSplash();
+    Gui::Settle();
+    return Screen1();
+  }
+  void Choose(int course) {
+    auto& choice = *FormLife::Active();
+    Gui::Find<ComboBox>(choice, "CourseList")->SetListIndex(course);
+    clock.Advance(100);
+    Gui::Click(choice, "BeginCourse");
+  }
+};
+
+TEST_F(ToolbarTest, HasSevenItemsBeneathItsButton) {
+  Form1& screen = ReadOneOf(2);
+  Click("toolBar_But");
+  EXPECT_EQ(PlaceOf("Main_Tool_frm"), QRect(692, 48, 249, 255));
+  QStringList texts;
+  for (int row = 0; row < 7; ++row)
+    texts.append(Gui::Find<Label>(screen, QStringLiteral("Label3(%1)").arg(row))->Caption());
+  EXPECT_EQ(texts, QStringList({"Print page", "Check progress", "Repository", "Glossary", "Edit profile",
+                                "Change course", "About this course"}));
+  Point("toolBar_Slice(5)");
+  EXPECT_EQ(Lit("toolBar_Slice", 7), QStringList{"toolBar_Slice(5)"});
+}
+
+TEST_F(ToolbarTest, WithOneCourseThereIsNoneToChangeTo) {
+  ReadOneOf(1);
+  Click("toolBar_But");
+  Point("toolBar_Slice(4)");
+  Point("toolBar_Slice(5)");
+  Click("toolBar_Slice(5)");
+  EXPECT_TRUE(Visible("Main_Tool_frm"));
+  EXPECT_EQ(LookOf("toolBar_Slice(5)"), Look::Disabled);
+  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label3(5)")->ForeColor(), 0x808080);
+  EXPECT_EQ(Lit("toolBar_Slice", 7), QStringList{"toolBar_Slice(4)"});
+  Key(Qt::Key_Down);  // steps over it
+  EXPECT_EQ(Lit("toolBar_Slice", 7), QStringList{"toolBar_Slice(6)"});
+}
+
+TEST_F(ToolbarTest, TheProfileOpensFilled) {
+  ReadOneOf(1);
+  Click("toolBar_But");
+  script.When("ProfileBox", [](Form& form) {
+    EXPECT_EQ(Gui::Find<TextBox>(form, "LastNameField")->Text(), "Lee");
+    EXPECT_FALSE(Visible("Main_Tool_frm"));
+    Gui::Click(form, "CancelBut");
+  });
+  Click("toolBar_Slice(4)");
+  EXPECT_EQ(LoadedForm<ProfileBox>(), nullptr);
+}
+
+TEST_F(ToolbarTest, TheRepositoryIsNotForAllModules) {
+  ReadOneOf(2);
+  gAllModules = 1;
+  Click("toolBar_But");
+  Click("toolBar_Slice(2)");
+  EXPECT_EQ(messages.Take(), QStringList{"This option is not available while the Tallowmere Manager is in "
+                                         "ALL MODULES mode."});
+}
+
+TEST_F(ToolbarTest, AnotherCourseComesUpAndTheFirstOneGoesOnWhereItWasLeft) {
+  ReadOneOf(2);
+  Click("NextBtn");
+  const auto change = [this](int course) {
+    Click("toolBar_But");
+    Click("toolBar_Slice(5)");
+    ASSERT_EQ(FormLife::Active()->Name(), "CourseSelection");
+    Choose(course);
+    PassSplash();
+    Gui::Settle();
+  };
+  change(1);
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  Click("Modules");
+  EXPECT_EQ(PlaceOf("Main_Menu_frm").height(), 37);
+  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2(0)")->Caption(), "Goods");
+  change(0);
+  EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  Click("NextBtn");
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_TRUE(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0003.txm\""));
+}
+
+TEST_F(ToolbarTest, ACancelledChoiceLeadsBackToTheCourse) {
+  Form1& screen = ReadOneOf(2);
+  Click("toolBar_But");
+  Click("toolBar_Slice(5)");
+  Gui::Click(*FormLife::Active(), "Cancel");
+  EXPECT_EQ(FormLife::Active(), &screen);
+  Click("NextBtn");
+  EXPECT_EQ(PageText(), "rt0101 0002.txm");
+}
+
+TEST_F(MenusTest, TheSameScreenTakesTheRowsOfANewCourse) {
+  Form1& screen = Read(12, 3);
+  OpenTopicsOf(0);
+  gCourses.first().Modules.resize(2);
+  screen.InitNewCourse();
+  EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
+  EXPECT_EQ(screen.findChild<QWidget*>("MenuSlice(2)"), nullptr);
+  EXPECT_EQ(screen.findChild<QWidget*>("TopicSlice(1)"), nullptr);
+  OpenTopicsOf(1);
+  EXPECT_EQ(PlaceOf("Main_Menu_frm").height(), 74);
+  Click("TopicSlice(1)");
+  EXPECT_EQ(PageText(), "rt0001 0002.txm");
+}
+
+}  // namespace
