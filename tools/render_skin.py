@@ -27,6 +27,7 @@ def all_pictures():
         controls.scroll_arrows,
         backgrounds.dialogs,
         backgrounds.course_screen,
+        backgrounds.glossary,
         backgrounds.splash,
     )
     made = {}

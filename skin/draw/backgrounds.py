@@ -63,6 +63,40 @@ def standing_book(x, foot, width, height, fill, edge, lines):
     )
 
 
+def glossary():
+    """960 by 520: the header's 53 rows, a panel with three volumes at the left, the list's place at 160, 56."""
+    width, height, header, panel = 960, 520, 53, 144
+    shelf, top = height - 60, header + 3
+    volumes = (
+        (26, 132, (BLUE, NIGHT, LIGHT), WHITE, "A"),
+        (57, 148, (LIGHT, BLUE, BLUE), INK, "M"),
+        (88, 138, (BLUE, NIGHT, LIGHT), WHITE, "Z"),
+    )
+    books = []
+    for x, tall, colours, ink, letter in volumes:
+        books.append(standing_book(x, shelf, 30, tall, *colours))
+        books.append(
+            f'<text x="{x + 15}" y="{shelf - 60}" text-anchor="middle" font-family="Liberation Sans" '
+            f'font-weight="bold" font-size="20" fill="{ink}">{letter}</text>'
+        )
+    return {
+        "Glossary": picture(
+            width,
+            height,
+            box(0, 0, width, height, WHITE),
+            box(0, top, panel, height - top, "#F2F2FA"),
+            box(panel, top, 1, height - top, HAIRLINE),
+            grey_bar(width, header),
+            accent(width, header),
+            *books,
+            box(0, shelf, panel, 9, GREY),
+            box(0, shelf, panel, 1, GREY_TOP),
+            box(0, shelf + 8, panel, 1, "#7A7A7A"),
+            box(0, shelf + 9, panel, 3, "#E2E2EE"),
+        )
+    }
+
+
 def splash():
     """450 by 246: an open book and a row of books on a shop's shelf with price tags."""
     board, shade = 190, "#7A7A7A"

@@ -11,6 +11,7 @@
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
 #include "platform/richtext/TextControl.h"
+#include "reference/Glossary.h"
 #include "reference/Trademark.h"
 
 namespace {
@@ -187,6 +188,9 @@ bool Form1::Form_QueryUnload(UnloadMode mode) {
 }
 
 void Form1::Form_Unload() {
+  // Between two courses the glossary stays until the next one is read.
+  auto* glossary = LoadedForm<Glossary>();
+  if (glossary != nullptr && gExitingCourse) glossary->Unload();
   // Pages that run go on without the course screen, and the program ends behind them.
   auto* trademark = LoadedForm<Trademark>();
   if (trademark != nullptr && !trademark->Running()) trademark->Unload();

@@ -11,6 +11,7 @@
 #include "learners/ProfileBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
+#include "reference/Glossary.h"
 
 namespace {
 
@@ -113,8 +114,9 @@ void Toolbar::OpenRepository() {
   // The repository has no screen yet.
 }
 
-// The glossary has no screen yet.
-void Toolbar::OpenGlossary() {}
+void Toolbar::OpenGlossary() {
+  Default<Glossary>().Show(FormMode::Modal, &form_);
+}
 
 void Toolbar::EditProfile() {
   auto& box = Default<ProfileBox>();

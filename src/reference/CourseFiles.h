@@ -1,10 +1,11 @@
 // Where files about a course lie that are found by a name out of the catalogue. The about text, the
-// trademark pages and the attachments come from here.
+// trademark pages, the glossaries and the attachments come from here.
 #pragma once
 
 #include <QString>
 
 inline constexpr const char* kAboutFolder = "About";
+inline constexpr const char* kGlossaryFolder = "Glossary";
 inline constexpr const char* kRepositoryFolder = "Repository";
 
 // The real path of `name`, which may lead through folders, below a folder of the program folder. Empty

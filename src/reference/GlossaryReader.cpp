@@ -5,16 +5,16 @@
 #include "frame/ProgramState.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
+#include "reference/CourseFiles.h"
 
 namespace {
 
 constexpr QChar kLetterMark = u'^', kTermMark = u'%', kDefinitionMark = u'~';
 
-// Opens a glossary, if it is there. One that lies outside the program folder is not.
-std::optional<TextStream> Open_Glos_File(const QString& folder, const QString& name) {
-  const QString path = folder + name;
-  if (ContainedPath(path).isEmpty() || !FileExists(path)) return std::nullopt;
-  return TextStream(ReadProgramFile(path, kTextFileLimit), path);
+// Opens a glossary, if it is there. A real path that is empty leads out of where it belongs: it is not.
+std::optional<TextStream> Open_Glos_File(const QString& realPath) {
+  if (realPath.isEmpty() || !FileExists(realPath)) return std::nullopt;
+  return TextStream(ReadProgramFile(realPath, kTextFileLimit), realPath);
 }
 
 }  // namespace
@@ -78,6 +78,6 @@ void GlossaryReader::WriteDefinition() {
 
 std::optional<TextStream> OpenGlossary(const QString& courseName) {
   const QString ofCourse = QStringLiteral("Glossary %1.txt").arg(courseName);
-  if (auto stream = Open_Glos_File(gAppPath + QStringLiteral("\\Glossary\\"), ofCourse)) return stream;
-  return Open_Glos_File(gAppPath, QStringLiteral("\\Glossary.txt"));
+  if (auto stream = Open_Glos_File(CourseFile(kGlossaryFolder, ofCourse))) return stream;
+  return Open_Glos_File(ContainedPath(gAppPath + QStringLiteral("\\Glossary.txt")));
 }

@@ -8,6 +8,7 @@
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
+#include "reference/Glossary.h"
 #include "signin/Resume.h"
 #include "signin/UserLogin.h"
 #include "signin/Welcome.h"
@@ -30,6 +31,14 @@ bool GreetTheOnlyLearner(const QString& folder) {
     if (auto* welcome = LoadedForm<Welcome>()) welcome->Unload();
     return false;
   }
+}
+
+// The glossary of the course that was chosen, in the place of the one before. One that can't be read stays
+// empty.
+void ReadGlossary() {
+  if (auto* before = LoadedForm<Glossary>()) before->Unload();
+  IgnoreErrors([] { Default<Glossary>().GetGlosInfo(); });
+  IgnoreErrors([] { Default<Glossary>().GetPrintableGlosInfo(); });
 }
 
 }  // namespace
@@ -73,6 +82,7 @@ void SplashScreen::Form_Unload() {
   if (auto* selection = LoadedForm<CourseSelection>()) selection->Unload();
   const QStringList userNames = ListUsers();
   hourglass_.reset();
+  ReadGlossary();
   Default<Form1>().Show();
   Hide();  // the course screen need not cover the corner on a larger display
   if (!gUserFirstName.isEmpty()) {

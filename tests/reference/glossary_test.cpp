@@ -1,0 +1,342 @@
+// The glossary screen: filled when a course is chosen, browsed by mouse and keys, printed.
+#include "reference/Glossary.h"
+
+#include <QPrinter>
+#include <QWindow>
+
+#include "frame/ProgramState.h"
+#include "platform/forms/CharacterWidths.h"
+#include "platform/forms/PrintDialog.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/grid/FlexGrid.h"
+#include "reference/GlossaryLayout.h"
+#include "startup/CourseSelection.h"
+#include "support/Program.h"
+
+namespace {
+
+constexpr int kPlain = 0xFFFFFF, kHot = 0x000001, kHotText = 0xCCCCCC, kBar = 0xCCCCCC;
+
+// A group of each of the letters, with so many terms that the list has to scroll.
+QByteArray Groups(const char* letters, int terms = 6) {
+  QByteArray text;
+  for (const char* letter = letters; *letter != '\0'; ++letter) {
+    text += QByteArray("^") + *letter;
+    for (int term = 1; term <= terms; ++term)
+      text += QByteArray("%") + *letter + QByteArray::number(term) + "~Meaning.";
+  }
+  return text + "^Z";
+}
+
+class GlossaryTest : public ProgramTest {
+ protected:
+  GlossaryTest() {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101");
+  }
+  ~GlossaryTest() override { AnswerPrintDialogs({}); }
+
+  // The glossary of a learner who has chosen the course.
+  Glossary& Read(const QByteArray& common) {
+    store.Write("Glossary.txt", common);
+    ReadAs("Ann", "Lee");
+    return *LoadedForm<Glossary>();
+  }
+  Glossary& Open(const QByteArray& common) {
+    Glossary& form = Read(common);
+    form.Show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+    return form;
+  }
+
+  static FlexGrid& List(const Form& form) { return *Gui::Find<FlexGrid>(form, "MSFlexGrid1"); }
+  static FlexGrid& Strip(const Form& form) { return *Gui::Find<FlexGrid>(form, "MSFlexGrid2"); }
+  static QStringList Rows(const Form& form) {
+    QStringList rows;
+    for (int row = 0; row < List(form).Rows(); ++row)
+      rows << List(form).TextMatrix(row, 0) + u'|' + List(form).TextMatrix(row, 1);
+    return rows;
+  }
+  static QString Letters(const Form& form) {
+    QString letters;
+    for (int col = 0; col < Strip(form).Cols(); ++col)
+      letters += Strip(form).TextMatrix(0, col);
+    return letters;
+  }
+  // The letters of the strip that are not plain.
+  static QString Marked(const Form& form) {
+    QString marked;
+    FlexGrid& strip = Strip(form);
+    for (int col = 0; col < strip.Cols(); ++col) {
+      strip.SetCol(col);
+      if (strip.CellBackColor() == kPlain) continue;
+      EXPECT_EQ(strip.CellBackColor(), kHot);
+      EXPECT_EQ(strip.CellForeColor(), kHotText);
+      marked += strip.Text() + (strip.CellFontUnderline() ? "_" : "");
+    }
+    return marked;
+  }
+  static QPoint LetterPlace(const Form& form, int letter) {
+    const QPoint place(Screen::PixelsX((letter + 0.5) * 300), Strip(form).viewport()->height() / 2);
+    return Strip(form).viewport()->mapTo(&form, place);
+  }
+  static void ClickLetter(const Form& form, int letter) {
+    Gui::MoveTo(form, LetterPlace(form, letter));
+    QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, LetterPlace(form, letter));
+  }
+  static QString TopTerm(const Form& form) { return List(form).TextMatrix(List(form).TopRow(), 0); }
+};
+
+TEST_F(GlossaryTest, IsFilledWhenTheCourseIsChosen) {
+  Glossary& form = Read("^A%Audit~To check.%Ask\tnow~B^B%Box~A case.^Z");
+  EXPECT_FALSE(form.Shown());
+  // "B" is a definition of one character; what stands behind a tab has moved out of the list.
+  EXPECT_EQ(Rows(form), (QStringList{"|", "A|", "|", " |Audit", "|To check.", "|", " |Ask", "|", "B|", "|",
+                                     " |Box", "|A case.", "|", "Z|"}));
+  EXPECT_EQ(Letters(form), "ABZ");
+  FlexGrid& list = List(form);
+  for (const int row : {1, 3, 4}) {
+    list.SetRow(row);
+    for (const int col : {0, 1}) {
+      list.SetCol(col);
+      const bool bar = row == 1;
+      EXPECT_EQ(list.CellBackColor(), bar ? kBar : kPlain);
+      EXPECT_EQ(list.CellFontBold(), (bar && col == 0) || (row == 3 && col == 1));
+      EXPECT_EQ(list.CellFontSize(), bar && col == 0 ? 10 : 9);
+    }
+  }
+  EXPECT_EQ(list.CellAlignment(), 2);
+
+  EXPECT_EQ(form.Document().Text(), "A\n\nAudit.  To check.\n\nAsk\tnow.  B\n\nB\n\nBox.  A case.\n\nZ\n\n");
+  const PieceLook letter = form.Document().LookAt(0), term = form.Document().LookAt(3),
+                  stop = form.Document().LookAt(8), definition = form.Document().LookAt(11);
+  EXPECT_TRUE(letter.Bold && letter.Points == 12 && letter.Colour == 0xC000C0);
+  EXPECT_TRUE(term.Bold && stop.Bold && !term.Points && !term.Colour);
+  EXPECT_TRUE(!definition.Bold && !definition.Points && !definition.Colour);
+}
+
+TEST_F(GlossaryTest, ADefinitionFillsItsRowsUpToTheColumn) {
+  const QByteArray words = QByteArray("every week the till is counted and ").repeated(20);
+  Glossary& form = Read("^A%T~" + words + "%U~" + QByteArray(300, 'm') + "^Z");
+  QFont font("Arial");
+  font.setPointSizeF(9);
+  CharacterWidths widths(font);
+  int broken = 0, cut = 0;
+  QString all;
+  for (const QString& row : Rows(form)) {
+    const QString text = row.mid(1).chopped(row.endsWith("\r\n") ? 2 : 0);
+    all += text + (row.endsWith("\r\n") ? " " : "");
+    double width = 0;
+    for (const QChar character : text)
+      width += widths.Of(character.unicode());
+    if (row.endsWith("\r\n")) {
+      ++broken;
+      EXPECT_GT(width, GlossaryLayout::Fitted(9000));
+      EXPECT_LT(width, GlossaryLayout::Fitted(10000));
+    } else if (width >= GlossaryLayout::Fitted(10000)) {
+      ++cut;
+      EXPECT_LT(width - widths.Of(U'm'), GlossaryLayout::Fitted(10000));
+    }
+  }
+  EXPECT_GT(broken, 3);
+  EXPECT_GT(cut, 2);
+  EXPECT_TRUE(all.contains(QString(words).trimmed()));
+}
+
+TEST_F(GlossaryTest, AClickBringsALetterToTheTopAndScrollingClearsItsMark) {
+  Glossary& form = Open(Groups("ABCD"));
+  ClickLetter(form, 3);
+  EXPECT_EQ(TopTerm(form), "D");
+  EXPECT_EQ(Marked(form), "D_");
+  ClickLetter(form, 1);
+  EXPECT_EQ(TopTerm(form), "B");
+  EXPECT_EQ(Marked(form), "B_");
+  Gui::MoveTo(form, "MSFlexGrid1");  // the mouse has been over it: it goes plain
+  EXPECT_EQ(Marked(form), "");
+  ClickLetter(form, 2);
+  List(form).SetTopRow(List(form).TopRow() - 1);
+  EXPECT_EQ(Marked(form), "");
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(GlossaryTest, TheLetterUnderTheMouseIsLitAndNoOther) {
+  Glossary& form = Open(Groups("ABCD"));
+  Gui::MoveTo(form, LetterPlace(form, 1));
+  EXPECT_EQ(Marked(form), "B_");
+  EXPECT_EQ(Strip(form).cursor().shape(), Qt::PointingHandCursor);
+  Gui::MoveTo(form, LetterPlace(form, 2));
+  EXPECT_EQ(Marked(form), "C_");
+  Gui::MoveTo(form, LetterPlace(form, 5));  // beside the letters
+  EXPECT_EQ(Marked(form), "");
+  Gui::Key(form, Qt::Key_D);  // selected without the mouse
+  EXPECT_EQ(Marked(form), "D");
+  Gui::MoveTo(form, LetterPlace(form, 0));
+  EXPECT_EQ(Marked(form), "A_D");
+  Gui::MoveTo(form, LetterPlace(form, 3));
+  Gui::MoveTo(form, QPoint(4, 200));
+  EXPECT_EQ(Marked(form), "");  // the mouse passing over the selected letter has cleared it
+}
+
+TEST_F(GlossaryTest, AClickBesideTheLettersIsAnErrorUpToThe26th) {
+  Glossary& form = Open(Groups("AB"));
+  ClickLetter(form, 3);
+  EXPECT_EQ(messages.Take(), QStringList{"The glossary has no letter number 4."});
+  ClickLetter(form, 26);
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(GlossaryTest, LettersBehindThe26thTakeNoMouse) {
+  Glossary& form = Open(Groups("ABCDEFGHIJKLMNOPQRSTUVWXY01"));
+  EXPECT_EQ(Letters(form).size(), 28);
+  ClickLetter(form, 26);
+  EXPECT_EQ(Marked(form), "");
+  ClickLetter(form, 25);
+  EXPECT_EQ(TopTerm(form), "0");
+}
+
+TEST_F(GlossaryTest, KeysFindALetterAndWorkTheButtons) {
+  Glossary& form = Open(Groups("ABCD"));
+  EXPECT_TRUE(Strip(form).HasFocus());
+  const struct {
+    Qt::Key Key;
+    const char* Letter;
+  } keys[] = {{Qt::Key_Right, "A"}, {Qt::Key_Right, "B"}, {Qt::Key_C, "C"},    {Qt::Key_Left, "B"},
+              {Qt::Key_End, "Z"},   {Qt::Key_Right, "Z"}, {Qt::Key_Home, "A"}, {Qt::Key_Left, "A"}};
+  for (const auto& key : keys) {
+    Gui::Key(form, key.Key);
+    EXPECT_EQ(Marked(form), key.Letter);
+  }
+  Gui::Key(form, Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(Marked(form), "A");
+  Gui::Key(form, Qt::Key_Tab);
+  EXPECT_TRUE(List(form).HasFocus());
+  Gui::Key(form, Qt::Key_PageDown);
+  Gui::Key(form, Qt::Key_PageDown);
+  EXPECT_GT(List(form).TopRow(), 0);
+  EXPECT_EQ(Marked(form), "");
+  Gui::Key(form, Qt::Key_Return);  // no button has the focus
+  Gui::Key(form, Qt::Key_Escape);
+  EXPECT_TRUE(form.Shown());
+  Gui::Key(form, Qt::Key_Tab);
+  Gui::Key(form, Qt::Key_Tab);
+  EXPECT_EQ(Gui::Find<SkinButton>(form, "Glos_Close")->Shown(), SkinButton::Look::On);
+  EXPECT_EQ(Gui::Find<SkinButton>(form, "Glos_Print")->Shown(), SkinButton::Look::Off);
+  Gui::Key(form, Qt::Key_Return);
+  EXPECT_FALSE(form.Shown());
+  EXPECT_EQ(LoadedForm<Glossary>(), &form);
+  EXPECT_EQ(form.focusWidget(), &Strip(form));
+}
+
+TEST_F(GlossaryTest, TheToolbarOpensItOverTheCourse) {
+  Read(Groups("AB"));
+  script.When("Glossary", [](Form& form) {
+    EXPECT_EQ(form.windowHandle()->transientParent(), Default<Form1>().windowHandle());
+    EXPECT_TRUE(form.isModal());
+    EXPECT_EQ(Letters(form), "ABZ");
+    Gui::Click(form, "Glos_Close");
+  });
+  Gui::Click(Default<Form1>(), "toolBar_But");
+  Gui::Click(Default<Form1>(), "toolBar_Slice(3)");
+  EXPECT_FALSE(LoadedForm<Glossary>()->Shown());
+}
+
+TEST_F(GlossaryTest, CloseAndTheCloseBoxKeepTheGlossary) {
+  Glossary& form = Open(Groups("AB"));
+  Gui::Click(form, "Glos_Close");
+  EXPECT_FALSE(form.Shown());
+  form.Show();
+  form.close();
+  EXPECT_FALSE(form.Shown());
+  form.Show();
+  EXPECT_EQ(Letters(form), "ABZ");
+  form.Hide();
+  messages.Answer({MsgAnswer::Yes});
+  Default<Form1>().close();
+  EXPECT_EQ(quits, 1);  // hidden, it does not keep the program
+}
+
+TEST_F(GlossaryTest, PrintsThePagesThatWereChosen) {
+  Glossary& form = Open(Groups("ABCDEFGHIJ", 12));
+  const int pages = form.Document().PageCount();
+  ASSERT_GT(pages, 3);
+  const QString file = store.PathBeside("printed.pdf");
+  AnswerPrintDialogs([&](QPrinter& printer, PrintDialog& dialog) {
+    EXPECT_TRUE(dialog.Copies == 1 && dialog.FromPage == 1 && dialog.ToPage == pages && dialog.Min == 1 &&
+                dialog.Max == pages && dialog.Flags == 0x100004);
+    printer.setOutputFileName(file);
+    dialog.FromPage = 2;
+    dialog.ToPage = 3;
+    return true;
+  });
+  Gui::Click(form, "Glos_Print");
+  const QByteArray printed = store.Read(file);
+  EXPECT_TRUE(printed.contains("/Count 2"));
+  EXPECT_TRUE(printed.contains(QByteArray("\0G\0l\0o\0s\0s\0a\0r\0y\0 \0P\0r\0i\0n\0t\0 \0J\0o\0b", 35)));
+}
+
+TEST_F(GlossaryTest, ACancelledOrFailedPrintIsQuiet) {
+  Glossary& form = Open(Groups("AB"));
+  for (const bool accepted : {false, true}) {
+    AnswerPrintDialogs([&](QPrinter& printer, PrintDialog&) {
+      printer.setOutputFileName(store.PathBeside("no/such/folder/printed.pdf"));
+      return accepted;
+    });
+    Gui::MoveTo(form, "Glos_Print");
+    Gui::Key(form, Qt::Key_Return);
+    EXPECT_EQ(messages.Take(), QStringList());
+    EXPECT_TRUE(form.Shown());
+  }
+}
+
+TEST_F(GlossaryTest, WithoutAFileOrWithOneThatCannotBeReadItIsEmpty) {
+  store.Write("Glossary.txt", {});
+  ASSERT_TRUE(QFile(store.Path("Glossary.txt")).resize(17 * 1024 * 1024));
+  for (const bool there : {true, false}) {
+    if (!there) QFile::remove(store.Path("Glossary.txt"));
+    OneCopyAgain();
+    ReadAs("Ann", "Lee");
+    Glossary& form = *LoadedForm<Glossary>();
+    form.Show();
+    EXPECT_EQ(Rows(form), QStringList{"|"});
+    EXPECT_EQ(Letters(form), "");
+    EXPECT_EQ(form.Document().Text(), "");
+    Gui::Key(form, Qt::Key_Right);
+    Gui::MoveTo(form, LetterPlace(form, 0));
+    EXPECT_EQ(messages.Take(), QStringList());
+  }
+}
+
+TEST_F(GlossaryTest, ALargeOneIsReadInPartsAndWholeWhenItShows) {
+  Glossary& form = Read(Groups("ABCDEFGHIJ", 1000));
+  const int first = List(form).Rows();
+  EXPECT_LT(first, 30000);
+  clock.Advance(20);
+  EXPECT_GT(List(form).Rows(), first);
+  form.Show();
+  EXPECT_EQ(List(form).Rows(), 10 * (2 + 1000 * 3) + 2);
+  EXPECT_EQ(Letters(form), "ABCDEFGHIJZ");
+  EXPECT_EQ(form.Document().Text().count("Meaning."), 10000);
+}
+
+TEST_F(GlossaryTest, AnotherCourseBringsItsOwn) {
+  store.AddCourse("Goods", "rt0102");
+  store.Write("Glossary/Glossary Goods.txt", "^G%Gap~An empty place.^Z");
+  store.Write("Glossary.txt", Groups("AB"));
+  store.AddLearner("Ann", "Lee");
+  const auto choose = [this](int course) {
+    auto& choice = Default<CourseSelection>();
+    Gui::Find<ComboBox>(choice, "CourseList")->SetListIndex(course);
+    clock.Advance(100);
+    Gui::Click(choice, "BeginCourse");
+    PassSplash();
+  };
+  script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
+  ASSERT_TRUE(Start());
+  choose(0);
+  EXPECT_EQ(Letters(*LoadedForm<Glossary>()), "ABZ");
+  Default<CourseSelection>();
+  choose(1);
+  EXPECT_EQ(Letters(*LoadedForm<Glossary>()), "GZ");
+}
+
+}  // namespace
