@@ -14,6 +14,7 @@ from pathlib import Path
 from program_run import COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, REGISTER, SPLASH
 from store_files import USER_DATA, read_courses
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
+from visit_glossary import look_up_a_word
 
 COURSE = "Cash desk and customers"
 LEARNER = ("Ida", "Lindqvist", "ida@example.com")
@@ -136,6 +137,7 @@ class Visit:
         self.register()
         last = self.read_to_the_end()
         self.go_back_and_return()
+        look_up_a_word(self)
         self.leave("09-exit-question")
         wait_for(lambda: program.poll() is not None, "the end of the program")
         self.check("the program ends well", program.returncode == 0)
