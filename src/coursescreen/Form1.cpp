@@ -91,6 +91,7 @@ Form1::Form1()
              {picture2_, modules_, toolBar_But_, exit_Pic_, return_Btn_, prev_, nextBtn_, label1_,
               courseNameLbl_, txTextControl1_},
              pages_, hover_),
+      links_(*this, *txTextControl1_, pages_),
       keyboard_(*this, *nextBtn_, *prev_, *return_Btn_) {
   SetSize(Layout::Picture2.Width, Layout::Picture2.Height);
   txTextControl1_->Move(Layout::TXTextControl1);

@@ -5,6 +5,7 @@
 #include "coursescreen/Hover.h"
 #include "coursescreen/Keyboard.h"
 #include "coursescreen/Menus.h"
+#include "coursescreen/PageLinks.h"
 #include "coursescreen/PageTurning.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/SkinButton.h"
@@ -56,6 +57,7 @@ class Form1 final : public Form {
   PageTurning pages_;
   Hover hover_;
   Menus menus_;
+  PageLinks links_;
   Keyboard keyboard_;
   Timer timer1_{this, QStringLiteral("Timer1")};
 };

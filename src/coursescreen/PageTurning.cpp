@@ -17,7 +17,6 @@ using Look = SkinButton::Look;
 
 constexpr int kLeadIn = 30;  // bytes before the page in a page file
 constexpr int kPageFormat = 3;
-constexpr int kListLoad = 37, kShowPages = 38;  // load options
 
 void ReadMap(int module) {
   gPageList.InitLinedList();
@@ -52,7 +51,7 @@ void PageTurning::InitCourseDisplay() {
   ClearReturnStack();
   Disable(controls_.Return_Btn);
   controls_.Page->SetProperty2(true);
-  controls_.Page->LoadOption(kShowPages, true);
+  controls_.Page->LoadOption(TextControl::kShowPages, true);
   if (!IgnoreErrors([this] { OpenFirstModule(); })) {
     gCurrentModule = 0;
     OpenFirstModule();
@@ -76,7 +75,7 @@ QString PageTurning::OpenModule(int module, const std::function<void()>& chooseP
   ReadMap(module);
   choosePage();
   const QString pageName = gPageList.GetCurrentPageName();
-  controls_.Page->LoadOption(kListLoad, true);
+  controls_.Page->LoadOption(TextControl::kListLoad, true);
   ShowPage(module, pageName);
   return pageName;
 }
@@ -193,6 +192,10 @@ bool PageTurning::StepBack() {
 void PageTurning::Jump(int module, const std::function<void()>& load) {
   ModuleAt(module);
   LeaveReturnPoint();
+  Arrive(module, load);
+}
+
+void PageTurning::Arrive(int module, const std::function<void()>& load) {
   gCurrentModule = module;
   gPageList.CleanUp();
   load();
@@ -206,6 +209,15 @@ void PageTurning::JumpToModule(int module) {
 
 void PageTurning::JumpToTopic(int module, const QString& topicName) {
   Jump(module, [&] { LoadModuleAtTopic(module, topicName); });
+}
+
+void PageTurning::JumpByLink(int module, const QString& pageName) {
+  ModuleAt(module);
+  Enable(controls_.Return_Btn, Look::Off);
+  Arrive(module, [&] {
+    gReturnPoint.PageName =
+        pageName.isEmpty() ? LoadModuleFirstPage(module) : LoadModuleAtPage(module, pageName);
+  });
 }
 
 void PageTurning::ReturnToPreviousPlace() {

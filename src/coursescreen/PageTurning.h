@@ -47,6 +47,9 @@ class PageTurning {
   void JumpToModule(int module);
   // The topic is found by its name.
   void JumpToTopic(int module, const QString& topicName);
+  // The jump of a page's link, whose return point was pushed before its module was looked for. With an
+  // empty name the module's first page. PageName of gReturnPoint is the page shown then.
+  void JumpByLink(int module, const QString& pageName);
   // Pops the last place left and goes there; leaves no return point itself. Does nothing when there is
   // none.
   void ReturnToPreviousPlace();
@@ -66,6 +69,7 @@ class PageTurning {
   void OpenFirstModule();
   void LeaveReturnPoint();
   void Jump(int module, const std::function<void()>& load);
+  void Arrive(int module, const std::function<void()>& load);
   QString OpenModule(int module, const std::function<void()>& choosePage);
   QString LoadModule(int module, const std::function<void()>& choosePage);
   void ShowPage(int module, const QString& pageName);

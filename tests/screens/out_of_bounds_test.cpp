@@ -352,6 +352,65 @@ TEST_F(OutOfBoundsCourse, AFileNamedWithItsPlaceIsLoadedFromTheProgramFolderOnly
   EXPECT_EQ(PageText(), "near");
 }
 
+// With the real opener, behind which stands a program that shows that it ran.
+TEST_F(OutOfBoundsCourse, ALinkOpensAndShowsNothingOutside) {
+  AddTwoModules();
+  store.AddCourse("Cash desk", "rt0101rt0102", "1");
+  store.Write("Repository/1/near.txt", "x");
+  Link(outside.Folder() + "/page.htm", "Repository/1/link.txt");
+  Link("link.txt", "Repository/1/chain.txt");
+  Link(outside.Folder() + "/nothing", "Repository/1/dangling.txt");
+  Link(outside.Folder(), "Repository/1/Hidden");
+  mkfifo(QFile::encodeName(store.Path("Repository/1/fifo.txt")).constData(), 0600);
+  store.Write("../bin/xdg-open", "#!/bin/sh\n: > '" + QFile::encodeName(store.PathBeside("ran")) + "'\n");
+  QFile::setPermissions(store.PathBeside("bin/xdg-open"), QFile::ReadOwner | QFile::ExeOwner);
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", QFile::encodeName(store.PathBeside("bin")));
+  TextControl* page = Gui::Find<TextControl>(ReadAs("Ann", "Lee"), "TXTextControl1");
+  const QString file = outside.Folder() + "/page.htm";
+  const QStringList targets = {
+      "..\\..\\..\\out\\page.htm",
+      "../../../OUT/page.htm",
+      "..\\Hidden\\page.htm",
+      "page.htm",
+      "link.txt",
+      "chain.txt",
+      "dangling.txt",
+      "fifo.txt",
+      "",
+      "..",
+      file,
+      "file://" + file,
+      "https://www.example.com",
+      "mailto:x@example.com",
+      "javascript:x",
+      "-h",
+      "..\\..\\..\\bin\\xdg-open",
+      "..\\..\\..\\..\\..\\..\\..\\etc\\passwd",
+      "near.txt" + kNul,
+      kNul + file,
+      "..∕..∕..∕out∕page.htm",
+      QString("../").repeated(1500) + file,
+      QString(5000, u'n'),
+      file + ".txm",
+      file + "#x.txm",
+      "../out/0001.txm#x",
+      "..\\out\\0001.txm#x",
+      "../out\\0001.txm_",
+      "#.txm",
+  };
+  for (const QString& target : targets) {
+    page->LinkClicked.Raise(1, 1, target);
+    EXPECT_EQ(messages.Take().size(), 1) << target.left(80).toStdString();
+    EXPECT_FALSE(QFile::exists(store.PathBeside("ran"))) << target.left(80).toStdString();
+    EXPECT_EQ(PageText(), "rt0101 0001.txm");
+    ExpectUntouched(target);
+  }
+  page->LinkClicked.Raise(1, 1, "near.txt");
+  EXPECT_TRUE(QFile::exists(store.PathBeside("ran")));
+  qputenv("PATH", path);
+}
+
 TEST_F(OutOfBoundsCourse, ACodePageIsATableOfTheSystemAndNoFile) {
   store.Write("codepage.cnv", "x");
   const QStringList codePages = {

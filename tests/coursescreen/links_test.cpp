@@ -1,0 +1,204 @@
+// The links of a page: where each kind of target leads, and the way back.
+#include <QScrollBar>
+#include <QTextDocument>
+
+#include "frame/ProgramState.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/richtext/TextControl.h"
+#include "support/Opened.h"
+#include "support/Program.h"
+
+namespace {
+
+using Look = SkinButton::Look;
+
+const QString kSurvey = "Tallowmere Global Studies Web site then click Survey";
+const QString kSkip = "Skip the Course navigation module and begin the course.";
+const QString kNotInAllModules =
+    "This option is not available while the Tallowmere Manager is in ALL MODULES mode.";
+const QString kNotInstalled = "Link points to a module not currently installed.";
+
+class LinksTest : public ProgramTest {
+ protected:
+  LinksTest() {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101rt0102", "7");
+    store.Write("Repository/7/list.txt", "x");
+    store.Write("Repository/7/Hidden/Extra List.txt", "x");
+  }
+
+  // The first page of the course is one link.
+  void WriteLink(const QString& instruction, const QString& text) const {
+    store.Write("rt0101/0001.txm", Page(instruction, text));
+  }
+  static QByteArray Page(QString instruction, const QString& text) {
+    instruction.replace("\\", "\\\\");
+    return PageFile("{\\field{\\*\\fldinst HYPERLINK " + instruction + "}{\\fldrslt " + text + "}}");
+  }
+  static TextControl& PageView() { return *Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1"); }
+  static void ClickOn(const QString& text) {
+    const TextControl& page = PageView();
+    QTextCursor cursor = page.document()->find(text);
+    ASSERT_FALSE(cursor.isNull()) << text.toStdString();
+    cursor.setPosition(cursor.selectionStart() + 1);
+    const Form1& screen = Default<Form1>();
+    const QPoint place = page.viewport()->mapTo(&screen, page.cursorRect(cursor).center());
+    QTest::mouseClick(screen.windowHandle(), Qt::LeftButton, {}, place);
+    Gui::Settle();
+  }
+  static Look LookOf(const char* name) { return Gui::Find<SkinButton>(Default<Form1>(), name)->Shown(); }
+  static bool Minimised() { return Default<Form1>().isMinimized(); }
+
+  // Reads the course again from its first page.
+  void Read() {
+    ReadAs("Ann", "Lee").InitNewCourse();
+    gAllModules = 0;
+  }
+
+  Opened opened;
+};
+
+TEST_F(LinksTest, ATargetSaysByItsFormWhatIsOpened) {
+  const QString repository = "open " + store.Path() + "\\Repository\\7";
+  const struct {
+    QString Target, Opened;
+    bool Minimises;
+  } rows[] = {
+      {"http://www.example.com/a", "Open http://www.example.com/a (1)", true},
+      {"HTTP://www.Example.com/A  ", "Open http://www.example.com/a (1)", true},
+      {"http://example.com/x.txm", "Open http://example.com/x.txm (1)", true},
+      {"www.example.com", "Open www.example.com (1)", true},
+      {"w3.example.com", "Open w3.example.com (1)", true},
+      {"ftp://example.com", "Open ftp://example.com (1)", true},
+      {"gopher://example.com", "Open gopher://example.com (1)", true},
+      {"List.TXT ", repository + "\\list.txt (5)", false},
+      {"Extra List.txt", repository + "\\Hidden\\extra list.txt (5)", false},
+      {"none.txt", repository + "\\Hidden\\none.txt (5)", false},
+      {"setup.exe", repository + "\\Hidden\\setup.exe (0)", false},
+  };
+  Read();
+  Form1& screen = Default<Form1>();
+  for (const auto& row : rows) {
+    WriteLink('"' + row.Target + '"', "the link");
+    screen.InitNewCourse();
+    ClickOn("the link");
+    EXPECT_EQ(opened.Take(), QStringList(row.Opened)) << row.Target.toStdString();
+    EXPECT_EQ(Minimised(), row.Minimises) << row.Target.toStdString();
+    screen.showNormal();
+    EXPECT_EQ(PageText(), "the link");
+    EXPECT_TRUE(gReturnStack.isEmpty());
+  }
+  EXPECT_EQ(messages.Take(), QStringList());
+  opened.Result = ShellResult::kNoFolder;
+  ClickOn("the link");
+  EXPECT_EQ(messages.Take(), QStringList("Repository path not found.  Repository may not be installed."));
+}
+
+TEST_F(LinksTest, TheSurveyAndTheDocumentsNeedACourseThatIsWhole) {
+  Read();
+  const struct {
+    QString Target, Text;
+    bool AllModules, AllInstalled;
+    QString Message;
+  } rows[] = {
+      {"http://example.com", kSurvey, false, true, {}},
+      {"http://example.com", kSurvey, true, true, kNotInAllModules},
+      {"http://example.com", kSurvey, false, false,
+       "You must have all of the modules to take the course survey.  You may not have all modules installed "
+       "on "
+       "your system."},
+      {"http://example.com", kSurvey + "s", true, false, {}},
+      {"list.txt", "a list", true, true, kNotInAllModules},
+      {"list.txt", "a list", false, false, {}},
+  };
+  for (const auto& row : rows) {
+    WriteLink('"' + row.Target + '"', row.Text);
+    Default<Form1>().InitNewCourse();
+    gAllModules = row.AllModules ? 1 : 0;
+    gCourses[gCurrentCourse].AllInstalled = row.AllInstalled;
+    ClickOn(row.Text.left(10));
+    EXPECT_EQ(messages.Take().value(0), row.Message);
+    EXPECT_EQ(opened.Take().size(), row.Message.isEmpty() ? 1 : 0) << row.Text.toStdString();
+    Default<Form1>().showNormal();
+  }
+}
+
+TEST_F(LinksTest, APageOfAnotherModuleIsShownAndLeftAgain) {
+  WriteLink("\"RT0102\\0002.txm_\"", "to the goods");
+  Read();
+  EXPECT_EQ(LookOf("Return_Btn"), Look::Disabled);
+  ClickOn("to the goods");
+  EXPECT_EQ(PageText(), "rt0102 0002.txm");
+  EXPECT_EQ(LookOf("Return_Btn"), Look::Off);
+  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
+  EXPECT_EQ(gReturnPoint.PageName, "0002.txm");
+  EXPECT_TRUE(Progress("Ann Lee", "Cash desk").contains("\"rt0102\",\"_Returns_\""));  // it has its line
+  Gui::Click(Default<Form1>(), "Return_Btn");
+  EXPECT_EQ(PageText(), "to the goods");
+  EXPECT_EQ(LookOf("Return_Btn"), Look::Disabled);
+  EXPECT_EQ(LookOf("Prev"), Look::Disabled);
+}
+
+TEST_F(LinksTest, ATargetThatIsNoPageOfTheCourseIsToldAndLeavesAReturnPoint) {
+  Read();
+  Form1& screen = Default<Form1>();
+  for (const char* target : {"rt0109\\0001.txm_", "rt0102\\0001.txm", "rt0102\\00001.txm_", ".txm", "#.txm",
+                             "rt0102\\0001.txm__"}) {
+    WriteLink('"' + QLatin1String(target) + '"', "nowhere");
+    screen.InitNewCourse();
+    ClickOn("nowhere");
+    EXPECT_EQ(messages.Take(), QStringList(kNotInstalled)) << target;
+    EXPECT_EQ(PageText(), "nowhere");
+    ASSERT_EQ(gReturnStack.size(), 1) << target;
+  }
+  screen.NextPage();
+  Gui::Click(screen, "Return_Btn");
+  EXPECT_EQ(PageText(), "nowhere");
+  Gui::Click(screen, "Return_Btn");
+  EXPECT_EQ(PageText(), "nowhere");
+  EXPECT_EQ(LookOf("Return_Btn"), Look::Disabled);
+}
+
+TEST_F(LinksTest, TheSkipLinkIsKnownByItsWordsAndRunsOutAtTheLastModule) {
+  WriteLink("\"rt9999\\0009.txm_\"", kSkip);
+  store.Write("rt0102/0002.txm", Page("\"x.txm\"", kSkip));
+  Read();
+  ClickOn("Skip the Course");
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_EQ(gReturnPoint.PageName, "0001.txm");
+  Default<Form1>().NextPage();
+  ClickOn("Skip the Course");
+  EXPECT_EQ(messages.Take(), QStringList("The course \"Cash desk\" has no module number 2."));
+  EXPECT_EQ(PageText(), kSkip);
+}
+
+TEST_F(LinksTest, APlaceIsShownOnThisPageOrInAFileAndIsNoJump) {
+  const QByteArray lines = QByteArray("line\\par ").repeated(200);
+  store.Write("handbook.txm",
+              "{\\rtf1 start\\par " + lines + "{\\*\\bkmkstart Fire}on fire\\par " + lines + "}");
+  WriteLink("\"Handbook.txm\" \\l \"Fire\"", "the handbook");
+  store.Write("rt0101/0002.txm",
+              PageFile("{\\field{\\*\\fldinst HYPERLINK \\\\l \"Down\"}{\\fldrslt further}}\\par " + lines +
+                       "{\\*\\bkmkstart down}deep\\par " + lines));
+  Read();
+  Form1& screen = Default<Form1>();
+  ClickOn("handbook");
+  EXPECT_TRUE(PageText().startsWith("start"));
+  EXPECT_GT(PageView().verticalScrollBar()->value(), 0);
+  EXPECT_TRUE(gReturnStack.isEmpty());
+  screen.NextPage();  // from the page before
+  ClickOn("further");
+  EXPECT_GT(PageView().verticalScrollBar()->value(), 0);
+  EXPECT_EQ(gReturnStack.size(), 1);
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(LinksTest, AFileThatIsMissingIsToldAndThePageStays) {
+  WriteLink("\"none.txm#x\"", "the handbook");
+  Read();
+  ClickOn("handbook");
+  EXPECT_TRUE(messages.Take().value(0).contains("none.txm"));
+  EXPECT_EQ(PageText(), "the handbook");
+}
+
+}  // namespace
