@@ -137,6 +137,7 @@ void Form1::Form_Load() {
 void Form1::SetToolCaptions() {
   modules_->SetCaption(LoadStringResource(kResModules));
   toolBar_But_->SetCaption(LoadStringResource(kResToolbar));
+  txTextControl1_->SetAccessibleName(LoadStringResource(kResPage));
   exit_Pic_->SetAccessibleName(LoadStringResource(kResExitCourse));
   min_btn_->SetAccessibleName(LoadStringResource(kResMinimize));
   prev_->SetAccessibleName(LoadStringResource(kResPreviousPage));

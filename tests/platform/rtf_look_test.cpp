@@ -327,14 +327,14 @@ const LinkRow kLinks[] = {
 INSTANTIATE_TEST_SUITE_P(All, RtfLinks, ::testing::ValuesIn(kLinks),
                          [](const auto& row) { return std::string(row.param.What); });
 
-TEST(RtfLinks, AreBlueUnlessTheAuthorColouredThem) {
+TEST(RtfLinks, AreUnderlinedAndBlueUnlessTheAuthorColouredThem) {
   const RichPage page = ReadBody(
       "{\\field{\\*\\fldinst HYPERLINK a}{\\fldrslt plain}}{\\field{\\*\\fldinst HYPERLINK b}{\\fldrslt\\cf1 "
       "red}}");
   EXPECT_EQ(FormatOf(page, "plain").foreground().color(), QColor(Qt::blue));
   EXPECT_EQ(FormatOf(page, "plain").underlineStyle(), QTextCharFormat::SingleUnderline);
   EXPECT_EQ(FormatOf(page, "red").foreground().color(), QColor(255, 0, 0));
-  EXPECT_EQ(FormatOf(page, "red").underlineStyle(), QTextCharFormat::NoUnderline);
+  EXPECT_EQ(FormatOf(page, "red").underlineStyle(), QTextCharFormat::SingleUnderline);
 }
 
 TEST(RtfPlaces, AreFoundByNameInAnyCase) {

@@ -1,9 +1,11 @@
 // The page view, on a real form, with real clicks and keys.
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QScrollBar>
 
 #include "platform/forms/Screen.h"
+#include "platform/forms/TextBox.h"
 #include "platform/richtext/TextControl.h"
 #include "platform/rtf_pages.h"
 #include "support/Gui.h"
@@ -110,7 +112,7 @@ TEST_F(TextControlTest, ShowsTheHandOverLinksOnly) {
   QTest::mouseMove(form_.windowHandle(), PlaceOf("next"));
   EXPECT_EQ(Page().viewport()->cursor().shape(), Qt::PointingHandCursor);
   QTest::mouseMove(form_.windowHandle(), PlaceOf("Go to"));
-  EXPECT_NE(Page().viewport()->cursor().shape(), Qt::PointingHandCursor);
+  EXPECT_EQ(Page().viewport()->cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(TextControlTest, ReachesLinksByTabAndFollowsThemByEnter) {
@@ -122,6 +124,48 @@ TEST_F(TextControlTest, ReachesLinksByTabAndFollowsThemByEnter) {
   Gui::Key(form_, Qt::Key_Tab);
   Gui::Key(form_, Qt::Key_Return);
   EXPECT_EQ(TakeLog(), QStringList({"link 2 More (further down)"}));
+}
+
+TEST_F(TextControlTest, ShowsWhichLinkHasTheFocusAndLetsTabLeaveBehindTheLast) {
+  auto* other = new TextBox(&form_, QStringLiteral("Text1"), 10);
+  other->Widget()->show();
+  Load(kLinks);
+  const auto look = [this] {
+    const auto selections = Page().extraSelections();
+    return selections.isEmpty() ? QString() : selections.first().cursor.selectedText();
+  };
+  for (const bool forward : {true, false}) {
+    const Qt::KeyboardModifiers shift = forward ? Qt::NoModifier : Qt::ShiftModifier;
+    QStringList seen;
+    Page().SetFocus();
+    for (int i = 0; i < 5 && Page().HasFocus(); ++i) {
+      seen << look();
+      Gui::Key(form_, Qt::Key_Tab, shift);
+    }
+    const QString first = forward ? "the next page" : "further down";
+    EXPECT_EQ(seen, QStringList({"", first, forward ? "further down" : "the next page"}));
+    EXPECT_TRUE(other->HasFocus());
+    EXPECT_EQ(look(), "");
+  }
+}
+
+TEST_F(TextControlTest, TellsAScreenReaderOfTheLinksOfThePage) {
+  Load(kLinks);
+  QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&Page());
+  ASSERT_EQ(page->childCount(), 2);
+  QAccessibleInterface* link = page->child(1);
+  EXPECT_EQ(link->role(), QAccessible::Link);
+  EXPECT_EQ(link->text(QAccessible::Name), "further down");
+  EXPECT_TRUE(link->rect().contains(form_.mapToGlobal(PlaceOf("further"))));
+  EXPECT_EQ(page->childAt(link->rect().center().x(), link->rect().center().y()), link);
+  EXPECT_FALSE(link->state().focused);
+  Page().FocusLink(1);
+  EXPECT_TRUE(link->state().focused);
+  EXPECT_EQ(page->textInterface()->text(0, 5), "Go to");
+  link->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(TakeLog(), QStringList("link 2 More (further down)"));
+  Load("no link");
+  EXPECT_EQ(page->childCount(), 0);
 }
 
 TEST_F(TextControlTest, LetsALinkReplaceThePageFromItsOwnEvent) {

@@ -114,6 +114,8 @@ class Finisher {
     const QString target = isPlace ? QUrl::fromPercentEncoding(href.mid(1).toUtf8()) : href;
     format.setAnchorHref(HrefOfLink({isPlace ? PageLink::kPlace : PageLink::kFile, target}));
     format.setProperty(kLinkNumberProperty, links_);
+    if (!format.hasProperty(QTextFormat::ForegroundBrush)) format.setForeground(QColor(Qt::blue));
+    if (!format.fontUnderline()) format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
   }
 
   void SetSizes(QTextCharFormat& format) const {

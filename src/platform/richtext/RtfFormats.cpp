@@ -142,10 +142,9 @@ void RtfFormats::SetLink(QTextCharFormat& format, const RtfCharProps& props) con
   format.setAnchor(true);
   format.setAnchorHref(HrefOfLink(links_[index]));
   format.setProperty(kLinkNumberProperty, props.Link);
-  // An author who coloured the link has said how it looks.
-  if (header_.ColourOf(props.Colour).isValid()) return;
-  format.setForeground(QColor(Qt::blue));
-  format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+  // A link is seen as one also where its author gave it no look, or the colour of all text.
+  if (!header_.ColourOf(props.Colour).isValid()) format.setForeground(QColor(Qt::blue));
+  if (props.Underline == RtfUnderline::None) format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
 }
 
 const QTextBlockFormat& RtfFormats::BlockFormat(const RtfParaProps& props) {

@@ -4,6 +4,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/forms/Screen.h"
+#include "platform/richtext/PageAccess.h"
 #include "platform/richtext/PageLink.h"
 #include "platform/richtext/PageReader.h"
 #include "platform/richtext/PicturePixels.h"
@@ -23,6 +24,7 @@
 namespace {
 
 constexpr int kMostPictureFiles = 500;  // of one page
+constexpr QRgb kFocusBack = 0xFFCCCCFF, kFocusEdge = 0xFF4747B2, kFocusText = 0xFF000000;
 
 const QString kScrollBarLook = QStringLiteral(
     "QScrollBar { background: #CCCCFF; border: none; margin: 0; }"
@@ -62,7 +64,9 @@ TextControl::TextControl(QWidget* container, const QString& name)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &TextControl::FitHorizontalBar);
   connect(this, &QTextBrowser::anchorClicked, this,
-          [this](const QUrl& link) { FollowLink(link.toString()); });
+          [this](const QUrl& link) { FollowHref(link.toString()); });
+  connect(this, &QTextBrowser::selectionChanged, this, &TextControl::ShowLinkFocus);
+  InstallPageAccess();
   page_.Document = std::make_unique<QTextDocument>();
   setDocument(page_.Document.get());
   SetLook();
@@ -97,6 +101,8 @@ void TextControl::Load(const QString& programPath, int offset, int format) {
   verticalScrollBar()->setValue(0);
   horizontalScrollBar()->setValue(0);
   currentObject_ = 0;
+  ShowPointerAt(viewport()->mapFromGlobal(QCursor::pos()));
+  TellPageChanged(*this);
   // A handler may load the next page: then these objects are gone.
   const QTextDocument* const shown = document();
   const QList<PageObject> objects = page_.Objects;
@@ -115,6 +121,8 @@ void TextControl::ShowPage(RichPage&& page) {
   // The old page may be the one whose link is being followed: it goes when that is over.
   std::unique_ptr<QTextDocument> old = std::move(page_.Document);
   page_ = std::move(page);
+  setExtraSelections({});
+  shownFocus_ = -1;
   shownWidth_ = width();
   setDocument(page_.Document.get());
   old.release()->deleteLater();
@@ -223,13 +231,116 @@ void TextControl::mousePressEvent(QMouseEvent* event) {
   }
 }
 
+// The hand over links; what a browser remembers of the page before does not count.
+void TextControl::ShowPointerAt(QPoint point) {
+  viewport()->setCursor(anchorAt(point).isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+}
+
+void TextControl::mouseMoveEvent(QMouseEvent* event) {
+  QTextBrowser::mouseMoveEvent(event);
+  ShowPointerAt(event->pos());
+}
+
+void TextControl::focusInEvent(QFocusEvent* event) {
+  QTextBrowser::focusInEvent(event);
+  ShowLinkFocus();
+}
+
+void TextControl::focusOutEvent(QFocusEvent* event) {
+  QTextBrowser::focusOutEvent(event);
+  ShowLinkFocus();
+}
+
+// From link to link, and behind the last one on to the next control.
+bool TextControl::focusNextPrevChild(bool next) {
+  const bool stays = QTextBrowser::focusNextPrevChild(next);
+  ShowLinkFocus();
+  return stays;
+}
+
+void TextControl::ShowLinkFocus() {
+  const int focused = FocusedLink();
+  if (focused == shownFocus_) return;
+  shownFocus_ = focused;
+  QList<ExtraSelection> looks;
+  if (focused >= 0) {
+    ExtraSelection look{textCursor(), {}};
+    look.format.setBackground(QColor(kFocusBack));
+    look.format.setForeground(QColor(kFocusText));
+    look.format.setProperty(QTextFormat::OutlinePen, QPen(QColor(kFocusEdge), 2));
+    looks.append(look);
+  }
+  setExtraSelections(looks);
+  if (focused >= 0) TellLinkFocus(*this);
+}
+
+QList<TextControl::Link> TextControl::Links() const {
+  QList<Link> links;
+  int number = 0;
+  for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+    int end = -1;  // a link goes on from here
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+      const QTextFragment fragment = it.fragment();
+      if (!fragment.charFormat().isAnchor() || fragment.charFormat().anchorHref().isEmpty()) continue;
+      const int itsNumber = fragment.charFormat().intProperty(kLinkNumberProperty);
+      const bool goesOn = fragment.position() == end && itsNumber == number;
+      if (!goesOn) links.append({{}, fragment.position(), 0});
+      end = fragment.position() + fragment.length();
+      number = itsNumber;
+      links.last().Text += fragment.text();
+      links.last().End = end;
+    }
+  }
+  return links;
+}
+
+QRect TextControl::LinkRect(const Link& link) const {
+  QTextCursor cursor(document());
+  cursor.setPosition(link.Start);
+  const QRect first = cursorRect(cursor);
+  cursor.setPosition(link.End);
+  const QRect last = cursorRect(cursor);
+  const int right = last.top() == first.top() ? last.left() : viewport()->width();
+  return {first.left(), first.top(), std::max(right - first.left(), 1), first.height()};
+}
+
+int TextControl::FocusedLink() const {
+  const QTextCursor cursor = textCursor();
+  if (!hasFocus() || !cursor.hasSelection()) return -1;
+  const QList<Link> links = Links();
+  const auto found = std::find_if(links.begin(), links.end(), [&cursor](const Link& link) {
+    return link.Start == cursor.selectionStart() && link.End == cursor.selectionEnd();
+  });
+  return found == links.end() ? -1 : static_cast<int>(found - links.begin());
+}
+
+void TextControl::FocusLink(int index) {
+  const QList<Link> links = Links();
+  if (index < 0 || index >= links.size()) return;
+  QTextCursor cursor(document());
+  cursor.setPosition(links.at(index).Start);
+  cursor.setPosition(links.at(index).End, QTextCursor::KeepAnchor);
+  setFocus();
+  setTextCursor(cursor);
+  ShowLinkFocus();
+}
+
+void TextControl::FollowLink(int index) {
+  const QList<Link> links = Links();
+  if (index < 0 || index >= links.size()) return;
+  FocusLink(index);
+  QTextCursor cursor(document());
+  cursor.setPosition(links.at(index).Start + 1);
+  FollowHref(cursor.charFormat().anchorHref());
+}
+
 void TextControl::mouseReleaseEvent(QMouseEvent* event) {
   releasedAt_ = PositionAt(event->pos());
   QTextBrowser::mouseReleaseEvent(event);
   releasedAt_ = -1;
 }
 
-void TextControl::FollowLink(const QString& href) {
+void TextControl::FollowHref(const QString& href) {
   const PageLink link = LinkOfHref(href);
   if (link.Kind == 0) return;
   // By the keyboard the link is selected.

@@ -46,6 +46,20 @@ class TextControl : public QTextBrowser, public Control {
   // Property 43: the visible text of the link that was clicked last.
   const QString& LinkText() const { return linkText_; }
 
+  // The links of the page in reading order; one that runs over paragraphs counts once for each.
+  struct Link {
+    QString Text;
+    int Start, End;  // positions in the document
+  };
+  QList<Link> Links() const;
+  // Where a link begins to stand in the viewport, in pixels; of a link of several lines the first.
+  QRect LinkRect(const Link& link) const;
+  // The link that Enter follows, reached by Tab: an index into Links(), -1 without one.
+  int FocusedLink() const;
+  // Both do nothing for an index that the page does not have.
+  void FocusLink(int index);
+  void FollowLink(int index);
+
   // Property 54: the id of the object that is current; 0 for none. Making another one current raises
   // ObjectActive; an id that the page does not have counts as 0.
   void SetCurrentObject(int id);
@@ -77,8 +91,12 @@ class TextControl : public QTextBrowser, public Control {
  protected:
   QVariant loadResource(int type, const QUrl& name) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   void scrollContentsBy(int dx, int dy) override;
   void ColoursChanged() override;
 
@@ -89,7 +107,9 @@ class TextControl : public QTextBrowser, public Control {
   void SetLook();
   void FitHorizontalBar();
   void TellMoved();
-  void FollowLink(const QString& href);
+  void ShowPointerAt(QPoint point);
+  void ShowLinkFocus();
+  void FollowHref(const QString& href);
   QTextCursor LinkAt(int position, int number) const;
   int PositionAt(QPoint point) const;
   PageMetrics Metrics() const;
@@ -109,6 +129,7 @@ class TextControl : public QTextBrowser, public Control {
   double pageHeight_ = 0;
   QString linkText_;
   int currentObject_ = 0;
+  int shownFocus_ = -1;  // the link that looks focused
   int shownWidth_ = 0;   // of the control when the page was laid out
   int releasedAt_ = -1;  // position in the text of the click that is being handled
 };
