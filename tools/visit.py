@@ -15,6 +15,7 @@ from program_run import COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, REGISTER,
 from store_files import USER_DATA, read_courses
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
 from visit_glossary import look_up_a_word
+from visit_links import Links, NotedOpener
 
 COURSE = "Cash desk and customers"
 LEARNER = ("Ida", "Lindqvist", "ida@example.com")
@@ -71,13 +72,14 @@ class Visit:
         wait_for(lambda: self.resume_line() != "", "the learner's record")
         self.check("the registration makes the learner's folder", self.record.exists())
 
-    def read_to_the_end(self) -> Path:
-        pages = read_courses(self.store)[COURSE].pages()
-        screen = Window(self.desktop, 0, 0)
-        screen.point(512, 300)
+    def await_first_page(self) -> None:
+        Window(self.desktop, 0, 0).point(512, 300)
         wait_for(lambda: self.desktop.window(*DIALOG) is None, "the end of the sign-in")
         time.sleep(0.3)
         self.desktop.picture("05-first-page")
+
+    def read_to_the_end(self) -> Path:
+        pages = read_courses(self.store)[COURSE].pages()
         for number, (module, page) in enumerate(pages[1:], start=2):
             self.desktop.key("Right")
             wait_for(lambda: self.recorded(module, page), f"page {page} of {module}")
@@ -131,13 +133,17 @@ class Visit:
         wait_for(lambda: program.poll() is not None, "the end of the program")
         self.check("the program ends well", program.returncode == 0)
 
-    def run(self) -> None:
+    def run(self, opener: NotedOpener) -> None:
         program = self.desktop.start(self.store / "tallowmere")
         self.choose_course("01-course-choice")
         self.register()
+        self.await_first_page()
+        links = Links(self, opener)
+        links.run()
         last = self.read_to_the_end()
         self.go_back_and_return()
         look_up_a_word(self)
+        links.answer_the_survey()
         self.leave("09-exit-question")
         wait_for(lambda: program.poll() is not None, "the end of the program")
         self.check("the program ends well", program.returncode == 0)
@@ -153,9 +159,10 @@ def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> 
     shutil.copytree(store, playground, ignore=shutil.ignore_patterns("data"))
     with Desktop(out, dpi, wrapper) as desktop:
         visit = Visit(desktop, playground)
-        visit.run()
+        visit.run(NotedOpener(desktop, out))
     shutil.move(playground / "data", out / "learner")
     shutil.rmtree(playground)
+    shutil.rmtree(out / "bin")
     return visit.failures
 
 
