@@ -32,6 +32,7 @@ MOMENTS = {"start": 14, "sign-in": 18, "first visit": 10, "turning": 32, "after 
 # How long after the beginning of its moment a kill comes at most, seconds.
 START_TIME, SPLASH_TIME, SIGN_IN_TIME, TURNING_TIME, KEY_TIME = 0.35, 1.5, 0.15, 0.6, 0.04
 PROGRESS_EVERY = 50  # kills
+TEST_KEYS = 20  # two for each question of a test and one for its result, and a few more
 
 
 def killed_after(process: subprocess.Popen[bytes], seconds: float) -> threading.Timer:
@@ -125,10 +126,14 @@ class KillTest:
     # Turning pages
 
     def keys(self) -> list[str]:
-        """To and fro, on the whole forward, until the kill."""
+        """To and fro, on the whole forward, until the kill.
+
+        A test that comes up takes no notice of the arrows; Enter walks through it to its result and out of it.
+        """
         keys: list[str] = []
-        while len(keys) < 200:
-            keys += ["Right"] * self.random.randint(2, 30) + ["Left"] * self.random.randint(1, 20)
+        while len(keys) < 400:
+            keys += ["Right"] * self.random.randint(2, 30) + ["Return"] * TEST_KEYS
+            keys += ["Left"] * self.random.randint(1, 20)
         return keys
 
     def turn_pages(self, run: Run, path: Path) -> None:

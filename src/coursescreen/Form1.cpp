@@ -164,6 +164,7 @@ void Form1::PrevPage() {
 }
 
 void Form1::InitNewCourse() {
+  gScreens.UnloadTest();  // a review of the course before
   pages_.InitCourseDisplay();
   menus_.Rebuild();
 }

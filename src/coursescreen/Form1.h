@@ -29,6 +29,9 @@ class Form1 final : public Form {
   void TopicMoveProc(const int& row) { menus_.TopicMoveProc(row); }
   void TopicClickProc(const int& row) { menus_.TopicClickProc(row); }
 
+  // Where the buttons of the lower bar begin, in twips from the screen's top.
+  double NextButtonTop() const { return nextBtn_->Top(); }
+
   PageTurning& Pages() { return pages_; }
   const PageTurning& Pages() const { return pages_; }
 

@@ -4,9 +4,13 @@
 #include "content/REGISTRY.h"
 #include "coursescreen/StackControl.h"
 #include "frame/ProgramState.h"
+#include "frame/ResConstants.h"
+#include "frame/Screens.h"
 #include "frame/Settings.h"
+#include "frame/TextTable.h"
 #include "learners/ProgressFile.h"
 #include "platform/RunTimeError.h"
+#include "platform/forms/Form.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/SkinButton.h"
 #include "platform/richtext/TextControl.h"
@@ -17,6 +21,7 @@ using Look = SkinButton::Look;
 
 constexpr int kLeadIn = 30;  // bytes before the page in a page file
 constexpr int kPageFormat = 3;
+const QString kTestPage = QStringLiteral("Test");
 
 void ReadMap(int module) {
   gPageList.InitLinedList();
@@ -152,6 +157,36 @@ void PageTurning::TurnToNextPage() {
     LoadModuleFirstPage(gCurrentModule);
   }
   RecordCurrentPage();
+  StartTest();
+  if (AtCourseEnd()) DisableNext();  // behind a review that may be another page than the test's
+}
+
+// Returns when the test has been left, or hidden for a review; the course screen may be gone then.
+void PageTurning::StartTest() {
+  if (gPageList.GetCurrentPageTpye() != kTestPage) return;
+  if (!gScreens.PrepareTest()) {
+    MsgBox(LoadStringResource(kResTestNotFound));
+    return;
+  }
+  if (IsFormLoadedByName(QStringLiteral("TestReview"))) return;
+  gTestReturnPage = gPageList.GetCurrentPageName();
+  gTestModuleId = CurrentModule().ModuleId;
+  gTestNextPage = gPageList.GetNextPageName();
+  gScreens.ShowTest();
+}
+
+void PageTurning::LeaveTestPage() {
+  if (!gTestNextPage.isEmpty()) {
+    ShowPage(gCurrentModule, gTestNextPage);
+    controls_.Page->Refresh();
+    gPageList.NextPage();
+    RecordCurrentPage();
+  } else if (gCurrentModule < LastModule()) {
+    ++gCurrentModule;
+    gPageList.CleanUp();
+    LoadModuleFirstPage(gCurrentModule);
+    RecordCurrentPage();
+  }
   if (AtCourseEnd()) DisableNext();
 }
 
@@ -164,7 +199,7 @@ void PageTurning::PrevPage() {
 void PageTurning::TurnToPrevPage() {
   // Going back never stops on a test page: a run of them is stepped over, each leaving its own return
   // point and record.
-  while (StepBack() && gPageList.GetCurrentPageTpye() == QStringLiteral("Test")) {
+  while (StepBack() && gPageList.GetCurrentPageTpye() == kTestPage) {
   }
 }
 

@@ -44,6 +44,10 @@ class PageTurning {
 
   void NextPage();
   void PrevPage();
+  void TurnToPrevPage();
+  // From the test page to the page behind it, which is gTestNextPage or the first one of the next module.
+  // At the end of the course it stays.
+  void LeaveTestPage();
   void JumpToModule(int module);
   // The topic is found by its name.
   void JumpToTopic(int module, const QString& topicName);
@@ -64,7 +68,7 @@ class PageTurning {
 
  private:
   void TurnToNextPage();
-  void TurnToPrevPage();
+  void StartTest();
   bool StepBack();
   void OpenFirstModule();
   void LeaveReturnPoint();

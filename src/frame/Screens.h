@@ -2,7 +2,6 @@
 // screens on it; until then, and for a screen that is not there, a call does nothing.
 #pragma once
 
-#include <QString>
 #include <functional>
 
 class Form;
@@ -13,9 +12,9 @@ struct Switchboard {
   // The check-progress screen, modal.
   std::function<void()> ShowProgress = [] {};
 
-  // The test of a page of the current module. Prepare reads it: false when there is none, or none that
-  // can be read. Show runs it modally. Unload drops it, shown or hidden.
-  std::function<bool(const QString& pageName)> PrepareTest = [](const QString&) { return false; };
+  // The test of the current page. Prepare reads it: false when there is none, or none that can be read.
+  // Show runs it modally. Unload drops it and its review, shown or hidden.
+  std::function<bool()> PrepareTest = [] { return false; };
   std::function<void()> ShowTest = [] {};
   std::function<void()> UnloadTest = [] {};
 

@@ -1,10 +1,14 @@
 #include "startup/Switches.h"
 
+#include "assessment/QuestionForm.h"
 #include "coursescreen/Form1.h"
 #include "frame/Screens.h"
 #include "startup/CourseSelection.h"
 
 void ConnectScreens() {
   gScreens.OpenCourseChoice = [] { Default<CourseSelection>(); };
+  gScreens.PrepareTest = [] { return Default<QuestionForm>().InitTest(); };
+  gScreens.ShowTest = [] { Default<QuestionForm>().Show(FormMode::Modal, LoadedForm<Form1>()); };
+  gScreens.UnloadTest = [] { UnloadTest(); };
   gScreens.CourseWindow = []() -> Form* { return LoadedForm<Form1>(); };
 }

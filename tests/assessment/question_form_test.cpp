@@ -1,0 +1,334 @@
+// Taking a test: the states of the button, the verdict, the result page, leaving, and what is recorded.
+#include <QScrollBar>
+
+#include "assessment/TestScreens.h"
+#include "frame/ProgramState.h"
+#include "platform/forms/Announcement.h"
+#include "platform/forms/CheckBox.h"
+#include "platform/forms/Frame.h"
+#include "platform/forms/OptionButton.h"
+#include "platform/forms/Screen.h"
+
+namespace {
+
+using Look = SkinButton::Look;
+
+class QuestionFormTest : public TestScreensTest {
+ protected:
+  QuestionFormTest() {
+    AddCourse();
+    HearAnnouncements([this](const QString& words) { heard.append(words); });
+  }
+  ~QuestionFormTest() override { HearAnnouncements({}); }
+
+  QStringList heard;
+};
+
+TEST_F(QuestionFormTest, ARunGoesFromAnswerToNextToTheResultAndOn) {
+  WriteTest("1", {Question("Which?", "0>>0>>1", "Green is right."), Question("And now?", "1>>0>>0")});
+  ReadToTheTest();
+  TakeTest([this](QuestionForm& form) {
+    EXPECT_EQ(Text(form, "Title"), "Exam");
+    EXPECT_EQ(Text(form, "Label7"), "Question 1 of 2");
+    EXPECT_EQ(Gui::Find<Label>(form, "Label7")->ForeColor(), 0xE2CBAF);
+    EXPECT_EQ(Text(form, "Label8"), "Which?");
+    EXPECT_EQ(State(form), "Answer");
+    Answer(form, {"Option1(2)"});
+    EXPECT_EQ(Text(form, "Label5"), "Correct!");
+    EXPECT_EQ(Text(form, "Label10"), "Green is right.");
+    EXPECT_EQ(heard, QStringList{"Correct!"});
+    EXPECT_EQ(State(form), "Next");
+    EXPECT_TRUE(Gui::Find<OptionButton>(form, "Option1(2)")->Bold());
+    EXPECT_EQ(Gui::Find<OptionButton>(form, "Option1(0)")->ForeColor(), 0xC0C0C0);
+    Gui::Click(form, "Q_But");
+    EXPECT_EQ(Text(form, "Label7"), "Question 2 of 2");
+    EXPECT_FALSE(Shows(form, "Label5") || Shows(form, "Label6") || Shows(form, "Label10"));
+    EXPECT_EQ(Gui::Find<OptionButton>(form, "Option1(0)")->ForeColor(), 0x000000);
+    EXPECT_FALSE(Gui::Find<OptionButton>(form, "Option1(2)")->Value());
+    Answer(form, {"Option1(0)"});
+    EXPECT_FALSE(Shows(form, "Label6"));  // no explanation
+    EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
+    Gui::Click(form, "Q_But");
+    EXPECT_EQ(State(form), "Close");
+    EXPECT_EQ(
+        Text(form, "Label7"),
+        "Congratulations!  You have correctly answered 2 out of 2 questions from the module: Customers");
+    EXPECT_EQ(Gui::Find<Label>(form, "Label7")->ForeColor(), 0xFF6666);
+    EXPECT_FALSE(Shows(form, "Label8") || Shows(form, "Frame1"));
+    // It is on the disk before the page is left.
+    EXPECT_EQ(Record(), QStringList({"rt0101", "_Greeting_", "1", "100", "11", "2026-11-24", "100", "11",
+                                     "2026-11-24", "100"}));
+    Gui::Click(form, "Q_But");
+  });
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_EQ(Header(), "Goods : Returns");
+  EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
+}
+
+struct Judging {
+  const char* Name;
+  const char* Flags;
+  QByteArrayList Ticks;
+  bool Correct;
+};
+
+class JudgingTest : public QuestionFormTest, public ::testing::WithParamInterface<Judging> {};
+
+TEST_P(JudgingTest, TheTicksOfTheScreenAreJudged) {
+  WriteTest("1", {Question("Which?", GetParam().Flags)});
+  ReadToTheTest();
+  TakeTest([this](QuestionForm& form) {
+    const bool multiple = QByteArray(GetParam().Flags).count('1') > 1;
+    EXPECT_EQ(Shows(form, "Check1(0)"), multiple);
+    EXPECT_EQ(Shows(form, "Option1(0)"), !multiple);
+    Answer(form, GetParam().Ticks);
+    EXPECT_EQ(Text(form, "Label5"), GetParam().Correct ? "Correct!" : "Incorrect.");
+    EXPECT_EQ(Gui::Find<Label>(form, "Label5")->ForeColor(), 0x000000);
+    messages.Answer({MsgAnswer::Yes});
+    Gui::Key(form, Qt::Key_Escape);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    QuestionForm, JudgingTest,
+    ::testing::Values(Judging{"OneRight", "0>>1>>0", {"Option1(1)"}, true},
+                      Judging{"OneChangedToWrong", "0>>1>>0", {"Option1(1)", "Option1(0)"}, false},
+                      Judging{"NothingTicked", "0>>1>>0", {}, false},
+                      Judging{"AllRight", "1>>0>>1", {"Check1(0)", "Check1(2)"}, true},
+                      Judging{"OneMissing", "1>>0>>1", {"Check1(0)"}, false},
+                      Judging{"AllAndAWrongOne", "1>>0>>1", {"Check1(0)", "Check1(1)", "Check1(2)"}, false},
+                      Judging{"NoCorrectAnswerAndNothingTicked", "0>>0>>0", {}, true}),
+    [](const auto& row) { return row.param.Name; });
+
+TEST_F(QuestionFormTest, TheKeyboardAloneTakesAScoredTest) {
+  WriteTest("1", {Question("Which?", "0>>1>>0", "", "Colours", "rt0102_0002.txm"),
+                  Question("Which two?", "1>>1>>0", "", "Again", "rt0102_0001.txm")});
+  ReadToTheTest();
+  TakeTest([](QuestionForm& form) {
+    EXPECT_EQ(form.ActiveControl()->Name(), "Option1(0)");
+    Gui::Key(form, Qt::Key_Space);
+    Gui::Key(form, Qt::Key_Down);
+    EXPECT_TRUE(Gui::Find<OptionButton>(form, "Option1(1)")->Value());
+    Gui::Key(form, Qt::Key_Return);
+    EXPECT_EQ(Text(form, "Label5"), "Correct!");
+    Gui::Key(form, Qt::Key_Return, Qt::ControlModifier);  // modifiers change nothing
+    QStringList order{form.ActiveControl()->Name()};
+    for (int i = 0; i < 4; ++i) {
+      Gui::Key(form, Qt::Key_Tab);
+      order.append(form.ActiveControl()->Name());
+    }
+    EXPECT_EQ(order, QStringList({"Check1(0)", "Check1(1)", "Check1(2)", "Q_But", "Picture2"}));
+    Gui::Key(form, Qt::Key_Return);
+    EXPECT_EQ(Text(form, "Label5"), "Incorrect.");
+    Gui::Key(form, Qt::Key_Return);
+    EXPECT_EQ(State(form), "Close");
+    EXPECT_EQ(form.ActiveControl()->Name(), "Q_But");
+    Gui::Key(form, Qt::Key_Tab);
+    Gui::Key(form, Qt::Key_Tab);
+    EXPECT_EQ(form.ActiveControl()->Name(), "Label1(0)");
+    Gui::Key(form, Qt::Key_Return);  // follows the item
+  });
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_TRUE(Default<TestReview>().Shown());
+}
+
+TEST_F(QuestionFormTest, APracticeTestOfOneQuestionGoesStraightToCloseAndRecordsNothing) {
+  WriteTest("2", {Question("Which?", "0>>1>>0", "", "Colours", "rt0102_0002.txm")});
+  ReadToTheTest();
+  TakeTest([](QuestionForm& form) {
+    Answer(form, {});
+    EXPECT_EQ(State(form), "Close");
+    EXPECT_EQ(Text(form, "Label7"), "Question 1 of 1");
+    Gui::Click(form, "Q_But");
+  });
+  EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+}
+
+TEST_F(QuestionFormTest, TheResultListsTheWrongOnesThatHaveALink) {
+  WriteTest("1", {Question("One?", "0>>1>>0", "", "Colours", "rt0102_0002.txm"),
+                  Question("Two?", "0>>1>>0", "", "No link", ""), Question("Three?", "0>>1>>0")});
+  ReadToTheTest();
+  TakeTest([this](QuestionForm& form) {
+    for (int i = 0; i < 3; ++i) {
+      Answer(form, i == 2 ? QByteArrayList{"Option1(1)"} : QByteArrayList{});
+      Gui::Click(form, "Q_But");
+    }
+    EXPECT_EQ(Text(form, "Label7"),
+              "You have correctly answered 1 out of 3 questions from the module: Customers");
+    EXPECT_TRUE(Text(form, "Label8").startsWith("Below is a list of suggested review items."));
+    EXPECT_EQ(Text(form, "Label1(0)"), "Colours");
+    EXPECT_EQ(form.findChild<QWidget*>("Label1(1)"), nullptr);
+    EXPECT_EQ(gReviewItems.size(), 1);
+    const auto* item = Gui::Find<Label>(form, "Label1(0)");
+    EXPECT_EQ(Gui::Find<Frame>(form, "Frame1")->Height(), item->Height() + 480);
+    Gui::MoveTo(form, "Label1(0)");
+    EXPECT_EQ(form.MousePointer(), kPointerHand);
+    Gui::MoveTo(form, "Label8");
+    EXPECT_EQ(form.MousePointer(), kPointerDefault);
+    EXPECT_EQ(Record().mid(2),
+              QStringList({"1", "33", "001", "2026-11-24", "33", "001", "2026-11-24", "33"}));
+    Gui::Click(form, "Q_But");
+  });
+}
+
+TEST_F(QuestionFormTest, ExitAsksAndOnlyYesLeavesWithoutARecord) {
+  WriteTest("1", {Question("Which?", "0>>1>>0")});
+  for (const char* way : {"button", "escape", "window"}) {
+    SCOPED_TRACE(way);
+    QDir(store.DataPath()).removeRecursively();
+    ReadToTheTest();
+    TakeTest([&](QuestionForm& form) {
+      const auto leave = [&] {
+        if (way == QLatin1String("button")) Gui::Click(form, "Picture2");
+        if (way == QLatin1String("escape")) Gui::Key(form, Qt::Key_Escape);
+        if (way == QLatin1String("window")) form.close();
+      };
+      leave();  // answered No
+      EXPECT_EQ(messages.Take(), QStringList{"Are you sure you want to exit this assessment?"});
+      EXPECT_TRUE(form.Shown());
+      messages.Answer({MsgAnswer::Yes});
+      leave();
+    });
+    messages.Take();
+    EXPECT_EQ(PageText(), "rt0102 0001.txm");
+    EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
+    EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
+    Gui::Settle();
+    OneCopyAgain();
+  }
+}
+
+TEST_F(QuestionFormTest, ATestThatCannotBeReadIsToldAndThePageStaysPlain) {
+  const QByteArray files[] = {"", "\"1\"\r\n", "\"1\"\r\n\"Which?\",\"Red\"",
+                              "\"1\"\r\n\"Which?\",\"\",\"\",\"\",\"\",\"\""};
+  for (const QByteArray& file : files) {
+    SCOPED_TRACE(file.toStdString());
+    QFile::remove(store.Path("rt0101/rt0101_0003TST"));
+    if (!file.isEmpty()) store.Write("rt0101/rt0101_0003TST", file);
+    Form1& screen = ReadToTheTest();
+    Gui::Click(screen, "NextBtn");
+    EXPECT_EQ(messages.Take(), QStringList{"Could not locate the assessment associated with this page."});
+    EXPECT_EQ(PageText(), "rt0101 0003.txm");
+    EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
+    Gui::Click(screen, "NextBtn");
+    EXPECT_EQ(PageText(), "rt0102 0001.txm");
+    Gui::Settle();
+    QDir(store.DataPath()).removeRecursively();
+    OneCopyAgain();
+  }
+}
+
+TEST_F(QuestionFormTest, ATestAsTheLastPageOfTheCourseEndsThere) {
+  store.AddModule("rt0102", "Goods", {"0001.txm*Topic*Returns", "0002.txm*Test*"});
+  store.Write("rt0102/rt0102_0002TST",
+              "\"1\"\r\n" + Question("Which?", "0>>1>>0", "", "Look", "rt0101_0001.txm"));
+  store.AddLearner("Ann", "Lee", kCourse, "\"rt0102\",\"0001.txm\"\r\n");
+  Form1& screen = ReadAs("Ann", "Lee");
+  TakeTest([](QuestionForm& form) {
+    Answer(form, {});
+    Gui::Click(form, "Q_But");
+    Gui::Click(form, "Label1(0)");
+  });
+  EXPECT_EQ(PageText(), "rt0101 0001.txm");
+  EXPECT_EQ(Gui::Find<SkinButton>(screen, "NextBtn")->Enabled(), true);  // the review stands elsewhere
+  script.When("QuestionForm", [](Form& form) { Gui::Click(form, "Q_But"); });
+  Gui::Click(Default<TestReview>(), "Command1");
+  EXPECT_EQ(PageText(), "rt0102 0002.txm");
+  EXPECT_EQ(Gui::Find<SkinButton>(screen, "NextBtn")->Shown(), Look::Disabled);
+  EXPECT_EQ(FormLife::Active(), &screen);
+}
+
+TEST_F(QuestionFormTest, AResultThatCannotBeSavedIsToldAndThePageComesAllTheSame) {
+  WriteTest("1", {Question("Which?", "0>>1>>0")});
+  ReadToTheTest();
+  TakeTest([this](QuestionForm& form) {
+    Answer(form, {"Option1(1)"});
+    QFile::remove(store.DataPath("Ann Lee/Cash desk"));
+    QDir().mkpath(store.DataPath("Ann Lee/Cash desk"));  // a folder in the file's place
+    Gui::Click(form, "Q_But");
+    EXPECT_TRUE(messages.Take().value(0).contains("Cash desk"));
+    EXPECT_EQ(State(form), "Close");
+    EXPECT_TRUE(Text(form, "Label7").startsWith("Congratulations!"));
+    Gui::Click(form, "Q_But");
+  });
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+}
+
+TEST_F(QuestionFormTest, ALongQuestionScrollsToItsVerdictAndTheNextBeginsAtTheTop) {
+  const QByteArray text = QByteArray("a long question that goes on ").repeated(90);
+  WriteTest("1", {Question(text.constData(), "0>>1>>0", text.constData()), Question("Short?", "0>>1>>0")});
+  ReadToTheTest();
+  TakeTest([this](QuestionForm& form) {
+    const auto* bar = Gui::Find<VScrollBar>(form, "VScroll1");
+    const auto* page = Gui::Find<PictureBox>(form, "Picture4");
+    const auto* viewport = Gui::Find<PictureBox>(form, "Picture3");
+    Answer(form, {});
+    EXPECT_TRUE(bar->Visible());
+    EXPECT_EQ(bar->Value(), bar->Max());
+    EXPECT_GT(bar->Max(), 0);
+    EXPECT_DOUBLE_EQ(page->Top(), -230.0 * bar->Max());
+    const auto* verdict = Gui::Find<Label>(form, "Label10");
+    EXPECT_LE(page->Top() + verdict->Top() + verdict->Height(), viewport->Height());
+    Gui::Click(form, "Q_But");
+    EXPECT_FALSE(bar->Visible());
+    EXPECT_DOUBLE_EQ(page->Top(), 0);
+    EXPECT_DOUBLE_EQ(page->Height(), viewport->Height());
+    messages.Answer({MsgAnswer::Yes});
+    Gui::Key(form, Qt::Key_Escape);
+  });
+}
+
+TEST_F(QuestionFormTest, TheHeightsFollowTheTextsToTheTwip) {
+  WriteTest("1", {Question("Which?", "0>>1>>0", "Because.")});
+  ReadToTheTest();
+  TakeTest([this](QuestionForm& form) {
+    const auto box = [&](const char* name) { return dynamic_cast<Control*>(Gui::Find(form, name)); };
+    const auto below = [&](const char* name) { return box(name)->Top() + box(name)->Height(); };
+    EXPECT_DOUBLE_EQ(box("Label8")->Top(), below("Label7") + 400);
+    EXPECT_DOUBLE_EQ(box("Frame1")->Top(), below("Label8") + 400);
+    EXPECT_DOUBLE_EQ(box("Option1(0)")->Top(), 240);
+    EXPECT_DOUBLE_EQ(box("Option1(1)")->Top(), below("Option1(0)") + 210);
+    EXPECT_DOUBLE_EQ(box("Frame1")->Height(), below("Option1(2)") + 240);
+    Answer(form, {});
+    EXPECT_DOUBLE_EQ(box("Label5")->Top(), below("Frame1") + 240);
+    EXPECT_DOUBLE_EQ(box("Label6")->Top(), below("Label5") + 240);
+    EXPECT_DOUBLE_EQ(box("Label10")->Top(), below("Label6") + 240);
+    messages.Answer({MsgAnswer::Yes});
+    Gui::Key(form, Qt::Key_Escape);
+  });
+}
+
+TEST_F(QuestionFormTest, APageThatFitsExactlyHasNoScrollBar) {
+  Form form(QStringLiteral("Alone"), FormFrame::Framed);
+  QuestionPage page(&form);
+  const int height = static_cast<int>(Gui::Find<PictureBox>(form, "Picture3")->Height());
+  const auto* bar = Gui::Find<VScrollBar>(form, "VScroll1");
+  page.Resize_Test(1, height);
+  EXPECT_FALSE(bar->Visible());
+  page.Resize_Test(1, height + 345);  // one and a half units: halves go to the even number
+  EXPECT_TRUE(bar->Visible());
+  EXPECT_EQ(bar->Max(), 2);
+}
+
+TEST_F(QuestionFormTest, TheMouseLightsTheButtonsOneAtATime) {
+  WriteTest("1", {Question("Which?", "0>>1>>0")});
+  ReadToTheTest();
+  TakeTest([this](QuestionForm& form) {
+    const auto look = [&](const char* name) { return Gui::Find<SkinButton>(form, name)->Shown(); };
+    const auto colour = [&] { return Gui::Find<Label>(form, "Label2")->ForeColor(); };
+    Gui::MoveTo(form, "Q_But");
+    EXPECT_EQ(look("Q_But"), Look::On);
+    EXPECT_EQ(colour(), 0x000000);
+    Gui::MoveTo(form, "Picture2");
+    EXPECT_EQ(look("Picture2"), Look::On);
+    EXPECT_EQ(look("Q_But"), Look::Off);
+    EXPECT_EQ(colour(), 0xFFFFFF);
+    Gui::MoveTo(form, "Title");
+    EXPECT_EQ(look("Picture2"), Look::Off);
+    messages.Answer({MsgAnswer::Yes});
+    Gui::Key(form, Qt::Key_Escape);
+  });
+}
+
+}  // namespace

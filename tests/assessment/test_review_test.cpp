@@ -1,0 +1,190 @@
+// The review behind a test: the floating window, its way into the corner and back, and turning pages
+// meanwhile.
+#include "assessment/TestScreens.h"
+#include "frame/ProgramState.h"
+#include "platform/forms/Screen.h"
+
+namespace {
+
+constexpr int kOpen = 0x0000FF, kVisited = 0x800080;
+
+class TestReviewTest : public TestScreensTest {
+ protected:
+  TestReviewTest() {
+    AddCourse();
+    WriteTest("1", {Question("One?", "0>>1>>0", "", "Returns", "rt0102_0001.txm"),
+                    Question("Two?", "0>>1>>0", "", "The way in", "rt0101_0002.txm"),
+                    Question("Three?", "0>>1>>0", "", "Not here", "rt0999_0001.txm")});
+  }
+
+  static void AnswerAllWrong(const Form& form) {
+    for (int i = 0; i < 6; ++i)
+      Gui::Click(form, "Q_But");
+  }
+
+  // All wrong, and the item opened from the result page.
+  TestReview& Review(int item = 0) {
+    ReadToTheTest();
+    TakeTest([item](QuestionForm& form) {
+      AnswerAllWrong(form);
+      Gui::Click(form, QStringLiteral("Label1(%1)").arg(item));
+    });
+    return Default<TestReview>();
+  }
+  static int Colour(const Form& form, int item) {
+    return Gui::Find<Label>(form, QStringLiteral("Label1(%1)").arg(item))->ForeColor();
+  }
+  // The way back; `visit` is what the learner does on the result page.
+  void Back(const std::function<void()>& back, const std::function<void(Form&)>& visit) {
+    script.When("QuestionForm", [&visit](Form& form) { visit(form); });
+    back();
+    Gui::Settle();
+    EXPECT_TRUE(script.Done());
+  }
+};
+
+TEST_F(TestReviewTest, AnItemOpensItsPageUnderTheFloatingList) {
+  TestReview& review = Review();
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_EQ(Header(), "Goods : Returns");
+  EXPECT_TRUE(Progress("Ann Lee", kCourse).contains("\"rt0102\",\"_Returns_\""));
+  EXPECT_TRUE(review.Shown());
+  EXPECT_FALSE(Default<QuestionForm>().Shown());
+  EXPECT_EQ(review.windowTitle(), "Assessment Review");
+  EXPECT_EQ(Text(review, "Label1(1)"), "The way in");
+  EXPECT_EQ(Colour(review, 0), kOpen);
+  EXPECT_EQ(Colour(review, 1), 0xFF0000);
+  EXPECT_EQ(Colour(Default<QuestionForm>(), 0), kVisited);
+  EXPECT_FALSE(Gui::Find<VScrollBar>(review, "VScroll1")->Visible());
+  EXPECT_EQ(Gui::Find<VScrollBar>(review, "VScroll1")->Max(), 0);
+
+  Gui::Click(review, "Label1(1)");
+  EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  EXPECT_EQ(Colour(review, 0), kVisited);
+  EXPECT_EQ(Colour(review, 1), kOpen);
+  Gui::Click(review, "Label1(0)");  // once more: visited becomes open
+  EXPECT_EQ(Colour(review, 0), kOpen);
+}
+
+TEST_F(TestReviewTest, TheWindowSlidesIntoTheCornerWithinOneTick) {
+  TestReview& review = Review();
+  Form1& screen = Default<Form1>();
+  const double before = review.Left();
+  clock.Advance(99);
+  EXPECT_DOUBLE_EQ(review.Left(), before);
+  clock.Advance(1);
+  const double pixel = Screen::TwipsPerPixelX();
+  EXPECT_DOUBLE_EQ(review.Left(), screen.Left() + screen.Width() - review.frameGeometry().width() * pixel);
+  EXPECT_DOUBLE_EQ(review.Top(), screen.Top() + 735 * pixel - review.frameGeometry().height() * pixel);
+}
+
+TEST_F(TestReviewTest, ADraggedWindowKeepsItsPlaceUntilTheNextTest) {
+  TestReview& review = Review();
+  clock.Advance(100);
+  const QPoint corner = review.windowHandle()->position();
+  review.windowHandle()->setPosition(50, 60);
+  Gui::Settle();
+  FormLife::SetActive(&Default<Form1>());
+  FormLife::SetActive(&review);
+  EXPECT_EQ(review.windowHandle()->position(), QPoint(50, 60));
+  Back([&] { Gui::Click(review, "Command1"); }, [](Form& form) { Gui::Click(form, "Label1(1)"); });
+  EXPECT_EQ(review.windowHandle()->position(), QPoint(50, 60));  // also across the result page
+  Back([&] { Gui::Click(review, "Command1"); }, [](Form& form) { Gui::Click(form, "Q_But"); });
+  Gui::Click(Default<Form1>(), "Prev");  // steps over the test page
+  TakeTest([](QuestionForm& form) {
+    AnswerAllWrong(form);
+    Gui::Click(form, "Label1(0)");
+  });
+  clock.Advance(100);
+  EXPECT_EQ(Default<TestReview>().windowHandle()->position(), corner);
+}
+
+TEST_F(TestReviewTest, EveryWayBackLeadsToTheTestPageAndItsResult) {
+  TestReview& review = Review();
+  const std::function<void()> ways[] = {[&] { Gui::Click(review, "Command1"); },
+                                        [&] { Gui::Key(review, Qt::Key_Escape); }, [&] { review.close(); }};
+  for (const auto& way : ways) {
+    Gui::Click(Default<Form1>(), "NextBtn");  // the course screen is live
+    Back(way, [&](Form& form) {
+      EXPECT_EQ(PageText(), "rt0101 0003.txm");
+      EXPECT_EQ(gCurrentModule, 0);
+      EXPECT_EQ(State(form), "Close");
+      EXPECT_TRUE(Text(form, "Label7").startsWith("You have correctly answered 0 out of 3"));
+      EXPECT_FALSE(review.Shown());
+      EXPECT_EQ(Colour(review, 0), kVisited);
+      Gui::Click(form, "Label1(0)");
+    });
+    EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  }
+  Back([&] { review.close(); }, [](Form& form) { Gui::Click(form, "Q_But"); });
+  EXPECT_EQ(LoadedForm<TestReview>(), nullptr);
+  EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_EQ(Record().value(2), "1");  // one run, however often its result was looked at
+}
+
+TEST_F(TestReviewTest, ALinkIntoAModuleThatIsNotThereIsToldAndMarked) {
+  TestReview& review = Review(2);
+  EXPECT_EQ(messages.Take(), QStringList{"Link points to a module not currently installed."});
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(Colour(review, 2), kOpen);
+}
+
+TEST_F(TestReviewTest, ATestPageReachedMeanwhileStartsNoTest) {
+  TestReview& review = Review(1);  // the page before the test
+  Gui::Click(Default<Form1>(), "NextBtn");
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_FALSE(Default<QuestionForm>().Shown());
+  EXPECT_EQ(messages.Take(), QStringList());
+  EXPECT_EQ(Text(review, "Label1(0)"), "Returns");
+  Gui::Click(review, "Label1(0)");  // the list was read anew and is empty
+  EXPECT_EQ(messages.Take(), QStringList{"Link points to a module not currently installed."});
+  Back([&] { Gui::Click(review, "Command1"); },
+       [](Form& form) {
+         EXPECT_EQ(State(form), "Close");
+         Gui::Click(form, "Q_But");
+       });
+  EXPECT_EQ(Record().value(2), "1");
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+}
+
+TEST_F(TestReviewTest, LeavingTheCourseTakesTheTestAlong) {
+  Review();
+  messages.Answer({MsgAnswer::Yes});
+  Gui::Key(Default<Form1>(), Qt::Key_Escape);
+  EXPECT_EQ(quits, 1);
+  EXPECT_TRUE(FormLife::Loaded().isEmpty());
+}
+
+TEST_F(TestReviewTest, ALongListScrollsByItsCount) {
+  QByteArrayList questions;
+  for (int i = 0; i < 20; ++i)
+    questions.append(Question("Which?", "0>>1>>0", "", "Something to read again", "rt0102_0001.txm"));
+  WriteTest("1", questions);
+  ReadToTheTest();
+  TakeTest([](QuestionForm& form) {
+    for (int i = 0; i < 40; ++i)
+      Gui::Click(form, "Q_But");
+    const auto* item = Gui::Find<Label>(form, "Label1(19)");
+    QStringList order;
+    for (int i = 0; i < 30 && !item->HasFocus(); ++i) {
+      Gui::Key(form, Qt::Key_Tab);
+      order.append(form.ActiveControl()->Name());
+    }
+    EXPECT_EQ(order.size(), 22);
+    EXPECT_EQ(order.mid(0, 4), QStringList({"Picture2", "VScroll1", "Label1(0)", "Label1(1)"}));
+    EXPECT_TRUE(QRect(QPoint(), Gui::Find(form, "Picture3")->size())
+                    .contains(QRect(item->mapTo(Gui::Find(form, "Picture3"), QPoint()), item->size())));
+    Gui::Key(form, Qt::Key_Return);
+  });
+  TestReview& review = Default<TestReview>();
+  auto* bar = Gui::Find<VScrollBar>(review, "VScroll1");
+  const auto* list = Gui::Find<PictureBox>(review, "Picture2");
+  const double hidden = list->Height() - Gui::Find<PictureBox>(review, "Picture1")->Height();
+  EXPECT_TRUE(bar->Visible());
+  EXPECT_NEAR(bar->Max(), hidden / 20, 0.5);
+  bar->SetValue(bar->Max());
+  EXPECT_DOUBLE_EQ(list->Top(), -20.0 * bar->Max());
+}
+
+}  // namespace
