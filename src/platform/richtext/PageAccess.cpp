@@ -102,7 +102,8 @@ class PageAccess final : public QAccessibleWidget, public QAccessibleTextInterfa
   }
   QAccessibleInterface* childAt(int x, int y) const override {
     for (int i = 0; i < childCount(); ++i) {
-      if (child(i)->rect().contains(x, y)) return child(i);
+      QAccessibleInterface* link = child(i);
+      if (link != nullptr && link->rect().contains(x, y)) return link;
     }
     return nullptr;
   }
