@@ -94,10 +94,17 @@ void FlexGrid::SetColSel(int col) {
   viewport()->update();
 }
 
-// A screen reader follows the current cell of the view.
+// A screen reader follows the current cell of the view. Of a grid that is filled out of sight it hears when
+// that shows: the view looks for a cell's place at every change, which takes longer with every row.
 void FlexGrid::ShareCurrent() {
-  selectionModel()->setCurrentIndex(model_->index(row_, col_), QItemSelectionModel::ClearAndSelect);
   viewport()->update();
+  if (!isVisible()) return;
+  selectionModel()->setCurrentIndex(model_->index(row_, col_), QItemSelectionModel::ClearAndSelect);
+}
+
+void FlexGrid::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  ShareCurrent();
 }
 
 void FlexGrid::SetFocusRect(GridFocusRect rect) {

@@ -117,6 +117,7 @@ class FlexGrid : public QTableView, public Control {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void updateGeometries() override;
 
