@@ -113,6 +113,10 @@ TEST_F(GlossaryTest, IsFilledWhenTheCourseIsChosen) {
   EXPECT_TRUE(letter.Bold && letter.Points == 12 && letter.Colour == 0xC000C0);
   EXPECT_TRUE(term.Bold && stop.Bold && !term.Points && !term.Colour);
   EXPECT_TRUE(!definition.Bold && !definition.Points && !definition.Colour);
+
+  form.Clear_Form();
+  EXPECT_EQ(Rows(form), QStringList{"|"});
+  EXPECT_EQ(Letters(form), "");
 }
 
 TEST_F(GlossaryTest, ADefinitionFillsItsRowsUpToTheColumn) {
