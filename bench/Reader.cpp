@@ -68,6 +68,7 @@ void Reader::SignIn() {
   Gui::Script script;
   script.When(QStringLiteral("Welcome"),
               [](Form& form) { Gui::Click(form, QStringLiteral("SignIn_Btn_2")); });
+  script.When(QStringLiteral("Status"), [](Form& form) { Gui::Click(form, QStringLiteral("Prog_Cancel")); });
   clock_.Advance(1000);  // the splash goes
   Gui::Settle();
 }

@@ -11,8 +11,11 @@ from visit_desktop import PATIENCE, Desktop, Window
 DIALOG = (520, 360)
 SPLASH = (450, 246)
 COURSE_SCREEN = (1024, 768)
+PROGRESS = (960, 540)
 # Places within a dialog, pixels.
 LEFT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 97), (300, 98)
+# The close box of a window; unlike its Close button it starts no test again.
+CLOSE_WINDOW = ("alt+F4",)
 CLICK_AGAIN = 0.25  # seconds; a button takes no click before its form's timer has enabled it
 
 
@@ -41,11 +44,11 @@ class Run:
                 raise Stuck(f"{what} did not come; windows: {sizes}")
             time.sleep(0.01)
 
-    def await_dialog(self, what: str) -> Window:
+    def await_dialog(self, what: str, size: tuple[int, int] = DIALOG) -> Window:
         found: list[Window] = []
 
         def look() -> bool:
-            window = self.desktop.window(*DIALOG)
+            window = self.desktop.window(*size)
             found.extend([window] if window is not None else [])
             return bool(found)
 
@@ -72,9 +75,26 @@ class Run:
         self.desktop.key(*["Down"] * (index + 1))
         self.click_away(dialog, "the splash")
 
+    def check_progress(self) -> Window:
+        """Signs in as the only learner; the check-progress screen stands then."""
+        self.click_away(self.await_dialog("the welcome"), "check progress")
+        return self.await_dialog("check progress", PROGRESS)
+
     def sign_in(self) -> None:
-        """As the only learner."""
-        self.click_away(self.await_dialog("the welcome"), "the course screen")
+        """As the only learner, up to the course screen."""
+        self.check_progress()
+        closed = 0.0
+
+        def gone() -> bool:
+            nonlocal closed
+            if self.desktop.window(*PROGRESS) is None:
+                return True
+            if time.monotonic() > closed + CLICK_AGAIN:
+                self.desktop.key(*CLOSE_WINDOW)
+                closed = time.monotonic()
+            return False
+
+        self.until(gone, "the course screen")
 
     def message(self) -> bool:
         """Whether anything stands before the course screen."""

@@ -11,7 +11,9 @@ import time
 from collections.abc import Sequence
 from pathlib import Path
 
-from program_run import COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, REGISTER, SPLASH
+import visit_progress
+from program_run import (CLOSE_WINDOW, COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, PROGRESS, REGISTER,
+                         SPLASH)
 from store_files import USER_DATA, read_courses
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
 from visit_glossary import look_up_a_word
@@ -128,6 +130,10 @@ class Visit:
         self.desktop.picture("11-welcome")
         before = self.resume_line()
         welcome.click(*LEFT_BUTTON)
+        self.desktop.await_window(*PROGRESS, what="check progress")
+        self.desktop.picture("11-check-progress")
+        self.desktop.key(*CLOSE_WINDOW)
+        wait_for(lambda: self.desktop.window(*PROGRESS) is None, "the end of check progress")
         Window(self.desktop, 0, 0).point(512, 300)
         wait_for(lambda: self.desktop.window(*DIALOG) is None, "the end of the sign-in")
         time.sleep(0.5)
@@ -154,6 +160,7 @@ class Visit:
         wait_for(lambda: program.poll() is not None, "the end of the program")
         self.check("the program ends well", program.returncode == 0)
         self.come_back(last)
+        visit_progress.play(self)
 
 
 def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> int:

@@ -8,6 +8,7 @@
 #include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
+#include "frame/Screens.h"
 #include "frame/TextTable.h"
 #include "learners/UserStore.h"
 #include "platform/forms/Screen.h"
@@ -92,6 +93,7 @@ void UserLogin::SignIN_Btn_5_Click() {
   if (!HasCourseRecord()) StartCourseRecord();
   OpenAtResumePage(MissingModule::Keep);
   Unload();
+  gScreens.ShowProgress();
 }
 
 void UserLogin::Here_Btn_5_Click() {

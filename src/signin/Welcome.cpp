@@ -4,6 +4,7 @@
 #include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
+#include "frame/Screens.h"
 #include "frame/TextTable.h"
 #include "learners/UserStore.h"
 #include "platform/forms/Screen.h"
@@ -81,6 +82,7 @@ void Welcome::SignIn_Btn_2_Click() {
     OpenAtResumePage(MissingModule::Keep);
   }
   Unload();
+  gScreens.ShowProgress();
 }
 
 void Welcome::New_Btn_3_Click() {

@@ -3,6 +3,7 @@
 #include "assessment/QuestionForm.h"
 #include "coursescreen/Form1.h"
 #include "frame/Screens.h"
+#include "progress/Status.h"
 #include "startup/CourseSelection.h"
 
 void ConnectScreens() {
@@ -10,5 +11,6 @@ void ConnectScreens() {
   gScreens.PrepareTest = [] { return Default<QuestionForm>().InitTest(); };
   gScreens.ShowTest = [] { Default<QuestionForm>().Show(FormMode::Modal, LoadedForm<Form1>()); };
   gScreens.UnloadTest = [] { UnloadTest(); };
+  gScreens.ShowProgress = [] { Default<Status>().ShowStatusForm(); };
   gScreens.CourseWindow = []() -> Form* { return LoadedForm<Form1>(); };
 }

@@ -1,10 +1,20 @@
 #include "support/Program.h"
 
 #include "frame/ProgramState.h"
+#include "frame/Screens.h"
 #include "platform/forms/Label.h"
 #include "platform/richtext/TextControl.h"
+#include "progress/Status.h"
 #include "startup/Main.h"
 #include "startup/OneCopy.h"
+
+namespace {
+
+void LeaveProgress() {
+  if (const auto* progress = LoadedForm<Status>()) Gui::Click(*progress, "Prog_Cancel");
+}
+
+}  // namespace
 
 ProgramTest::ProgramTest() {
   FormLife::Begin([this] { ++quits; });
@@ -16,6 +26,7 @@ ProgramTest::~ProgramTest() {
   Dispatcher::SetIdleCheck({});
   Gui::Settle();
   OneCopy::Release();
+  gScreens = {};
 }
 
 void ProgramTest::AddTwoModules() {
@@ -35,7 +46,12 @@ void ProgramTest::OneCopyAgain() {
 }
 
 bool ProgramTest::Start() {
-  return Main();
+  const bool started = Main();
+  gScreens.ShowProgress = [this, show = gScreens.ShowProgress] {
+    if (leavesProgress) QTimer::singleShot(0, [] { LeaveProgress(); });
+    show();
+  };
+  return started;
 }
 
 void ProgramTest::PassSplash() {

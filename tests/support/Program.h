@@ -25,11 +25,14 @@ class ProgramTest : public ::testing::Test {
   void PassSplash();
   // After an end: the program can be started once more.
   void OneCopyAgain();
-  // Starts with one learner, who signs in.
+  // Starts with one learner, who signs in and closes the check-progress screen.
   Form1& ReadAs(const QString& firstName, const QString& lastName);
 
   static QString Header();
   static QString PageText();
+
+  // Whether the check-progress screen is closed as soon as it shows, for the tests that are not about it.
+  bool leavesProgress = true;
 
   Store store;
   HandClock clock;

@@ -394,6 +394,7 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
   if (!selectOnPress_ || event->button() != Qt::LeftButton || !cell.isValid()) return;
   SetRow(cell.row());
   SetCol(cell.column());
+  RowColChange.Raise();
 }
 
 void FlexGrid::focusInEvent(QFocusEvent* event) {

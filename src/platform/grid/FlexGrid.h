@@ -104,8 +104,8 @@ class FlexGrid : public QTableView, public Control {
 
   // The row at the top has changed, whoever changed it.
   Event<> Scroll;
-  // The learner moved the current cell by a key. While the selection does not show, the first key
-  // raises this without a move.
+  // The learner moved the current cell, by a key or a press of the mouse. While the selection does not show,
+  // the first key raises this without a move.
   Event<> RowColChange;
 
  protected:

@@ -8,7 +8,7 @@
 #include <vector>
 
 // Alignments are 0 to 8: left, centre, right, each with top, centre, bottom; 9 is left and centred.
-inline constexpr int kGeneralAlignment = 9;
+inline constexpr int kLeftCentred = 1, kGeneralAlignment = 9;
 
 // What is not set comes from the grid.
 struct GridCell {
