@@ -11,7 +11,9 @@
 #include "learners/ProfileBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
+#include "reference/About.h"
 #include "reference/Glossary.h"
+#include "reference/Repository.h"
 
 namespace {
 
@@ -111,7 +113,7 @@ void Toolbar::OpenRepository() {
     MsgBox(LoadStringResource(kResNotInAllModules));
     return;
   }
-  // The repository has no screen yet.
+  Default<Repository>().Show(FormMode::Modal, &form_);
 }
 
 void Toolbar::OpenGlossary() {
@@ -134,5 +136,6 @@ void Toolbar::ChangeCourse() {
   gScreens.OpenCourseChoice();
 }
 
-// The about screen is not there yet.
-void Toolbar::OpenAbout() {}
+void Toolbar::OpenAbout() {
+  Default<About>().Show(FormMode::Modal, &form_);
+}

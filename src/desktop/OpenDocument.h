@@ -5,7 +5,9 @@
 #include <QString>
 
 inline constexpr int kOpened = -1;
-inline constexpr int kShownNormally = 5;  // the show state that documents are opened with
+// Show states that documents are opened with.
+inline constexpr int kShownMaximised = 3;
+inline constexpr int kShownNormally = 5;
 
 // Hands a file to the opener; parameters and folder may be empty. The verb is kVerbOpen or kVerbPrint.
 // kOpened on success, else what ShowShellError gives.

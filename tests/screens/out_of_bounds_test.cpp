@@ -9,11 +9,15 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/ListBox.h"
+#include "platform/forms/SaveDialog.h"
 #include "platform/forms/TextPane.h"
 #include "platform/richtext/TextControl.h"
 #include "reference/About.h"
+#include "reference/Repository.h"
 #include "reference/Trademark.h"
 #include "signin/Resume.h"
+#include "support/Opened.h"
 #include "support/OutOfBounds.h"
 
 namespace {
@@ -498,6 +502,74 @@ TEST_F(OutOfBoundsCourse, TheAboutAndTrademarkFilesOfACourseComeFromTheirFolderO
   for (const QString& name : names)
     expect(name, QString());
   expect("GOOD", "good");
+}
+
+TEST_F(OutOfBoundsCourse, AnAttachmentComesFromTheRepositoryOnly) {
+  AddTwoModules();
+  store.AddCourse("Cash desk", "rt0101rt0102", "1");
+  store.Write("Repository/1/good.txt", "good");
+  store.Write("Repository/1/a\\..\\..\\..\\out\\sheet.txt", "a name with backslashes");
+  Link(outside.Folder() + "/sheet.txt", "Repository/1/link.txt");
+  Link("link.txt", "Repository/1/chain.txt");
+  Link("../../rt0101/Map.txt", "Repository/1/map.txt");  // in the program folder, but no attachment
+  Link(outside.Folder() + "/nothing", "Repository/1/dangling.txt");
+  Link("/dev/zero", "Repository/1/zero");
+  Link(outside.Folder(), "Repository/out");
+  Link(store.Path("rt0101"), "Repository/module");
+  mkfifo(QFile::encodeName(store.Path("Repository/1/fifo")).constData(), 0600);
+  ReadAs("Ann", "Lee");
+  Opened opened;
+  const auto expect = [&](const QString& repNum, const QStringList& names) {
+    SCOPED_TRACE(repNum.left(80).toStdString());
+    gCourses[0].RepNum = repNum;
+    const auto* list = Gui::Find<ListBox>(Default<Repository>(), "List1");
+    QStringList shown;
+    for (int i = 0; i < list->ListCount(); ++i)
+      shown.append(list->List(i));
+    EXPECT_EQ(shown, names);
+    Default<Repository>().Unload();
+    ExpectUntouched(repNum);
+  };
+  const QStringList numbers = {
+      "..",
+      "../rt0101",
+      "..\\..\\out",
+      "../../OUT",
+      "1/../../rt0101",
+      "out",
+      "OUT",
+      "module",
+      outside.Folder(),
+      "/../.." + outside.Folder(),
+      "1" + kNul,
+      "%2e%2e/%2e%2e/out",
+      "．．／．．／out",
+      "file://" + outside.Folder(),
+      "~",
+      "no",
+      QString("1/../").repeated(1000) + "../../out",
+      QString(5000, u'9'),
+  };
+  for (const QString& number : numbers)
+    expect(number, {});
+  expect("1", {"good.txt"});
+
+  // A file that has become a link since it was listed is neither opened nor copied.
+  auto& repository = Default<Repository>();
+  repository.Show();
+  clock.Advance(100);
+  Gui::Key(repository, Qt::Key_Down);
+  clock.Advance(100);
+  QFile::remove(store.Path("Repository/1/good.txt"));
+  Link(outside.Folder() + "/sheet.txt", "Repository/1/good.txt");
+  const QString copy = store.PathBeside("copy.txt");
+  AnswerSaveDialogs([&copy](const SaveDialogCall&) { return copy; });
+  Gui::Click(repository, "View_Btn");
+  Gui::Click(repository, "Detach_Btn");
+  AnswerSaveDialogs({});
+  EXPECT_EQ(opened.Take(), QStringList("open  (3)"));
+  EXPECT_FALSE(QFile::exists(copy));
+  ExpectUntouched("a link in its place");
 }
 
 }  // namespace

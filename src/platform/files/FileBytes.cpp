@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QUuid>
 #include <utility>
 
 #include "platform/Descriptions.h"
@@ -17,6 +18,8 @@
 #include "platform/files/Paths.h"
 
 namespace {
+
+constexpr qint64 kPiece = 256 * 1024;  // bytes of a file that are copied at a time
 
 QString Reason(int error) {
   return QString::fromLocal8Bit(strerror(error));
@@ -86,11 +89,11 @@ QString BehindLinks(const QString& path) {
   return target.isEmpty() ? QFile::symLinkTarget(path) : target;
 }
 
-// A file under the folder's name for saves. It takes its place by a rename, else it goes again.
-// Each step gives 0 or the error.
+// A file under a passing name beside the one that it is to be. It takes its place by a rename, else it
+// goes again. Each step gives 0 or the error.
 class PendingFile {
  public:
-  explicit PendingFile(const QString& folder) : path_(QFile::encodeName(folder + u'/' + kSavingName)) {}
+  explicit PendingFile(const QString& path) : path_(QFile::encodeName(path)) {}
   ~PendingFile() { Drop(); }
   PendingFile(const PendingFile&) = delete;
   PendingFile& operator=(const PendingFile&) = delete;
@@ -111,15 +114,17 @@ class PendingFile {
     return fchmod(handle_, status.st_mode & 07777) == 0 ? 0 : errno;
   }
 
-  int Fill(const QByteArray& bytes) {
+  int Append(const QByteArray& bytes) {
     for (qsizetype done = 0; done < bytes.size();) {
       const ssize_t count =
           write(handle_, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
       if (count < 0 && errno != EINTR) return errno;
       if (count > 0) done += count;
     }
-    return fsync(handle_) == 0 ? 0 : errno;
+    return 0;
   }
+
+  int Flush() { return fsync(handle_) == 0 ? 0 : errno; }
 
   int TakePlaceOf(const QByteArray& target) {
     if (rename(path_.constData(), target.constData()) != 0) return errno;
@@ -140,12 +145,25 @@ class PendingFile {
 
 int Replace(const QString& path, const QByteArray& bytes) {
   const QByteArray target = QFile::encodeName(path);
-  PendingFile file(FolderOf(path));
+  PendingFile file(FolderOf(path) + u'/' + kSavingName);
   int error = file.Open();
   if (error == 0) error = file.TakeRightsOf(target);
-  if (error == 0) error = file.Fill(bytes);
+  if (error == 0) error = file.Append(bytes);
+  if (error == 0) error = file.Flush();
   if (error == 0) error = file.TakePlaceOf(target);
   return error;
+}
+
+// A name that nobody has given a file: the target's folder is not ours.
+QString PassingName(const QString& targetPath) {
+  return FolderOf(targetPath) + QStringLiteral("/.copy-") + QUuid::createUuid().toString(QUuid::Id128);
+}
+
+int AppendAll(QFile& source, PendingFile& copy) {
+  int error = 0;
+  for (QByteArray piece = source.read(kPiece); error == 0 && !piece.isEmpty(); piece = source.read(kPiece))
+    error = copy.Append(piece);
+  return error == 0 && source.error() != QFileDevice::NoError ? EIO : error;
 }
 
 }  // namespace
@@ -171,6 +189,21 @@ void SaveFile(const QString& programPath, const QByteArray& bytes) {
   int error = Replace(path, bytes);
   if (error == 0) error = FlushFolder(FolderOf(path));
   if (error != 0) FailToSave(path, Reason(error));
+}
+
+void CopyFile(const QString& sourcePath, const QString& targetPath) {
+  QFile source(sourcePath);
+  if (!QFileInfo(sourcePath).isFile()) throw RunTimeError(Describe("file-missing", sourcePath));
+  if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    FailToRead(sourcePath, source.errorString());
+  }
+  PendingFile copy(PassingName(targetPath));
+  int error = copy.Open();
+  if (error == 0) error = AppendAll(source, copy);
+  if (error == 0) error = copy.Flush();
+  if (error == 0) error = copy.TakePlaceOf(QFile::encodeName(targetPath));
+  if (error == 0) error = FlushFolder(FolderOf(targetPath));
+  if (error != 0) FailToSave(targetPath, Reason(error));
 }
 
 void MakeFolder(const QString& programPath) {

@@ -27,6 +27,10 @@ inline constexpr QLatin1StringView kSavingName(".saving");
 // replacement, leaves the new content in place.
 void SaveFile(const QString& programPath, const QByteArray& bytes);
 
+// Copies a file over another one, or makes it, in one step: at no moment is half a file in its place. Both
+// are real paths. The target takes nothing over from what it replaces, which may be protected or a link.
+void CopyFile(const QString& sourcePath, const QString& targetPath);
+
 // Makes one folder in an existing one. A folder that is there already is no error.
 void MakeFolder(const QString& programPath);
 // Gives a folder another path. Its own path, or one that differs in case alone, succeeds; the path of

@@ -103,6 +103,13 @@ bool IsInside(const QString& path, const QString& root) {
   return path == root || path.startsWith(root.endsWith(u'/') ? root : root + u'/');
 }
 
+QStringList ListNames(const QString& programPath, QDir::Filters which) {
+  QStringList names = QDir(RealPath(programPath)).entryList(which);
+  names.removeIf([](const QString& name) { return name.contains(u'\\'); });  // no program path leads there
+  names.sort();
+  return names;
+}
+
 }  // namespace
 
 QString ProgramFolder() {
@@ -155,8 +162,9 @@ bool FolderExists(const QString& programPath) {
 }
 
 QStringList ListFolders(const QString& programPath) {
-  QStringList names = QDir(RealPath(programPath)).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
-  names.removeIf([](const QString& name) { return name.contains(u'\\'); });  // no program path leads there
-  names.sort();
-  return names;
+  return ListNames(programPath, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+QStringList ListFiles(const QString& programPath) {
+  return ListNames(programPath, QDir::Files);
 }

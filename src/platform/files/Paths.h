@@ -34,3 +34,5 @@ bool ProgramFileExists(const QString& programPath);
 bool FolderExists(const QString& programPath);
 // The names of the folders in a folder, sorted; empty when it is missing.
 QStringList ListFolders(const QString& programPath);
+// The same of its files, without the hidden ones and what is no regular file.
+QStringList ListFiles(const QString& programPath);

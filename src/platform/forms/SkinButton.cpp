@@ -69,10 +69,11 @@ void SkinButton::PlaceAt(const Place& place) {
 
 void ButtonFamily::Add(SkinButton* button) {
   members_.push_back(button);
-  button->MouseMove = [button] {
+  button->MouseMove = [this, button] {
     if (!button->Enabled()) return;
     button->Owner()->SetMousePointer(kPointerHand);
     button->SetFocus();
+    LightUp(button);  // it may have had the focus already, and been put out since
   };
   button->GotFocus = [this, button] { LightUp(button); };
 }

@@ -122,6 +122,45 @@ TEST(SaveFile, AMissingFolderIsAnError) {
             "The file \"" + program.Path("no/file") + "\" could not be saved: No such file or directory");
 }
 
+TEST(CopyFile, ReplacesAProtectedFileOrALinkAndNotWhatTheLinkLeadsTo) {
+  const TestProgram program;
+  const QByteArray large(1000000, 'x');  // more than one piece
+  program.Write("source", large);
+  program.Write("protected", "old");
+  chmod(qPrintable(program.Path("protected")), 0400);
+  program.Write("elsewhere", "old");
+  QFile::link("elsewhere", program.Path("link"));
+  for (const char* name : {"new", "protected", "link", "source"}) {
+    CopyFile(program.Path("source"), program.Path(name));
+    EXPECT_EQ(program.Read(name), large) << name;
+  }
+  EXPECT_EQ(program.Read("elsewhere"), "old");
+  EXPECT_EQ(program.Names("."), QStringList({"elsewhere", "link", "new", "protected", "source"}));
+}
+
+TEST(CopyFile, AFailedCopyLeavesNothingHalfDone) {
+  const TestProgram program;
+  program.Write("source", "new content");
+  program.Write("old", "old content");
+  program.MakeDir("folder");
+  const struct {
+    QString Source, Target;
+    SystemCall Call;
+  } cases[] = {
+      {"source", "old", SystemCall::Write},    {"source", "new", SystemCall::Write},
+      {"source", "old", SystemCall::FileSync}, {"source", "old", SystemCall::Rename},
+      {"source", "folder", SystemCall::None},  {"source", "no/new", SystemCall::None},
+      {"no", "old", SystemCall::None},         {"folder", "old", SystemCall::None},
+  };
+  for (const auto& c : cases) {
+    const FailingCall failing(c.Call, ENOSPC);
+    EXPECT_NE(ErrorOf([&] { CopyFile(program.Path(c.Source), program.Path(c.Target)); }), "");
+    EXPECT_EQ(failing.Count() > 0, c.Call != SystemCall::None);
+    EXPECT_EQ(program.Names("."), QStringList({"folder", "old", "source"}));
+    EXPECT_EQ(program.Read("old"), "old content");
+  }
+}
+
 TEST(Folders, AreMadeOnce) {
   const TestProgram program;
   MakeFolder("Data\\");
