@@ -398,6 +398,19 @@ TEST_F(ToolbarTest, TheProfileOpensFilled) {
   EXPECT_EQ(LoadedForm<ProfileBox>(), nullptr);
 }
 
+TEST_F(ToolbarTest, TheRepositoryAndTheAboutTextOpenOverTheCourse) {
+  store.Write("Repository/1/guide.doc", "the guide");
+  ReadOneOf(2);
+  for (const auto& [slice, name] :
+       {std::pair("toolBar_Slice(2)", "Repository"), {"toolBar_Slice(6)", "About"}}) {
+    script.When(name, [](Form& form) { form.close(); });
+    Click("toolBar_But");
+    Click(slice);
+    EXPECT_TRUE(script.Done()) << name;
+  }
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
 TEST_F(ToolbarTest, TheRepositoryIsNotForAllModules) {
   ReadOneOf(2);
   gAllModules = 1;
