@@ -18,6 +18,7 @@ from store_files import USER_DATA, read_courses
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
 from visit_glossary import look_up_a_word
 from visit_links import Links, NotedOpener
+from visit_menus import MenuVisit
 from visit_tests import TestVisit
 
 COURSE = "Cash desk and customers"
@@ -47,9 +48,9 @@ class Visit:
             return f'\r\n"{module}",'.encode() in self.record.read_bytes()
         return self.resume_line() == f'"{module}","{page}"'
 
-    def choose_course(self, picture: str) -> None:
+    def choose_course(self, picture: str, index: int = 0) -> None:
         dialog = self.desktop.await_window(*DIALOG, what="the course choice")
-        self.desktop.key("Down")
+        self.desktop.key(*["Down"] * (index + 1))
         time.sleep(0.3)
         dialog.point(*LEFT_BUTTON)
         time.sleep(0.2)
@@ -154,6 +155,7 @@ class Visit:
         links.run()
         last = self.read_to_the_end()
         self.go_back_and_return()
+        MenuVisit(self, last).run()
         look_up_a_word(self)
         links.answer_the_survey()
         self.leave("09-exit-question")
