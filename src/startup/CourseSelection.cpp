@@ -4,6 +4,7 @@
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
+#include "frame/Screens.h"
 #include "frame/TextTable.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
@@ -61,7 +62,7 @@ void CourseSelection::Form_Load() {
     names.append(course.CourseName);
   courseList_->AddItems(names);
   if (gCourses.size() > 1) {
-    Show();
+    Show(FormMode::Modeless, gScreens.CourseWindow());
     courseList_->SetFocus();
     return;
   }

@@ -7,7 +7,13 @@
 #include "startup/CourseSelection.h"
 
 void ConnectScreens() {
-  gScreens.OpenCourseChoice = [] { Default<CourseSelection>(); };
+  gScreens.OpenCourseChoice = [] {
+    if (auto* open = LoadedForm<CourseSelection>()) {
+      open->Show(FormMode::Modeless, LoadedForm<Form1>());  // the learner has turned to the course meanwhile
+    } else {
+      Default<CourseSelection>();
+    }
+  };
   gScreens.PrepareTest = [] { return Default<QuestionForm>().InitTest(); };
   gScreens.ShowTest = [] { Default<QuestionForm>().Show(FormMode::Modal, LoadedForm<Form1>()); };
   gScreens.UnloadTest = [] { UnloadTest(); };
