@@ -86,6 +86,7 @@ void ModuleMenu::UnloadModuleRows() {
 }
 
 void ModuleMenu::OpenModuleMenu() {
+  IgnoreErrors([this] { button_.Show(SkinButton::Look::On); });  // under the pointer it is lit already
   openTopicModule_ = -1;
   menu_.SetHover(-1);
   const PictureBox& window = menu_.Window();

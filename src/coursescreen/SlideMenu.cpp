@@ -33,6 +33,7 @@ SlideMenu::SlideMenu(PictureBox* container, const MenuDesign& design)
       frame_(new PictureBox(window_, QString::fromLatin1(design.Frame))) {
   window_->SetVisible(false);
   window_->Move(design.WindowPlace);
+  window_->SetTransparent(true);  // a window wider than its rows leaves the page beside them in sight
   SetAccessibleRole(*window_, QAccessible::PopupMenu);
   frame_->Move(0, 0, design.SliceWidth, design.SliceHeight);
   AddRow();
