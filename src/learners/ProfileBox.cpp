@@ -71,12 +71,3 @@ void ProfileBox::OkayBut_Click() {
 void ProfileBox::CancelBut_Click() {
   Unload();
 }
-
-void ProfileBox::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key != Qt::Key_Return) return;
-  if (Buttons().Lit() == okayBut_) {
-    OkayBut_Click();
-  } else if (Buttons().Lit() == cancelBut_) {
-    CancelBut_Click();
-  }
-}

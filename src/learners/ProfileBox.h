@@ -12,7 +12,6 @@ class ProfileBox final : public PersonForm {
 
  protected:
   void Form_Load() override;
-  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
   // The checks of one name, and its trailing blanks cut off.

@@ -106,12 +106,3 @@ void NewUserLogin::Cancel_Btn_Click() {
   cancel_Btn_->Show(SkinButton::Look::Off);
   Unload();
 }
-
-void NewUserLogin::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key != Qt::Key_Return) return;
-  if (Buttons().Lit() == signIn_Btn_) {
-    SignIn_Btn_Click();
-  } else if (Buttons().Lit() == cancel_Btn_) {
-    Cancel_Btn_Click();
-  }
-}

@@ -15,7 +15,6 @@ class NewUserLogin final : public PersonForm {
   void Form_Load() override;
   void Form_Activate() override;
   void Form_Deactivate() override;
-  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
   void SignIn_Btn_Click();

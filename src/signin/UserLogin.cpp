@@ -109,15 +109,3 @@ void UserLogin::Exit_btn_Click() {
   Unload();
   gExitingCourse = true;
 }
-
-void UserLogin::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key != Qt::Key_Return) return;
-  const SkinButton* lit = Buttons().Lit();
-  if (lit == here_Btn_5_) {
-    Here_Btn_5_Click();
-  } else if (lit == signIN_Btn_5_) {
-    SignIN_Btn_5_Click();
-  } else if (lit == exit_btn_) {
-    Exit_btn_Click();
-  }
-}

@@ -14,7 +14,6 @@ class UserLogin final : public DialogForm {
   void Form_Load() override;
   void Form_Activate() override;
   void Form_Deactivate() override;
-  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
   void SetLoginCaptions();

@@ -102,15 +102,3 @@ bool Welcome::Form_QueryUnload(UnloadMode mode) {
   // Closing the window asks like the exit button, but leaves the course open behind it.
   return mode != UnloadMode::ControlBox || ConfirmLeaving();
 }
-
-void Welcome::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key != Qt::Key_Return) return;
-  const SkinButton* lit = Buttons().Lit();
-  if (lit == signIn_Btn_2_) {
-    SignIn_Btn_2_Click();
-  } else if (lit == new_Btn_3_) {
-    New_Btn_3_Click();
-  } else if (lit == exit_btn_) {
-    Exit_btn_Click();
-  }
-}

@@ -16,7 +16,6 @@ class Welcome final : public DialogForm {
  protected:
   void Form_Load() override;
   bool Form_QueryUnload(UnloadMode mode) override;
-  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
   void SetWelcomeCaptions();

@@ -105,14 +105,8 @@ void CourseSelection::Form_Deactivate() {
   timer1_.SetEnabled(false);
 }
 
-void CourseSelection::Form_KeyUp(int key, Qt::KeyboardModifiers) {
+void CourseSelection::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
   if (key == Qt::Key_Escape) ExitSelection();
-  if (key != Qt::Key_Return) return;
   // Enter on the exit button does nothing: Escape and a click are the ways out.
-  const SkinButton* lit = Buttons().Lit();
-  if (lit == cancel_) {
-    CancelSelection();
-  } else if (lit == beginCourse_) {
-    BeginSelectedCourse();
-  }
+  if (Buttons().Lit() != exit_btn_) DialogForm::Form_KeyUp(key, modifiers);
 }

@@ -1,12 +1,46 @@
 #include "platform/forms/SkinButton.h"
 
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QPainter>
+
 #include "platform/files/Paths.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Screen.h"
 
 namespace {
+
 constexpr double kCaptionHeight = 255;  // twips: one line of the caption's font
+constexpr int kFrameInset = 4;          // pixels from the edge of the picture to the focus frame
+constexpr int kFrameColour = 0xFFFFFF, kLitFrameColour = 0x333333;
+
+class AccessibleButton final : public QAccessibleWidget {
+ public:
+  explicit AccessibleButton(SkinButton* button)
+      : QAccessibleWidget(button, QAccessible::Button), button_(button) {}
+
+  QStringList actionNames() const override { return QAccessibleWidget::actionNames() << pressAction(); }
+
+  void doAction(const QString& action) override {
+    if (action != pressAction()) {
+      QAccessibleWidget::doAction(action);
+      return;
+    }
+    // Later: who asked for it must not wait for the form that the press may open.
+    QMetaObject::invokeMethod(
+        button_, [button = button_] { button->Press(); }, Qt::QueuedConnection);
+  }
+
+ private:
+  SkinButton* button_;
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+  auto* button = dynamic_cast<SkinButton*>(object);
+  return button != nullptr ? new AccessibleButton(button) : nullptr;
 }
+
+}  // namespace
 
 const ButtonImages& DialogButtonImages() {
   static const ButtonImages images{QStringLiteral("Button_On.jpg"), QStringLiteral("Button_Off.jpg"),
@@ -27,8 +61,8 @@ QString SkinPicture(const QString& fileName) {
 SkinButton::SkinButton(QWidget* container, const QString& name, const ButtonImages& images,
                        const QString& captionName)
     : PictureBox(container, name), images_(images) {
+  QAccessible::installFactory(MakeAccessible);
   setFocusPolicy(Qt::StrongFocus);
-  setAttribute(Qt::WA_Hover);
   if (captionName.isEmpty()) return;
   caption_ = new Label(this, captionName);
   caption_->setAlignment(Qt::AlignCenter);
@@ -38,7 +72,7 @@ SkinButton::SkinButton(QWidget* container, const QString& name, const ButtonImag
 }
 
 void SkinButton::SetCaption(const QString& text) {
-  caption_->SetCaption(text);
+  if (caption_ != nullptr) caption_->SetCaption(text);
   SetAccessibleName(text);
 }
 
@@ -67,15 +101,83 @@ void SkinButton::PlaceAt(const Place& place) {
     caption_->Move(0, (place.Height - kCaptionHeight) / 2, place.Width, kCaptionHeight);
 }
 
+void SkinButton::SetImages(const ButtonImages& images) {
+  if (images == images_) return;
+  images_ = images;
+  look_ = Look::None;
+}
+
+void SkinButton::Press() {
+  if (!Enabled()) return;
+  Dispatcher::Run([this] {
+    MouseDown.Raise();
+    MouseUp.Raise();
+    Click.Raise();
+  });
+}
+
+void SkinButton::paintEvent(QPaintEvent* event) {
+  PictureBox::paintEvent(event);
+  if (!framed_) return;
+  QPainter painter(this);
+  painter.setPen(QPen(Screen::Colour(look_ == Look::On ? kLitFrameColour : kFrameColour), 1, Qt::DotLine));
+  painter.drawRect(rect().adjusted(kFrameInset, kFrameInset, -kFrameInset - 1, -kFrameInset - 1));
+}
+
+void SkinButton::mouseMoveEvent(QMouseEvent* event) {
+  PictureBox::mouseMoveEvent(event);
+  if (family_ != nullptr) Dispatcher::Run([this] { family_->PointerOver(this); });
+}
+
+void SkinButton::focusInEvent(QFocusEvent* event) {
+  PictureBox::focusInEvent(event);
+  if (family_ != nullptr) Dispatcher::Run([this] { family_->LightUp(this); });
+  // The frame is for those who walk by the key; it comes back with the window.
+  if (event->reason() != Qt::ActiveWindowFocusReason)
+    framed_ = family_ == nullptr &&
+              (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason);
+  update();
+}
+
+void SkinButton::focusOutEvent(QFocusEvent* event) {
+  PictureBox::focusOutEvent(event);
+  spaceHeld_ = false;
+  if (event->reason() != Qt::ActiveWindowFocusReason) framed_ = false;
+  update();
+}
+
+void SkinButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Space) {
+    PictureBox::keyPressEvent(event);
+  } else if (!event->isAutoRepeat()) {
+    spaceHeld_ = true;
+  }
+}
+
+void SkinButton::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Space) {
+    PictureBox::keyReleaseEvent(event);
+  } else if (!event->isAutoRepeat() && spaceHeld_) {
+    spaceHeld_ = false;
+    Press();
+  }
+}
+
+ButtonFamily::~ButtonFamily() {
+  for (SkinButton* member : members_)
+    member->family_ = nullptr;
+}
+
 void ButtonFamily::Add(SkinButton* button) {
   members_.push_back(button);
-  button->MouseMove = [this, button] {
-    if (!button->Enabled()) return;
-    button->Owner()->SetMousePointer(kPointerHand);
-    button->SetFocus();
-    LightUp(button);  // it may have had the focus already, and been put out since
-  };
-  button->GotFocus = [this, button] { LightUp(button); };
+  button->family_ = this;
+}
+
+void ButtonFamily::PointerOver(SkinButton* button) {
+  if (!button->Enabled()) return;
+  button->Owner()->SetMousePointer(kPointerHand);
+  button->SetFocus();
+  LightUp(button);  // it may have had the focus already, and been put out since
 }
 
 void ButtonFamily::PutOut() {
@@ -89,6 +191,10 @@ SkinButton* ButtonFamily::Lit() const {
     if (member->Shown() == SkinButton::Look::On) return member;
   }
   return nullptr;
+}
+
+void ButtonFamily::PressLit() {
+  if (SkinButton* lit = Lit()) lit->Press();
 }
 
 void ButtonFamily::LightUp(SkinButton* button) {

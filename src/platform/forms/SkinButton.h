@@ -2,7 +2,7 @@
 // one at a time. Every form's picture buttons are of this class.
 #pragma once
 
-#include <QStringList>
+#include <QString>
 #include <vector>
 
 #include "platform/forms/Label.h"
@@ -11,12 +11,18 @@
 // File names of a button's pictures in the folder of the skin.
 struct ButtonImages {
   QString On, Off, Disabled;
+
+  bool operator==(const ButtonImages&) const = default;
 };
 
 // The dialog button ("Button_On.jpg" and its kin) and the exit button without a disabled look.
 const ButtonImages& DialogButtonImages();
 const ButtonImages& ExitButtonImages();
 
+class ButtonFamily;
+
+// Reached by Tab it shows a frame, unless a family lights it. The space bar presses it; a screen reader
+// finds a button and can press it too.
 class SkinButton : public PictureBox {
  public:
   enum class Look { None, Off, On, Disabled };
@@ -25,7 +31,7 @@ class SkinButton : public PictureBox {
   static constexpr int kLitText = 0x000000, kPlainText = 0xFFFFFF, kDisabledText = 0x808080;
   static constexpr int kLitBack = 0xFFCCCC, kPlainBack = 0xFF6666;
 
-  // A button without a caption name has no label; its words are its tool tip.
+  // A button without a caption name has no label; its words are its accessible name alone.
   SkinButton(QWidget* container, const QString& name, const ButtonImages& images,
              const QString& captionName = {});
 
@@ -40,25 +46,53 @@ class SkinButton : public PictureBox {
   // it has, does nothing.
   void Show(Look look);
   Look Shown() const { return look_; }
+  // Other pictures from the next Show on.
+  void SetImages(const ButtonImages& images);
+
+  // Raises what a click raises. Does nothing while the button is disabled.
+  void Press();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
 
  private:
+  friend class ButtonFamily;
+
   ButtonImages images_;
   Label* caption_ = nullptr;
+  ButtonFamily* family_ = nullptr;
   Look look_ = Look::None;
+  bool framed_ = false, spaceHeld_ = false;
 };
 
 // The buttons of one form: the mouse over an enabled member sets the form's pointer to the hand and
 // gives the member the focus, and the focus lights it and puts the others out. A disabled member keeps
-// its disabled look.
+// its disabled look. The buttons' own events are left to the form.
 class ButtonFamily {
  public:
+  ButtonFamily() = default;
+  ~ButtonFamily();
+  ButtonFamily(const ButtonFamily&) = delete;
+  ButtonFamily& operator=(const ButtonFamily&) = delete;
+
+  // The button outlives the family: the form owns both, and its widgets go last.
   void Add(SkinButton* button);
   // Puts all enabled members out; a form calls it when another control gets the focus.
   void PutOut();
   // The member that is lit, or nullptr.
   SkinButton* Lit() const;
+  // Presses the member that is lit, as Enter does.
+  void PressLit();
 
  private:
+  friend class SkinButton;
+
+  void PointerOver(SkinButton* button);
   void LightUp(SkinButton* button);
 
   std::vector<SkinButton*> members_;
