@@ -1,5 +1,6 @@
 #include "coursescreen/Form1.h"
 
+#include "coursescreen/ButtonPictures.h"
 #include "frame/FormFitting.h"
 #include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
@@ -9,7 +10,6 @@
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
-#include "platform/forms/SkinButton.h"
 #include "platform/richtext/TextControl.h"
 #include "reference/Glossary.h"
 #include "reference/Trademark.h"
@@ -39,15 +39,7 @@ constexpr double ShrunkPageWidth = 15228, ShrunkPageHeight = 9948;  // on a disp
 constexpr int kBarText = 0xFFFFFF, kBarBack = 0x999999;
 constexpr int kLeavingTick = 300;    // ms
 constexpr double kDesignScale = 15;  // twips per pixel
-
-const ButtonImages kNextImages{"nextOn.jpg", "nextOff.jpg", "nextDis.jpg"};
-const ButtonImages kPrevImages{"previousOn.jpg", "previousOff.jpg", "backDis.jpg"};
-const ButtonImages kReturnImages{"ReturnOn.jpg", "ReturnOff.jpg", "ReturnButtonDisabled.jpg"};
-const ButtonImages kMinimiseImages{"minimizeOn.jpg", "minimizeOff.jpg", "minimizeOff.jpg"};
-const ButtonImages kToolbarImages{"ToolbarMenu_ClosedOn.jpg", "ToolbarMenu_ClosedOff.jpg",
-                                  "ToolbarMenu_ClosedOff.jpg"};
-const ButtonImages kModulesImages{"ModuleMenu_ButtonOpenON.jpg", "ModuleMenu_ButtonClosedOff.jpg",
-                                  "ModuleMenu_ButtonClosedOff.jpg"};
+constexpr int kFontShrink = 3;       // on a display of another scale
 
 Label* AddBarLabel(QWidget* container, const char* name, const Place& place, double points) {
   auto* label = new Label(container, QString::fromLatin1(name));
@@ -76,7 +68,7 @@ Form1::Form1()
       txTextControl1_(new TextControl(picture2_, QStringLiteral("TXTextControl1"))),
       exit_Pic_(AddButton(QStringLiteral("Exit_Pic"), Layout::Exit_Pic, ExitButtonImages())),
       min_btn_(AddButton(QStringLiteral("Min_btn"), Layout::Min_btn, kMinimiseImages)),
-      toolBar_But_(AddButton(QStringLiteral("toolBar_But"), Layout::toolBar_But, kToolbarImages,
+      toolBar_But_(AddButton(QStringLiteral("toolBar_But"), Layout::toolBar_But, kToolbarClosedImages,
                              QStringLiteral("ToolLabel"), Layout::ToolLabel)),
       modules_(AddButton(QStringLiteral("Modules"), Layout::Modules, kModulesImages,
                          QStringLiteral("ModLabel"), Layout::ModLabel)),
@@ -85,14 +77,19 @@ Form1::Form1()
       nextBtn_(AddButton(QStringLiteral("NextBtn"), Layout::NextBtn, kNextImages)),
       courseNameLbl_(
           AddBarLabel(picture2_, "CourseNameLbl", Layout::CourseNameLbl, Layout::CourseNamePoints)),
-      pages_({txTextControl1_, label1_, courseNameLbl_, nextBtn_, prev_, return_Btn_}),
       hover_(*this),
+      toolTip_(*this, picture2_),
+      pages_({txTextControl1_, label1_, courseNameLbl_, nextBtn_, prev_, return_Btn_, &toolTip_}),
       menus_(*this,
              {picture2_, modules_, toolBar_But_, exit_Pic_, return_Btn_, prev_, nextBtn_, label1_,
               courseNameLbl_, txTextControl1_},
              pages_, hover_),
       links_(*this, *txTextControl1_, pages_),
-      keyboard_(*this, *nextBtn_, *prev_, *return_Btn_) {
+      buttonHover_(
+          {nextBtn_, prev_, return_Btn_, exit_Pic_, min_btn_, toolBar_But_, modules_,
+           [this] { return menus_.Tools().FrameVisible(); }, [this] { return menus_.ModuleMenuIsOpen(); }},
+          hover_, toolTip_),
+      keyboard_(*this, menus_, *nextBtn_, *prev_, *return_Btn_) {
   SetSize(Layout::Picture2.Width, Layout::Picture2.Height);
   txTextControl1_->Move(Layout::TXTextControl1);
   nextBtn_->MouseUp = [this] { NextPage(); };
@@ -100,7 +97,6 @@ Form1::Form1()
   return_Btn_->Click = [this] { pages_.ReturnToPreviousPlace(); };
   exit_Pic_->Click = [this] { Exit_Course(); };
   min_btn_->Click = [this] { Minimise(); };
-  picture2_->MouseMove = [this] { Form_MouseMove(); };
   timer1_.Tick = [this] { Timer1_Timer(); };
 }
 
@@ -112,6 +108,7 @@ SkinButton* Form1::AddButton(const QString& name, const Place& place, const Butt
     caption->Move(captionPlace);
     caption->SetFont(Layout::ButtonPoints, true);
   }
+  button->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus where it was
   IgnoreErrors([button] { button->Show(Look::Off); });
   return button;
 }
@@ -119,8 +116,8 @@ SkinButton* Form1::AddButton(const QString& name, const Place& place, const Butt
 void Form1::Form_Load() {
   try {
     ScaleFormToDisplay(*this);
-    const bool shrink = Screen::TwipsPerPixelX() != kDesignScale;
-    if (shrink) {
+    gFontShrink = Screen::TwipsPerPixelX() == kDesignScale ? 0 : kFontShrink;
+    if (gFontShrink != 0) {
       txTextControl1_->SetPageWidth(Layout::ShrunkPageWidth);
       txTextControl1_->SetPageHeight(Layout::ShrunkPageHeight);
     }
@@ -202,8 +199,4 @@ void Form1::Form_Unload() {
 
 void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
   if (!menus_.KeyReleased(key, modifiers)) keyboard_.KeyReleased(key, modifiers);
-}
-
-void Form1::Form_MouseMove() {
-  SetMousePointer(kPointerDefault);
 }

@@ -2,7 +2,7 @@
 // work is done by its collaborators.
 #pragma once
 
-#include "coursescreen/Hover.h"
+#include "coursescreen/ButtonHover.h"
 #include "coursescreen/Keyboard.h"
 #include "coursescreen/Menus.h"
 #include "coursescreen/PageLinks.h"
@@ -41,7 +41,6 @@ class Form1 final : public Form {
   bool Form_QueryUnload(UnloadMode mode) override;
   void Form_Unload() override;
   void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
-  void Form_MouseMove() override;
 
  private:
   // Makes a button of the screen's bars; `captionName` empty: it has no caption.
@@ -57,10 +56,12 @@ class Form1 final : public Form {
   TextControl* txTextControl1_;
   SkinButton *exit_Pic_, *min_btn_, *toolBar_But_, *modules_, *return_Btn_, *prev_, *nextBtn_;
   Label* courseNameLbl_;
-  PageTurning pages_;
   Hover hover_;
+  ToolTip toolTip_;
+  PageTurning pages_;
   Menus menus_;
   PageLinks links_;
+  ButtonHover buttonHover_;
   Keyboard keyboard_;
   Timer timer1_{this, QStringLiteral("Timer1")};
 };

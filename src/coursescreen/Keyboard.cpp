@@ -1,6 +1,7 @@
 #include "coursescreen/Keyboard.h"
 
 #include "coursescreen/Form1.h"
+#include "coursescreen/Menus.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/SkinButton.h"
 
@@ -24,34 +25,65 @@ class PutOutBehind {
 }  // namespace
 
 void Keyboard::KeyReleased(int key, Qt::KeyboardModifiers modifiers) {
-  if (key == Qt::Key_Left && (modifiers & (Qt::AltModifier | Qt::ShiftModifier)) != 0) {
-    if (return_Btn_.Enabled()) ReturnByKey();
-    return;
+  if (FormLife::Active() != &screen_) return;
+  if ((modifiers & Qt::AltModifier) != 0) {
+    WithAlt(key);
+  } else if ((modifiers & Qt::ShiftModifier) != 0) {
+    if (key == Qt::Key_Left) ReturnByKey();
+  } else {
+    Plain(key);
   }
-  if ((modifiers & (Qt::AltModifier | Qt::ShiftModifier)) != 0) return;
+}
+
+void Keyboard::WithAlt(int key) {
+  switch (key) {
+    case Qt::Key_G:
+      menus_.CloseAllMenus();
+      screen_.Refresh();
+      menus_.Tools().OpenGlossary();
+      break;
+    case Qt::Key_P: menus_.Tools().PrintPage(); break;
+    case Qt::Key_H: menus_.Tools().CheckProgress(); break;
+    case Qt::Key_R: menus_.Tools().OpenRepository(); break;
+    case Qt::Key_E: menus_.Tools().EditProfile(); break;
+    case Qt::Key_C: menus_.Tools().ChangeCourse(); break;
+    case Qt::Key_A: menus_.Tools().OpenAbout(); break;
+    case Qt::Key_M: screen_.Minimise(); break;
+    case Qt::Key_Left: ReturnByKey(); break;
+    default: break;
+  }
+}
+
+void Keyboard::Plain(int key) {
   switch (key) {
     case Qt::Key_Escape: screen_.Exit_Course(); break;
-    case Qt::Key_Right:
-      if (nextBtn_.Enabled()) NextByKey();
-      break;
-    case Qt::Key_Left:
-      if (prev_.Enabled()) PrevByKey();
-      break;
+    case Qt::Key_Right: NextByKey(); break;
+    case Qt::Key_Left: PrevByKey(); break;
+    case Qt::Key_Return: PressFocused(); break;
     default: break;
   }
 }
 
 void Keyboard::NextByKey() {
+  if (!nextBtn_.Enabled()) return;
   const PutOutBehind putOut(nextBtn_);
+  menus_.CloseAllMenus();
   screen_.NextPage();
 }
 
 void Keyboard::PrevByKey() {
+  if (!prev_.Enabled()) return;
   const PutOutBehind putOut(prev_);
+  menus_.CloseAllMenus();
   screen_.PrevPage();
 }
 
 void Keyboard::ReturnByKey() {
+  if (!return_Btn_.Enabled()) return;
   const PutOutBehind putOut(return_Btn_);
   screen_.Pages().ReturnToPreviousPlace();
+}
+
+void Keyboard::PressFocused() {
+  if (auto* button = dynamic_cast<SkinButton*>(screen_.ActiveControl())) button->Press();
 }

@@ -32,6 +32,7 @@ class Menus {
   void TopicMoveProc(int row);
   void TopicClickProc(int row);
   void CloseAllMenus();
+  bool ModuleMenuIsOpen() const { return modules_.IsOpen(); }
 
   // Up and Down point at the next row of the open menu, Enter chooses it: an item, a topic, or a module,
   // whose topics the keys then work. Escape takes back one of these. Enter and the blank open the menu of

@@ -3,6 +3,7 @@
 #include "content/PageList.h"
 #include "content/REGISTRY.h"
 #include "coursescreen/StackControl.h"
+#include "coursescreen/ToolTip.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/Screens.h"
@@ -261,7 +262,10 @@ void PageTurning::ReturnToPreviousPlace() {
   gPageList.CleanUp();
   gPageList.InitLinedList();
   const ReturnPoint place = PopReturnPoint();
-  if (gReturnStack.isEmpty()) Disable(controls_.Return_Btn);
+  if (gReturnStack.isEmpty()) {
+    Disable(controls_.Return_Btn);
+    controls_.Tip->HideToolTip();
+  }
   gCurrentModule = place.Module;
   LoadModuleAtPage(gCurrentModule, place.PageName);
   RecordCurrentPage();

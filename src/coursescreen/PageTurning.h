@@ -8,6 +8,7 @@
 class Label;
 class SkinButton;
 class TextControl;
+class ToolTip;
 
 // The controls of the course screen that page turning works on.
 struct PageControls {
@@ -17,6 +18,7 @@ struct PageControls {
   SkinButton* NextBtn;
   SkinButton* Prev;
   SkinButton* Return_Btn;
+  ToolTip* Tip;
 };
 
 class PageTurning {

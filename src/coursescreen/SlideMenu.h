@@ -59,6 +59,7 @@ class SlideMenu {
   PictureBox& Window() { return *window_; }
   const PictureBox& Window() const { return *window_; }
   bool IsOpen() const { return window_->Visible(); }
+  bool FrameVisible() const { return frame_->Visible(); }
 
   // Slides the window open to the place and size that it has. Blocks for all its steps; the learner sees
   // them.

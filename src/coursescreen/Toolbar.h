@@ -21,6 +21,7 @@ class Toolbar {
   // grey.
   void BuildToolbarMenu();
   bool IsOpen() const { return menu_.IsOpen(); }
+  bool FrameVisible() const { return menu_.FrameVisible(); }
   void OpenToolbarMenu();
   void CloseToolbarMenu();
 

@@ -56,5 +56,6 @@ void ResetProgramState() {
   gReturnPoint = {};
   gReturnStack.clear();
   gExitingCourse = false;
+  gFontShrink = 0;
   ClearProgressArrays();
 }

@@ -43,6 +43,7 @@ inline QString gUserEmail;
 inline ReturnPoint gReturnPoint;  // the staging copy of the next push
 inline QList<ReturnPoint> gReturnStack;
 inline bool gExitingCourse = false;  // the learner has confirmed leaving
+inline int gFontShrink = 0;          // 0 on a display of 15 twips per pixel, else 3
 
 // The test context, stored just before a test is shown.
 inline QString gTestReturnPage;

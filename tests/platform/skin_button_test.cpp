@@ -43,6 +43,7 @@ class SkinButtonTest : public ::testing::Test {
     FormLife::Begin({});
     FormLife::Load(bar);
     bar->Show();
+    Gui::Settle();  // the window becomes the active one
     bar->heard.clear();
   }
   ~SkinButtonTest() override {
@@ -87,6 +88,7 @@ TEST_F(SkinButtonTest, TheSpaceBarPressesTheButtonWithTheFocusAtItsRelease) {
 }
 
 TEST_F(SkinButtonTest, AButtonReachedByTabShowsAFrameAndOneReachedByTheMouseDoesNot) {
+  bar->two->SetFocus();
   const QImage plain = bar->plain->grab().toImage();
   bar->plain->setFocus(Qt::TabFocusReason);
   EXPECT_NE(bar->plain->grab().toImage(), plain);
