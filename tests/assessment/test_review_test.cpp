@@ -151,6 +151,8 @@ TEST_F(TestReviewTest, ATestPageReachedMeanwhileStartsNoTest) {
 TEST_F(TestReviewTest, LeavingTheCourseTakesTheTestAlong) {
   Review();
   messages.Answer({MsgAnswer::Yes});
+  Default<Form1>().activateWindow();  // the keys go to the active form alone
+  Gui::Settle();
   Gui::Key(Default<Form1>(), Qt::Key_Escape);
   EXPECT_EQ(quits, 1);
   EXPECT_TRUE(FormLife::Loaded().isEmpty());
