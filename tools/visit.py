@@ -19,6 +19,7 @@ from visit_desktop import Desktop, Window, differing_pixels, wait_for
 from visit_glossary import look_up_a_word
 from visit_links import Links, NotedOpener
 from visit_menus import MenuVisit
+from visit_reference import use_the_references, watch_the_trademark_pages
 from visit_tests import TestVisit
 
 COURSE = "Cash desk and customers"
@@ -122,6 +123,8 @@ class Visit:
         if picture is not None:
             self.desktop.picture(picture)
         self.desktop.key("alt+y")
+        if picture is not None:
+            watch_the_trademark_pages(self)
 
     def come_back(self, last: Path) -> None:
         program = self.desktop.start(self.store / "tallowmere")
@@ -157,6 +160,7 @@ class Visit:
         self.go_back_and_return()
         MenuVisit(self, last).run()
         look_up_a_word(self)
+        use_the_references(self, opener)
         links.answer_the_survey()
         self.leave("09-exit-question")
         wait_for(lambda: program.poll() is not None, "the end of the program")

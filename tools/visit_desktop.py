@@ -35,7 +35,8 @@ class Desktop:
         os.close(send)
         with os.fdopen(receive) as pipe:
             number = pipe.readline().strip()
-        self.environment.update(DISPLAY=f":{number}", XDG_RUNTIME_DIR=self.runtime)
+        # What the program keeps of its dialogs must not go among the settings of whoever runs this.
+        self.environment.update(DISPLAY=f":{number}", XDG_RUNTIME_DIR=self.runtime, XDG_CONFIG_HOME=self.runtime)
         self.processes.append(subprocess.Popen(["openbox"], env=self.environment,
                                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
         wait_for(lambda: "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),

@@ -25,6 +25,7 @@ QComboBox QAbstractItemView { background: #FFFFFF; color: #333333; border: 1px s
   selection-background-color: #CCCCFF; selection-color: #000000; outline: none; }
 QListWidget, QPlainTextEdit { background: #FFFFFF; color: #333333; border: 1px solid #4747B2;
   border-radius: 3px; padding: 4px; }
+QListWidget::item { padding: 2px; }
 QListWidget:focus, QPlainTextEdit:focus { border: 2px solid #6666FF; padding: 3px; }
 QToolTip { background: #FFFFC0; color: #000000; border: 1px solid #999999; font: 9pt "Arial"; }
 QScrollBar:vertical { background: #F2F2FA; width: 16px; margin: 0; }
