@@ -26,6 +26,7 @@ def all_pictures():
         controls.menu_rows,
         controls.scroll_arrows,
         backgrounds.dialogs,
+        backgrounds.check_progress,
         backgrounds.course_screen,
         backgrounds.glossary,
         backgrounds.splash,

@@ -31,6 +31,28 @@ def dialogs():
     return {name: dialog(*size) for name, size in sizes.items()}
 
 
+def check_progress():
+    """960 by 540: a book before the title, a pale column for the results, the lists on white."""
+    header, column = 62, 183
+    top = header + 3
+    ribs = [box(0, at, SPINE, 3, "#B8B8F4") for at in (top + 14, top + 20, 540 - 23, 540 - 17)]
+    return {
+        "CheckProgress": picture(
+            960,
+            540,
+            box(0, 0, 960, 540, WHITE),
+            box(0, top, column, 540 - top, "#F7F7FD"),
+            box(column, top, 1, 540 - top, HAIRLINE),
+            box(0, top, SPINE, 540 - top, LIGHT),
+            box(SPINE, top, 1, 540 - top, "#B8B8F4"),
+            *ribs,
+            grey_bar(960, header),
+            accent(960, header),
+            open_book(46, 9, 80),
+        )
+    }
+
+
 def course_screen():
     """1024 by 768: the header's 41 rows, the page with its frame, the bottom bar's 33 rows."""
     return {

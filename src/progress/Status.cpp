@@ -27,6 +27,7 @@ constexpr int kNotViewedColor = 0x000000, kWhite = 0xFFFFFF;
 constexpr const char* kHelpFile = "\\StatusHelp.rtf";
 
 namespace Layout {  // twips at 15 per pixel
+constexpr DialogSkin Skin{14400, 8100, "CheckProgress.jpg"};
 constexpr Place Grids[] = {{2880, 1440, 5460, 5655}, {8460, 1440, 5460, 5655}};
 constexpr double ColumnWidth = 7695;  // wider than the grid, so that a row's end never shows
 constexpr double GridPoints = 9;
@@ -72,7 +73,7 @@ void ApplyViewedLook(FlexGrid& grid) {
 
 // The controls stand in the order of the Tab key: the lists, what they tell, the buttons.
 Status::Status()
-    : DialogForm(QStringLiteral("Status"), kWideDialogSkin, QStringLiteral("Backdrop")),
+    : DialogForm(QStringLiteral("Status"), Layout::Skin, QStringLiteral("Backdrop")),
       captions_(Backdrop(), kLabels) {
   AddGrid(kModules);
   AddGrid(kTopics);
