@@ -75,10 +75,10 @@ QString Row(const char* slice, int row) {
   return QStringLiteral("%1(%2)").arg(QString::fromLatin1(slice)).arg(row);
 }
 
-// Does `work` and waits until `row` has been painted and everything due is done.
+// Does `work` and waits until `part` has been painted and everything due is done.
 template <typename Work>
-void TakeUntilPainted(Times& times, benchmark::State& state, QWidget* row, Work&& work) {
-  PaintWatch watch(row);
+void TakeUntilPainted(Times& times, benchmark::State& state, QWidget* part, Work&& work) {
+  PaintWatch watch(part);
   times.Take(state, [&] {
     work();
     if (!watch.Await()) state.SkipWithError("no picture came");
@@ -102,7 +102,7 @@ void OpenTopics(benchmark::State& state) {
   PutTemporaryFoldersIn(kTmpfs);
   Times times;
   for (auto _ : state) {
-    Crowd crowd;  // anew: the rows are made at the first opening
+    Crowd crowd;  // anew: the first opening makes the rows
     crowd.Click("Modules");
     crowd.Point(Row("MenuSlice", 0));
     crowd.Clock().Advance(kTopicDelay - 1);
@@ -130,7 +130,7 @@ void NextRow(benchmark::State& state, const char* slice, int rows) {
 }
 
 // A step of the arrow that is held.
-void ScrollStep(benchmark::State& state, const char* arrow, const char* slice, int repeat) {
+void ScrollStep(benchmark::State& state, const char* arrow, const char* frame, int repeat) {
   PutTemporaryFoldersIn(kTmpfs);
   Crowd crowd;
   crowd.Click("Modules");
@@ -145,10 +145,9 @@ void ScrollStep(benchmark::State& state, const char* arrow, const char* slice, i
   crowd.Clock().Advance(kTopicDelay);
   Gui::Settle();
   Times times;
-  int lowest = 11;
   for (auto _ : state) {
-    ++lowest;
-    TakeUntilPainted(times, state, crowd.Widget(Row(slice, lowest)), [&] { crowd.Clock().Advance(repeat); });
+    TakeUntilPainted(times, state, crowd.Widget(QString::fromLatin1(frame)),
+                     [&] { crowd.Clock().Advance(repeat); });
   }
   times.ReportTailAim(state, kRowAim);
 }
@@ -165,11 +164,11 @@ BENCHMARK_CAPTURE(NextRow, topic, "TopicSlice", 10)
     ->UseManualTime()
     ->Iterations(kMoves)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(ScrollStep, module, "MenuScrlDwn", "MenuSlice", 200)
+BENCHMARK_CAPTURE(ScrollStep, module, "MenuScrlDwn", "MenuFrame", 200)
     ->UseManualTime()
     ->Iterations(kMoves)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(ScrollStep, topic, "TopicScrlDwn", "TopicSlice", 90)
+BENCHMARK_CAPTURE(ScrollStep, topic, "TopicScrlDwn", "TopicFrame", 90)
     ->UseManualTime()
     ->Iterations(kMoves)
     ->Unit(benchmark::kMillisecond);

@@ -1,5 +1,6 @@
 #include "coursescreen/SlideMenu.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "frame/Captions.h"
@@ -66,19 +67,29 @@ void SlideMenu::AddRow() {
 }
 
 void SlideMenu::SetRows(const QStringList& captions) {
-  for (int i = 0; i < captions.size(); ++i) {
-    if (i >= static_cast<int>(rows_.size())) AddRow();
-    SkinButton& row = Row(i);
-    row.SetCaption(captions.at(i));
-    row.setToolTip(row.Caption()->toolTip());  // the whole text of one that is cut off
+  captions_ = captions;
+  for (int row = 0; row < Count() && IsMade(row); ++row)
+    ShowCaption(row);
+  MakeRowsTo(std::min(Count(), kWindowRows));
+  frame_->SetHeight(RowStep() * Count() - Gap());
+}
+
+void SlideMenu::MakeRowsTo(int count) {
+  while (!IsMade(count - 1)) {
+    AddRow();
+    ShowCaption(static_cast<int>(rows_.size()) - 1);
   }
-  count_ = static_cast<int>(captions.size());
-  frame_->SetHeight(RowStep() * count_ - Gap());
+}
+
+void SlideMenu::ShowCaption(int row) {
+  SkinButton& slice = Row(row);
+  slice.SetCaption(captions_.at(row));
+  slice.setToolTip(slice.Caption()->toolTip());  // the whole text of one that is cut off
 }
 
 void SlideMenu::UnloadRows() {
   rows_.resize(1);
-  count_ = 1;
+  captions_.clear();
   hover_ = -1;
 }
 
@@ -128,9 +139,9 @@ void SlideMenu::PutOut(int row) {
 }
 
 int SlideMenu::Neighbour(int direction) const {
-  const int start = hover_ < 0 && direction < 0 ? count_ : hover_;
-  for (int row = start + direction; row >= 0 && row < count_; row += direction) {
-    if (Row(row).Enabled()) return row;
+  const int start = hover_ < 0 && direction < 0 ? Count() : hover_;
+  for (int row = start + direction; row >= 0 && row < Count(); row += direction) {
+    if (!IsDisabled(row)) return row;
   }
   return hover_;
 }
@@ -140,10 +151,11 @@ void SlideMenu::Announce(int row) const {
 }
 
 bool SlideMenu::ScrollDown() {
-  if (bottomRow_ >= count_) return false;
+  if (bottomRow_ >= Count()) return false;
   ++bottomRow_;
+  MakeRowsTo(bottomRow_);
   frame_->SetTop(frame_->Top() - RowStep());
-  return bottomRow_ < count_;
+  return bottomRow_ < Count();
 }
 
 bool SlideMenu::ScrollUp() {

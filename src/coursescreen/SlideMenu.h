@@ -39,14 +39,15 @@ class SlideMenu {
   SlideMenu(const SlideMenu&) = delete;
   SlideMenu& operator=(const SlideMenu&) = delete;
 
-  // One row for each caption, the first in row 0. Rows of an earlier, longer list stay loaded, beyond the
-  // frame's edge.
+  // One row for each caption, the first in row 0. A row is made when it first comes into the window; rows of
+  // an earlier, longer list stay loaded, beyond the frame's edge.
   void SetRows(const QStringList& captions);
   // Unloads all rows but row 0; none is pointed at any more.
   void UnloadRows();
-  int Count() const { return count_; }
+  int Count() const { return static_cast<int>(captions_.size()); }
+  // A row that has been in the window.
   SkinButton& Row(int row) const { return *rows_.at(static_cast<size_t>(row)); }
-  QString Caption(int row) const { return Row(row).Caption()->Caption(); }
+  const QString& Caption(int row) const { return captions_.at(row); }
   // A disabled row has its look, and reacts to nothing.
   void DisableRow(int row);
 
@@ -94,13 +95,17 @@ class SlideMenu {
   Event<int> RowClick;
 
  private:
+  bool IsMade(int row) const { return row < static_cast<int>(rows_.size()); }
+  bool IsDisabled(int row) const { return IsMade(row) && !Row(row).Enabled(); }
   void AddRow();
+  void MakeRowsTo(int count);
+  void ShowCaption(int row);
 
   MenuDesign design_;
   PictureBox* window_;
   PictureBox* frame_;
   std::vector<std::unique_ptr<SkinButton>> rows_;
-  int count_ = 1;
+  QStringList captions_;
   int hover_ = -1;
   int bottomRow_ = kWindowRows;
 };

@@ -37,9 +37,10 @@ class MenusTest : public ProgramTest {
   static Look LookOf(const QString& name) { return Gui::Find<SkinButton>(Screen1(), name)->Shown(); }
   static QStringList Lit(const QString& slice, int count) {
     QStringList lit;
-    for (int row = 0; row < count; ++row) {
-      const QString name = slice + QStringLiteral("(%1)").arg(row);
-      if (LookOf(name) == Look::On) lit.append(name);
+    for (int i = 0; i < count; ++i) {
+      const QString name = slice + QStringLiteral("(%1)").arg(i);
+      const auto* row = dynamic_cast<SkinButton*>(Screen1().findChild<QWidget*>(name));
+      if (row != nullptr && row->Shown() == Look::On) lit.append(name);
     }
     return lit;
   }
@@ -86,9 +87,10 @@ TEST_P(WindowsTest, StandOnTheirLowerEdgesAndScrollBeyondTenRows) {
   EXPECT_EQ(Visible("MenuScrlDwn"), expected.Scrolls);
   EXPECT_EQ(Visible("TopicScrlDwn"), expected.Scrolls);
   EXPECT_FALSE(Visible("MenuScrlUp") || Visible("TopicScrlup"));
-  const QString last = QStringLiteral("(%1)").arg(expected.Rows - 1);
-  EXPECT_EQ(PlaceOf(qPrintable("MenuSlice" + last)), QRect(0, 37 * (expected.Rows - 1), 347, 33));
-  EXPECT_EQ(PlaceOf(qPrintable("TopicSlice" + last)), QRect(0, 37 * (expected.Rows - 1), 326, 33));
+  const int lowest = std::min(expected.Rows, SlideMenu::kWindowRows) - 1;
+  const QString last = QStringLiteral("(%1)").arg(lowest);
+  EXPECT_EQ(PlaceOf(qPrintable("MenuSlice" + last)), QRect(0, 37 * lowest, 347, 33));
+  EXPECT_EQ(PlaceOf(qPrintable("TopicSlice" + last)), QRect(0, 37 * lowest, 326, 33));
   EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2" + last)->geometry(),
             Gui::Find<Label>(Screen1(), "Label2(0)")->geometry());
 }
@@ -212,6 +214,8 @@ TEST_F(MenusTest, ElevenModulesTakeOneStepAndTheArrowGoesWithTheSecondPress) {
   };
   press("MenuScrlDwn");
   EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
+  EXPECT_EQ(PlaceOf("MenuSlice(10)"), QRect(0, 370, 347, 33));
+  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2(10)")->Caption(), "Module 10");
   EXPECT_TRUE(Visible("MenuScrlDwn") && Visible("MenuScrlUp"));
   press("MenuScrlDwn");
   EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
