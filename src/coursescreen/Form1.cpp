@@ -83,7 +83,7 @@ Form1::Form1()
       menus_(*this,
              {picture2_, modules_, toolBar_But_, exit_Pic_, return_Btn_, prev_, nextBtn_, label1_,
               courseNameLbl_, txTextControl1_},
-             pages_, hover_),
+             pages_, hover_, toolTip_),
       links_(*this, *txTextControl1_, pages_),
       buttonHover_(
           {nextBtn_, prev_, return_Btn_, exit_Pic_, min_btn_, toolBar_But_, modules_,

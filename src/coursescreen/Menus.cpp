@@ -1,6 +1,7 @@
 #include "coursescreen/Menus.h"
 
 #include "coursescreen/PageTurning.h"
+#include "coursescreen/ToolTip.h"
 #include "frame/ResConstants.h"
 #include "frame/TextTable.h"
 #include "platform/forms/Form.h"
@@ -19,7 +20,7 @@ PictureBox* AddFocusSink(PictureBox* container) {
 
 }  // namespace
 
-Menus::Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover)
+Menus::Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover, ToolTip& tip)
     : form_(form),
       controls_(controls),
       pages_(pages),
@@ -30,7 +31,11 @@ Menus::Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover
   controls_.Modules->Click = [this] { ModLabelClick(); };
   controls_.ToolBar_But->Click = [this] { toolBarButClick(); };
   toolbar_.ItemChosen = [this] { CloseAllMenus(); };
-  topics_.RowReached = [this](int row) {
+  // A row replaces the button that the pointer came from before that one's leave has hidden its tip.
+  modules_.RowReached = [&tip](int) { tip.HideToolTip(); };
+  toolbar_.RowReached = [&tip](int) { tip.HideToolTip(); };
+  topics_.RowReached = [this, &tip](int row) {
+    tip.HideToolTip();
     modules_.LeaveArrows();
     TopicMoveProc(row);
   };

@@ -6,6 +6,7 @@
 #include "coursescreen/TopicMenu.h"
 
 class TextControl;
+class ToolTip;
 
 // The controls of the course screen that open or close a menu.
 struct MenuControls {
@@ -18,7 +19,7 @@ struct MenuControls {
 
 class Menus {
  public:
-  Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover);
+  Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover, ToolTip& tip);
 
   // When the screen loads, with its course open.
   void Build();

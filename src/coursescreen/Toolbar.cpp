@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "coursescreen/ButtonPictures.h"
 #include "coursescreen/Hover.h"
 #include "coursescreen/PageTurning.h"
 #include "frame/ProgramState.h"
@@ -84,7 +85,10 @@ void Toolbar::SlideToolbarMenuOpen() {
 }
 
 void Toolbar::CloseToolbarMenu() {
-  if (menu_.IsOpen()) IgnoreErrors([this] { button_.Show(SkinButton::Look::Off); });
+  if (menu_.IsOpen()) {
+    button_.SetImages(kToolbarOpenImages);
+    IgnoreErrors([this] { button_.Show(SkinButton::Look::Off); });
+  }
   menu_.Close();
   menu_.PutOut(menu_.Hover());
 }

@@ -332,6 +332,16 @@ TEST_F(MenusTest, EscapeClosesAnOpenMenuAndAsksOnlyBehindIt) {
   EXPECT_EQ(messages.Take().size(), 1);
 }
 
+TEST_F(MenusTest, ARowHidesTheTipOfTheButtonThatThePointerCameFrom) {
+  Read(2);
+  Click("Modules");
+  Point("NextBtn");
+  clock.Advance(700);
+  EXPECT_TRUE(Visible("ToolTip"));
+  Point("MenuSlice(0)");
+  EXPECT_FALSE(Visible("ToolTip"));
+}
+
 TEST_F(MenusTest, RowsAreMenuItemsWithTheirNames) {
   Read(2);
   Click("Modules");
