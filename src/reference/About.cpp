@@ -84,10 +84,6 @@ void About::Form_MouseMove() {
   if (picture1_->HasFocus()) Backdrop()->SetFocus();
 }
 
-void About::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key == Qt::Key_Return && picture1_->Shown() == SkinButton::Look::On) Picture1_Click();
-}
-
 void About::Picture1_Click() {
   picture1_->Show(SkinButton::Look::Off);
   Unload();

@@ -66,10 +66,6 @@ void Help::Form_MouseMove() {
   if (command1_->HasFocus()) Backdrop()->SetFocus();
 }
 
-void Help::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key == Qt::Key_Return && command1_->HasFocus()) Command1_Click();
-}
-
 void Help::Command1_Click() {
   command1_->Show(SkinButton::Look::Off);
   Hide();

@@ -24,7 +24,6 @@ class Help final : public DialogForm {
   void Form_Deactivate() override;
   bool Form_QueryUnload(UnloadMode mode) override;
   void Form_MouseMove() override;
-  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
   void Command1_Click();
