@@ -13,7 +13,7 @@ SKIN = Path(__file__).resolve().parent.parent / "skin"
 sys.path.insert(0, str(SKIN))
 sys.dont_write_bytecode = True
 
-from draw import backgrounds, controls  # noqa: E402
+from draw import avi, backgrounds, controls, waiting  # noqa: E402
 
 ICON_SIZES = (64, 256)
 
@@ -30,6 +30,7 @@ def all_pictures():
         backgrounds.course_screen,
         backgrounds.glossary,
         backgrounds.splash,
+        waiting.wait_window,
     )
     made = {}
     for make in makers:
@@ -53,6 +54,14 @@ def render_jpeg(source, target):
         subprocess.run(["cjpeg", *options, "-outfile", target, ppm], check=True)
 
 
+def render_frame(text):
+    """A picture of a movie, in the colours that players of such movies expect."""
+    png = subprocess.run(["rsvg-convert"], input=text.encode(), capture_output=True, check=True).stdout
+    ppm = subprocess.run(["convert", "png:-", "-depth", "8", "ppm:-"], input=png, capture_output=True, check=True).stdout
+    options = ["-quality", "90", "-sample", "1x1"]
+    return subprocess.run(["cjpeg", *options], input=ppm, capture_output=True, check=True).stdout
+
+
 def main():
     sources, images = SKIN / "svg", SKIN / "GUIimages"
     sources.mkdir(exist_ok=True)
@@ -61,6 +70,8 @@ def main():
         source = sources / f"{name}.svg"
         source.write_text(text, encoding="utf-8")
         render_jpeg(source, images / f"{name}.jpg")
+    frames = [render_frame(text) for text in waiting.movie()]
+    (images / "transmit.avi").write_bytes(avi.avi(frames, *waiting.SCENE, waiting.PER_SECOND))
     for name, text in backgrounds.icon().items():
         source = sources / f"{name}.svg"
         source.write_text(text, encoding="utf-8")

@@ -8,10 +8,10 @@ BUTTON_STRIP = 60
 SPINE = 10  # width of the book's back along a dialog's left side
 
 
-def dialog(width, height):
-    """Header, white body with a book's back at its left, and the strip for the buttons."""
+def dialog(width, height, header=DIALOG_HEADER):
+    """Header, white body with a book's back at its left, and the strip for the buttons. A header of 0 is none."""
     strip = height - BUTTON_STRIP
-    top = DIALOG_HEADER + 3
+    top = header + 3
     ribs = [box(0, at, SPINE, 3, "#B8B8F4") for at in (top + 14, top + 20, strip - 23, strip - 17)]
     return picture(
         width,
@@ -20,15 +20,15 @@ def dialog(width, height):
         box(0, top, SPINE, strip - top, LIGHT),
         box(SPINE, top, 1, strip - top, "#B8B8F4"),
         *ribs,
-        grey_bar(width, DIALOG_HEADER),
-        accent(width, DIALOG_HEADER),
+        grey_bar(width, header) if header else "",
+        accent(width, header),
         box(0, strip, width, 1, HAIRLINE),
     )
 
 
 def dialogs():
     sizes = {"Dialog": (520, 360), "DialogWide": (960, 540), "DialogTall": (640, 520), "Question": (1024, 768)}
-    return {name: dialog(*size) for name, size in sizes.items()}
+    return {name: dialog(*size) for name, size in sizes.items()} | {"Printer": dialog(460, 220, header=0)}
 
 
 def check_progress():

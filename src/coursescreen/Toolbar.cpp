@@ -5,6 +5,7 @@
 #include "coursescreen/ButtonPictures.h"
 #include "coursescreen/Hover.h"
 #include "coursescreen/PageTurning.h"
+#include "desktop/frmPrinterDialog.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/Screens.h"
@@ -105,8 +106,9 @@ void Toolbar::PointAtNext(int direction) {
   menu_.Announce(row);
 }
 
-// Printing has no screen yet.
-void Toolbar::PrintPage() {}
+void Toolbar::PrintPage() {
+  ShowPrintDlg({}, kPrintPage);
+}
 
 void Toolbar::CheckProgress() {
   gScreens.ShowProgress();

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "desktop/OpenDocument.h"
+#include "desktop/frmPrinterDialog.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
@@ -160,9 +161,9 @@ void Repository::List1_DblClick() {
   OpenDocument(SourceOf(list1_->Text()), kShownNormally, {}, {}, kVerbOpen);
 }
 
-// An attachment is not printed yet: the printer dialog belongs here.
 void Repository::Print_Btn_MouseUp() {
   print_Btn_->Show(Look::Off);
+  IgnoreErrors([this] { ShowPrintDlg(SourceOf(list1_->Text()), kPrintFile); });
 }
 
 void Repository::Detach_Btn_MouseUp() {

@@ -14,6 +14,7 @@
 #include "support/Errors.h"
 #include "support/Opened.h"
 #include "support/Program.h"
+#include "support/TestPrinters.h"
 
 namespace {
 
@@ -112,6 +113,17 @@ TEST_F(RepositoryTest, TheTabKeyReachesEveryButton) {
     Gui::Key(repository, Qt::Key_Tab);
   }
   EXPECT_EQ(reached, QStringList({"List1", "View_Btn", "Print_Btn", "Detach_Btn", "Help_Btn", "Cancel_Btn"}));
+}
+
+TEST_F(RepositoryTest, PrintAsksForAPrinterAndPrintsTheAttachment) {
+  const TestPrinters printers(store.PathBeside("printed.pdf"));
+  Repository& repository = OpenAndSelect();
+  script.When("frmPrinterDialog", [](Form& dialog) {
+    EXPECT_TRUE(dialog.isModal());
+    Gui::Click(dialog, "cmdOK");
+  });
+  Gui::Click(repository, "Print_Btn");
+  EXPECT_EQ(opened.Take(), QStringList("print " + store.Path("Repository/1/guide.doc") + " (1)"));
 }
 
 TEST_F(RepositoryTest, AnAttachmentIsOpenedByTheButtonByEnterAndByADoubleClick) {

@@ -10,6 +10,13 @@ ComboBox::ComboBox(QWidget* container, const QString& name)
   setMaxVisibleItems(10);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // the place is the form's matter
   view()->setTextElideMode(Qt::ElideRight);
+  connect(this, &QComboBox::currentTextChanged, this, [this] { Change.Raise(); });
+}
+
+void ComboBox::AllowTyping() {
+  setEditable(true);
+  setInsertPolicy(QComboBox::NoInsert);
+  setCompleter(nullptr);  // what is typed stands
 }
 
 void ComboBox::AddItems(const QStringList& items) {

@@ -7,12 +7,18 @@
 
 namespace {
 
-constexpr int kLine = 0xE4D0D0, kGround = 0xFFFAFA;
-constexpr double kRadius = 4;  // pixels
+constexpr int kLine = 0xE4D0D0, kGround = 0xFFFAFA, kCaptionColour = 0xB24747;
+constexpr double kRadius = 4, kCaptionLeft = 14, kCaptionTop = 10;  // pixels
+constexpr double kCaptionPoints = 10;
 
 }  // namespace
 
 Frame::Frame(QWidget* container, const QString& name) : QGroupBox(container), Control(this, name) {}
+
+void Frame::SetCaption(const QString& caption) {
+  setTitle(caption);
+  SetAccessibleName(caption);
+}
 
 void Frame::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -20,6 +26,12 @@ void Frame::paintEvent(QPaintEvent*) {
   painter.setPen(Screen::Colour(kLine));
   painter.setBrush(Screen::Colour(kGround));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  QFont bold(QStringLiteral("Arial"));
+  bold.setPointSizeF(kCaptionPoints);
+  bold.setBold(true);
+  painter.setFont(bold);
+  painter.setPen(Screen::Colour(kCaptionColour));
+  painter.drawText(QRectF(rect()).adjusted(kCaptionLeft, kCaptionTop, 0, 0), title());
 }
 
 void Frame::mouseMoveEvent(QMouseEvent* event) {

@@ -6,6 +6,10 @@
 #include "platform/forms/Screen.h"
 #include "platform/forms/WrappedText.h"
 
+QString WithoutKey(QString caption) {
+  return caption.remove(u'&');
+}
+
 Label::Label(QWidget* container, const QString& name)
     : QLabel(container), Control(this, name, ControlKind::Label) {
   setTextFormat(Qt::PlainText);  // a caption is never markup
@@ -16,9 +20,15 @@ Label::Label(QWidget* container, const QString& name)
 
 void Label::SetCaption(const QString& caption) {
   caption_ = caption;
-  SetAccessibleName(caption);
+  SetAccessibleName(buddy() != nullptr ? WithoutKey(caption) : caption);
   ShowCaption();
   FitHeight();
+}
+
+bool Label::event(QEvent* event) {
+  const bool done = QLabel::event(event);
+  if (event->type() == QEvent::Shortcut) KeyPressed.Raise();
+  return done;
 }
 
 void Label::SetAutoSize(bool autoSize) {

@@ -6,6 +6,9 @@
 
 #include "platform/forms/Control.h"
 
+// A caption without the "&" that marks its key.
+QString WithoutKey(QString caption);
+
 class Label : public QLabel, public Control {
  public:
   Label(QWidget* container, const QString& name);
@@ -20,11 +23,17 @@ class Label : public QLabel, public Control {
   void SetAutoSize(bool autoSize);
   void SetUnderline(bool underline);
 
+  // The letter behind the caption's "&" stands underlined, and Alt with it gives `control` the focus and
+  // raises KeyPressed. To be told before the caption.
+  void SetKeyFor(QWidget* control) { setBuddy(control); }
+  Event<> KeyPressed;
+
   // Arial in points.
   void SetFont(double points, bool bold);
 
  protected:
   void ColoursChanged() override;
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 

@@ -8,7 +8,8 @@ class QPrinter;
 // What the dialog offers, and what was chosen in it once it was accepted.
 struct PrintDialog {
   // Flags, added up.
-  static constexpr int kNoSelection = 0x4;           // no choice of "selection"
+  static constexpr int kNoSelection = 0x4;      // no choice of "selection"
+  static constexpr int kReturnContext = 0x100;  // the printer is painted on afterwards; no other way here
   static constexpr int kHidePrintToFile = 0x100000;  // no box for printing into a file
 
   int Copies = 1;

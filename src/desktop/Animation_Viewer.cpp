@@ -1,0 +1,47 @@
+#include "desktop/Animation_Viewer.h"
+
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/Paths.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/SkinButton.h"
+
+namespace {
+
+namespace Layout {  // pixels, on every display
+constexpr double Width = 340, Height = 150;
+constexpr Place Label1{24, 108, 292, 24};
+constexpr double Points = 10;
+}  // namespace Layout
+
+constexpr int kTextColour = 0x333333;
+
+void PlaceInPixels(Control& control, const Place& place) {
+  const double x = Screen::TwipsPerPixelX(), y = Screen::TwipsPerPixelY();
+  control.Move(place.Left * x, place.Top * y, place.Width * x, place.Height * y);
+}
+
+}  // namespace
+
+Animation_Viewer::Animation_Viewer()
+    : Form(QStringLiteral("Animation_Viewer"), FormFrame::Framed),
+      picture1_(new PictureBox(this, QStringLiteral("Picture1"))),
+      label1_(new Label(picture1_, QStringLiteral("Label1"))) {
+  SetSize(Layout::Width * Screen::TwipsPerPixelX(), Layout::Height * Screen::TwipsPerPixelY());
+  PlaceInPixels(*picture1_, {0, 0, Layout::Width, Layout::Height});
+  IgnoreErrors([this] { picture1_->SetPicture(SkinPicture(QStringLiteral("Wait.jpg"))); });
+  PlaceInPixels(*label1_, Layout::Label1);
+  label1_->SetFont(Layout::Points, true);
+  label1_->SetForeColor(kTextColour);
+  label1_->setAlignment(Qt::AlignCenter);
+}
+
+void Animation_Viewer::LoadAnimatedGif(const QString& file, const QString& title, const QString& label) {
+  SetCaption(title);
+  label1_->SetCaption(label);
+  if (!ProgramFileExists(file)) throw RunTimeError(Describe("file-missing", file));
+}
+
+void Animation_Viewer::CloseAnimatedGif() {
+  Unload();
+}
