@@ -87,6 +87,7 @@ void ButtonHover::PutOutToolbarBeside() {
 }
 
 void ButtonHover::LightModules() {
+  buttons_.ModulesReached();
   Light(buttons_.Modules, TipOfLabelled(kResModules), [this] {
     if (!buttons_.ModuleMenuOpen()) PutOut(buttons_.Modules);
   });

@@ -19,6 +19,7 @@ struct HoverButtons {
   SkinButton* Modules;
   std::function<bool()> ToolbarFrameVisible;
   std::function<bool()> ModuleMenuOpen;
+  std::function<void()> ModulesReached;
 };
 
 class ButtonHover {

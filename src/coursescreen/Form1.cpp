@@ -85,10 +85,10 @@ Form1::Form1()
               courseNameLbl_, txTextControl1_},
              pages_, hover_, toolTip_),
       links_(*this, *txTextControl1_, pages_),
-      buttonHover_(
-          {nextBtn_, prev_, return_Btn_, exit_Pic_, min_btn_, toolBar_But_, modules_,
-           [this] { return menus_.Tools().FrameVisible(); }, [this] { return menus_.ModuleMenuIsOpen(); }},
-          hover_, toolTip_),
+      buttonHover_({nextBtn_, prev_, return_Btn_, exit_Pic_, min_btn_, toolBar_But_, modules_,
+                    [this] { return menus_.Tools().FrameVisible(); },
+                    [this] { return menus_.ModuleMenuIsOpen(); }, [this] { menus_.ModulesReached(); }},
+                   hover_, toolTip_),
       keyboard_(*this, menus_, *nextBtn_, *prev_, *return_Btn_) {
   SetSize(Layout::Picture2.Width, Layout::Picture2.Height);
   txTextControl1_->Move(Layout::TXTextControl1);

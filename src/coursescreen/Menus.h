@@ -33,6 +33,8 @@ class Menus {
   void TopicMoveProc(int row);
   void TopicClickProc(int row);
   void CloseAllMenus();
+  // The pointer has come upon the button of the modules.
+  void ModulesReached() { modules_.StopScrollingDown(); }
   bool ModuleMenuIsOpen() const { return modules_.IsOpen(); }
 
   // Up and Down point at the next row of the open menu, Enter chooses it: an item, a topic, or a module,

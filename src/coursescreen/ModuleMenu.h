@@ -37,6 +37,7 @@ class ModuleMenu {
   // Whether the topics of the module pointed at are open.
   bool TopicsAreOpen() const;
   void StopWaiting() { timer4_.SetEnabled(false); }
+  void StopScrollingDown() { menuScrlDwn_.Stop(); }
 
   // No arrow scrolls any more, and both look so.
   void LeaveArrows();

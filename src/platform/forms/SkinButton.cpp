@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr double kCaptionHeight = 255;  // twips: one line of the caption's font
-constexpr int kFrameInset = 4;          // pixels from the edge of the picture to the focus frame
+constexpr double kCaptionHeight = 255;            // twips: one line of the caption's font
+constexpr int kFrameWidth = 2, kFrameRadius = 5;  // pixels, of the focus frame along the picture's edge
 constexpr int kFrameColour = 0xFFFFFF, kLitFrameColour = 0x333333;
 
 class AccessibleButton final : public QAccessibleWidget {
@@ -120,8 +120,10 @@ void SkinButton::paintEvent(QPaintEvent* event) {
   PictureBox::paintEvent(event);
   if (!framed_) return;
   QPainter painter(this);
-  painter.setPen(QPen(Screen::Colour(look_ == Look::On ? kLitFrameColour : kFrameColour), 1, Qt::DotLine));
-  painter.drawRect(rect().adjusted(kFrameInset, kFrameInset, -kFrameInset - 1, -kFrameInset - 1));
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(Screen::Colour(look_ == Look::On ? kLitFrameColour : kFrameColour), kFrameWidth));
+  const int inset = kFrameWidth / 2;
+  painter.drawRoundedRect(rect().adjusted(inset, inset, -inset, -inset), kFrameRadius, kFrameRadius);
 }
 
 void SkinButton::mouseMoveEvent(QMouseEvent* event) {
