@@ -15,6 +15,7 @@ import visit_progress
 from program_run import (CLOSE_WINDOW, COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, PROGRESS, REGISTER,
                          SPLASH)
 from store_files import USER_DATA, read_courses
+from visit_buttons import point_at_the_buttons
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
 from visit_glossary import look_up_a_word
 from visit_links import Links, NotedOpener
@@ -158,6 +159,7 @@ class Visit:
         links.run()
         last = self.read_to_the_end()
         self.go_back_and_return()
+        point_at_the_buttons(self)
         MenuVisit(self, last).run()
         look_up_a_word(self)
         use_the_references(self, opener)
