@@ -120,9 +120,7 @@ int frmPrinterDialog::SelectedEntry() const {
 
 void frmPrinterDialog::cmdOK_Click() {
   const QString name = cboPrinters_->List(SelectedEntry());
-  const bool found = std::any_of(printers_.begin(), printers_.end(),
-                                 [&name](const PrinterEntry& printer) { return printer.DeviceName == name; });
-  if (!found) return;
+  if (!IsAmong(printers_, name)) return;
   SetCurrentPrinter(name);
   Unload();
   if (mPrintMode == kPrintFile) {
@@ -165,6 +163,10 @@ void frmPrinterDialog::ShellPrint() {
       PrintPage();
     }
   });
+}
+
+void SetDefaultPrinterWinNT(const QString& printer) {
+  if (IsAmong(Printers(), printer)) PrinterSystem::Current().SetDefaultPrinter(printer);
 }
 
 bool InitPrintDlg(const QString& file, int mode) {

@@ -43,6 +43,9 @@ class frmPrinterDialog final : public DialogForm {
   int mPrintMode = kPrintPage;
 };
 
+// Makes a printer the desktop's default, which nothing undoes. A name that no printer has changes nothing.
+void SetDefaultPrinterWinNT(const QString& printer);
+
 // Prepares the dialog for a file or, with an empty text, for the page. False when no printer is installed,
 // behind a message that says so.
 bool InitPrintDlg(const QString& file, int mode);

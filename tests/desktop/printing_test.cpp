@@ -227,6 +227,13 @@ TEST_F(PrintingTest, APictureFillsTheSheetOneWay) {
   }
 }
 
+TEST_F(PrintingTest, OnlyAnInstalledPrinterBecomesTheDefault) {
+  SetDefaultPrinterWinNT("none such");
+  EXPECT_EQ(CurrentPrinter(), "Counter");
+  SetDefaultPrinterWinNT("Office");
+  EXPECT_EQ(CurrentPrinter(), "Office");
+}
+
 TEST_F(PrintingTest, TheSystemsDialogPrintsTooAndIsQuietWhenCancelled) {
   ReadAs("Ann", "Lee");
   bool accepted = false;

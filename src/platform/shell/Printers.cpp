@@ -38,11 +38,6 @@ QString& Chosen() {
   return chosen;
 }
 
-bool IsAmong(const QList<PrinterEntry>& printers, const QString& deviceName) {
-  return std::any_of(printers.begin(), printers.end(),
-                     [&deviceName](const PrinterEntry& printer) { return printer.DeviceName == deviceName; });
-}
-
 }  // namespace
 
 PrinterSystem& PrinterSystem::Current() {
@@ -57,6 +52,11 @@ void PrinterSystem::Replace(PrinterSystem* system) {
 
 QList<PrinterEntry> Printers() {
   return PrinterSystem::Current().Printers();
+}
+
+bool IsAmong(const QList<PrinterEntry>& printers, const QString& deviceName) {
+  return std::any_of(printers.begin(), printers.end(),
+                     [&deviceName](const PrinterEntry& printer) { return printer.DeviceName == deviceName; });
 }
 
 QString CurrentPrinter() {

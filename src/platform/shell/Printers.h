@@ -26,13 +26,14 @@ class PrinterSystem {
   virtual QList<PrinterEntry> Printers() = 0;
   // The name of the desktop's default printer, empty when it has none.
   virtual QString DefaultPrinter() = 0;
-  // Makes a printer the desktop's default. A name that no printer has changes nothing.
+  // Makes an installed printer the desktop's default.
   virtual void SetDefaultPrinter(const QString& deviceName) = 0;
   virtual std::unique_ptr<QPrinter> Open(const QString& deviceName) = 0;
 };
 
 // All printers, in the order in which the desktop tells them.
 QList<PrinterEntry> Printers();
+bool IsAmong(const QList<PrinterEntry>& printers, const QString& deviceName);
 
 // The printer that the program prints on: the one chosen in this run, else the desktop's default, else the
 // first. RunTimeError when none is installed.
