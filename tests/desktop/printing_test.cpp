@@ -100,9 +100,12 @@ TEST_F(PrintingTest, AnEntryWithoutAPrinterKeepsTheDialog) {
 TEST_F(PrintingTest, WithoutAPrinterThereIsAMessageAndNoDialog) {
   printers.Installed.clear();
   ReadAs("Ann", "Lee");
+  const QStringList none(
+      "The Tallowmere Manager does not detect any printer currently installed on this machine.");
   ChoosePrintPage();
-  EXPECT_EQ(messages.Take(), QStringList("The Tallowmere Manager does not detect any printer currently "
-                                         "installed on this machine."));
+  EXPECT_EQ(messages.Take(), none);
+  Gui::Key(Default<Form1>(), Qt::Key_P, Qt::AltModifier);
+  EXPECT_EQ(messages.Take(), none);
   EXPECT_EQ(LoadedForm<frmPrinterDialog>(), nullptr);
 }
 
