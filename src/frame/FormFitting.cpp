@@ -6,16 +6,15 @@
 
 namespace {
 
-constexpr double kDesignScale = 15;                 // twips per pixel
 constexpr double kLabelGrowth = 5, kLabelLift = 3;  // pixels
 
 Place Scaled(const Control& control, double scaleX, double scaleY) {
-  const double left = control.Left() / kDesignScale * scaleX;
-  const double top = control.Top() / kDesignScale * scaleY;
-  const double width = control.Width() / kDesignScale * scaleX;
-  const double height = control.Height() / kDesignScale * scaleY;
+  const double left = control.Left() / Screen::kDesignScale * scaleX;
+  const double top = control.Top() / Screen::kDesignScale * scaleY;
+  const double width = control.Width() / Screen::kDesignScale * scaleX;
+  const double height = control.Height() / Screen::kDesignScale * scaleY;
   if (control.Kind() == ControlKind::ComboBox) return {left, top, width, control.Height()};
-  if (control.Kind() == ControlKind::Label && scaleX != kDesignScale) {
+  if (control.Kind() == ControlKind::Label && scaleX != Screen::kDesignScale) {
     return {left, top - kLabelLift * scaleY, width, height + kLabelGrowth * scaleY};
   }
   return {left, top, width, height};
@@ -25,10 +24,11 @@ Place Scaled(const Control& control, double scaleX, double scaleY) {
 
 void ScaleFormToDisplay(Form& form) {
   const double scaleX = Screen::TwipsPerPixelX(), scaleY = Screen::TwipsPerPixelY();
-  const double width = form.Width() / kDesignScale * scaleX;
-  const double height = form.Height() / kDesignScale * scaleY;
+  const double width = form.Width() / Screen::kDesignScale * scaleX;
+  const double height = form.Height() / Screen::kDesignScale * scaleY;
   if (form.HasPlace()) {
-    form.Move(form.Left() / kDesignScale * scaleX, form.Top() / kDesignScale * scaleY, width, height);
+    form.Move(form.Left() / Screen::kDesignScale * scaleX, form.Top() / Screen::kDesignScale * scaleY, width,
+              height);
   } else {
     form.SetSize(width, height);
   }

@@ -35,8 +35,8 @@ ResumeLine ReadResumeLine(const QString& folderName, const QString& courseName);
 
 // Adds the topic to the module's line, or a line for the module, and moves the resume line. Without a
 // first name the learner's folder is `folderName`, where that is given; with no name at all nothing is
-// recorded. The file must
-// exist, except in ALL MODULES mode. Damage anywhere in the file is refused and nothing is written.
+// recorded. The file must exist, except in ALL MODULES mode. Damage anywhere in the file is refused and
+// nothing is written.
 void RecordModuleProgress(const QString& moduleId, const QString& topic, const QString& firstName,
                           const QString& lastName, const TestFields& tests = {},
                           const QString& folderName = {});

@@ -84,6 +84,15 @@ TEST_F(KeyboardTest, TheArrowsTurnAndReturnByWhatIsHeld) {
   }
 }
 
+TEST_F(KeyboardTest, AltMayBeLetGoOfBeforeItsKey) {
+  Read();
+  Gui::Key(Screen1(), Qt::Key_Right);
+  QTest::keyPress(Screen1().windowHandle(), Qt::Key_Left, Qt::AltModifier);
+  QTest::keyRelease(Screen1().windowHandle(), Qt::Key_Left);
+  EXPECT_EQ(PageText(), "rt0101 0001.txm");
+  EXPECT_FALSE(Button("Return_Btn").Enabled());  // a return, and not a page back
+}
+
 TEST_F(KeyboardTest, AHeldKeyTurnsOnePageAtItsRelease) {
   Read();
   Send(QEvent::KeyPress, Qt::Key_Right, false);

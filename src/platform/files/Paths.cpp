@@ -26,7 +26,7 @@ QString MatchStep(const QString& folder, const QString& step, const FolderTest& 
   if (!mayList(listed)) return step;
   QStringList names =
       QDir(listed).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-  names.sort();
+  names.sort(Qt::CaseInsensitive);
   for (const QString& name : names) {
     if (name.compare(step, Qt::CaseInsensitive) == 0) return name;
   }

@@ -4,6 +4,8 @@
 #include <QVariant>
 #include <QWidget>
 
+#include "platform/forms/SkinButton.h"
+
 namespace {
 
 constexpr const char* kRole = "accessibleRole";
@@ -11,11 +13,17 @@ constexpr const char* kRole = "accessibleRole";
 QAccessibleInterface* InterfaceOfRole(const QString&, QObject* object) {
   auto* widget = qobject_cast<QWidget*>(object);
   const QVariant role = widget == nullptr ? QVariant() : widget->property(kRole);
-  if (!role.isValid()) return nullptr;
+  // A skinned button has an accessible side of its own, which takes the role from here.
+  if (!role.isValid() || dynamic_cast<SkinButton*>(object) != nullptr) return nullptr;
   return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));  // Qt's cache owns it
 }
 
 }  // namespace
+
+QAccessible::Role AccessibleRoleOf(const QWidget& widget, QAccessible::Role otherwise) {
+  const QVariant role = widget.property(kRole);
+  return role.isValid() ? static_cast<QAccessible::Role>(role.toInt()) : otherwise;
+}
 
 void SetAccessibleRole(QWidget& widget, QAccessible::Role role) {
   [[maybe_unused]] static const bool installed = [] {

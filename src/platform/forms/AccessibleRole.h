@@ -5,3 +5,5 @@
 
 // To be set before anything asks for the widget's accessible side, best where the widget is made.
 void SetAccessibleRole(QWidget& widget, QAccessible::Role role);
+// The role that was set, or the other one.
+QAccessible::Role AccessibleRoleOf(const QWidget& widget, QAccessible::Role otherwise);

@@ -25,13 +25,10 @@ class ControlWatcher final : public QObject {
     }
     switch (event->type()) {
       case QEvent::MouseButtonPress: Press(*static_cast<QMouseEvent*>(event)); break;
-      case QEvent::MouseButtonDblClick:
-        Press(*static_cast<QMouseEvent*>(event));
-        control_.DblClick.Raise();
-        break;
+      case QEvent::MouseButtonDblClick: PressAgain(*static_cast<QMouseEvent*>(event)); break;
       case QEvent::MouseButtonRelease: Release(*static_cast<QMouseEvent*>(event)); break;
       case QEvent::MouseMove: control_.MouseMove.Raise(); break;
-      case QEvent::FocusIn: control_.GotFocus.Raise(); break;
+      case QEvent::FocusIn: TakeFocus(*static_cast<QFocusEvent*>(event)); break;
       case QEvent::FocusOut: control_.LostFocus.Raise(); break;
       default: break;
     }
@@ -40,19 +37,34 @@ class ControlWatcher final : public QObject {
   void Press(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton) return;
     pressed_ = true;
+    doubled_ = false;
     control_.MouseDown.Raise();
+  }
+
+  void PressAgain(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton) return;
+    Press(event);
+    doubled_ = true;
+    control_.DblClick.Raise();
   }
 
   void Release(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton || !pressed_) return;
     pressed_ = false;
     const bool inside = control_.Widget()->rect().contains(event.position().toPoint());
+    const bool again = doubled_;  // the second half of a double click is no second click
     control_.MouseUp.Raise();
-    if (inside) control_.Click.Raise();
+    if (inside && !again) control_.Click.Raise();
+  }
+
+  void TakeFocus(const QFocusEvent& event) {
+    control_.focusCameByKey_ =
+        event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason;
+    control_.GotFocus.Raise();
   }
 
   Control& control_;
-  bool pressed_ = false;
+  bool pressed_ = false, doubled_ = false;
 };
 
 Control::Control(QWidget* widget, const QString& name, ControlKind kind)

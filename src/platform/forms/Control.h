@@ -58,6 +58,8 @@ class Control {
 
   void SetFocus();
   bool HasFocus() const;
+  // Whether the focus came last by the Tab key, or by an arrow among buttons that exclude each other.
+  bool FocusCameByKey() const { return focusCameByKey_; }
 
   // The words that a screen reader says for this control, and its description where a name is not enough.
   void SetAccessibleName(const QString& name);
@@ -84,6 +86,7 @@ class Control {
   void Watch(QWidget* part);
 
  private:
+  friend class ControlWatcher;
   friend class Form;  // the form forgets its controls before they die
   friend class ControlWatcher;
 
@@ -91,7 +94,7 @@ class Control {
   Form* form_ = nullptr;
   ControlKind kind_;
   double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
-  bool visible_ = true, enabled_ = true;
+  bool visible_ = true, enabled_ = true, focusCameByKey_ = false;
   double mouseX_ = 0, mouseY_ = 0;
   int foreColor_ = 0x000000, backColor_ = 0xFFFFFF;
   std::unique_ptr<QObject> watcher_;

@@ -196,11 +196,14 @@ bool Form::PreviewKey(QEvent* event) {
     const QWidget* modal = QApplication::activeModalWidget();
     const bool elsewhere =
         (modal != nullptr && modal != this) || QApplication::activePopupWidget() != nullptr;
-    if (!elsewhere) pressedKeys_.insert(code);
+    if (!elsewhere) pressedKeys_.insert(code, key.modifiers());
     return false;
   }
-  if (!pressedKeys_.remove(code)) return false;
-  const Qt::KeyboardModifiers modifiers = key.modifiers();
+  const auto pressed = pressedKeys_.constFind(code);
+  if (pressed == pressedKeys_.constEnd()) return false;
+  // Who types quickly lets go of Alt before the letter.
+  const Qt::KeyboardModifiers modifiers = key.modifiers() | *pressed;
+  pressedKeys_.erase(pressed);
   Dispatcher::Run([&] { Form_KeyUp(code, modifiers); });
   return !loaded_;  // nothing more for the controls of a form that is gone
 }

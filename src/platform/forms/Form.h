@@ -1,8 +1,8 @@
 // Forms and their life: default instances, load and unload, modal loops, activation, keys.
 #pragma once
 
+#include <QHash>
 #include <QList>
-#include <QSet>
 #include <QString>
 #include <QWidget>
 
@@ -91,7 +91,7 @@ class Form : public QWidget {
 
   QList<Control*> controls_;
   QList<Timer*> timers_;
-  QSet<int> pressedKeys_;
+  QHash<int, Qt::KeyboardModifiers> pressedKeys_;  // and what was held with each
   QEventLoop* modalLoop_ = nullptr;
   double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
   bool placed_ = false, shown_ = false, loaded_ = false, unloading_ = false;

@@ -6,6 +6,9 @@
 
 namespace Screen {
 
+// Twips per pixel that the forms' layouts are made for.
+inline constexpr double kDesignScale = 15;
+
 // Twips per pixel: 1440 / logical dpi of the primary screen, 15 at 96 dpi and 12 at 120 dpi.
 double TwipsPerPixelX();
 double TwipsPerPixelY();

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "platform/files/Paths.h"
+#include "platform/forms/AccessibleRole.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Screen.h"
 
@@ -17,7 +18,7 @@ constexpr int kFrameColour = 0xFFFFFF, kLitFrameColour = 0x333333;
 class AccessibleButton final : public QAccessibleWidget {
  public:
   explicit AccessibleButton(SkinButton* button)
-      : QAccessibleWidget(button, QAccessible::Button), button_(button) {}
+      : QAccessibleWidget(button, AccessibleRoleOf(*button, QAccessible::Button)), button_(button) {}
 
   QStringList actionNames() const override { return QAccessibleWidget::actionNames() << pressAction(); }
 
@@ -133,7 +134,9 @@ void SkinButton::mouseMoveEvent(QMouseEvent* event) {
 
 void SkinButton::focusInEvent(QFocusEvent* event) {
   PictureBox::focusInEvent(event);
-  if (family_ != nullptr) Dispatcher::Run([this] { family_->LightUp(this); });
+  // A button that was put out before its window lost the focus, as one that opened a dialog, stays so.
+  if (family_ != nullptr && (event->reason() != Qt::ActiveWindowFocusReason || lightsAgain_))
+    Dispatcher::Run([this] { family_->LightUp(this); });
   // The frame is for those who walk by the key; it comes back with the window.
   if (event->reason() != Qt::ActiveWindowFocusReason)
     framed_ = family_ == nullptr &&
@@ -144,6 +147,7 @@ void SkinButton::focusInEvent(QFocusEvent* event) {
 void SkinButton::focusOutEvent(QFocusEvent* event) {
   PictureBox::focusOutEvent(event);
   spaceHeld_ = false;
+  lightsAgain_ = event->reason() != Qt::ActiveWindowFocusReason || look_ == Look::On;
   if (event->reason() != Qt::ActiveWindowFocusReason) framed_ = false;
   update();
 }

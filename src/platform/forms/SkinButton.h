@@ -67,6 +67,7 @@ class SkinButton : public PictureBox {
   Label* caption_ = nullptr;
   ButtonFamily* family_ = nullptr;
   Look look_ = Look::None;
+  bool lightsAgain_ = true;
   bool framed_ = false, spaceHeld_ = false;
 };
 

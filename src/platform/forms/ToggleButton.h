@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFont>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QStyle>
 
@@ -50,9 +51,20 @@ class ToggleButton : public QtButton, public Control {
 
  protected:
   void paintEvent(QPaintEvent*) override { PaintToggle(*this, mark, caption_, ForeColor()); }
+  // Enter belongs to the form; on some desktops it would tick the button too.
+  void keyPressEvent(QKeyEvent* event) override {
+    IsEnter(*event) ? event->ignore() : QtButton::keyPressEvent(event);
+  }
+  void keyReleaseEvent(QKeyEvent* event) override {
+    IsEnter(*event) ? event->ignore() : QtButton::keyReleaseEvent(event);
+  }
   // The whole control answers to the mouse, its text like its mark.
   bool hitButton(const QPoint& place) const override { return this->rect().contains(place); }
 
  private:
+  static bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  }
+
   QString caption_;
 };

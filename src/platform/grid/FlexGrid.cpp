@@ -209,6 +209,7 @@ void FlexGrid::updateGeometries() {
   if (fitting_) return;
   fitting_ = true;
   QTableView::updateGeometries();
+  horizontalScrollBar()->setRange(0, 0);  // nothing scrolls sideways, whatever is wider than the grid
   const int height = verticalHeader()->defaultSectionSize();
   const int rest = viewport()->height() % height;
   if (viewport()->height() > height) setViewportMargins(0, 0, 0, rest);

@@ -57,7 +57,14 @@ class LinkAccess final : public QAccessibleInterface, public QAccessibleActionIn
   QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
   void doAction(const QString& name) override {
     if (!isValid()) return;
-    if (name == pressAction()) page_->FollowLink(index_);
+    // Later: following a link replaces the page, and this object with it.
+    if (name == pressAction())
+      QMetaObject::invokeMethod(
+          page_.data(),
+          [page = page_, document = document_, index = index_] {
+            if (page->document() == document) page->FollowLink(index);
+          },
+          Qt::QueuedConnection);
     if (name == setFocusAction()) page_->FocusLink(index_);
   }
   QStringList keyBindingsForAction(const QString&) const override { return {}; }

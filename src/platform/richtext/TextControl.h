@@ -29,6 +29,7 @@ class TextControl : public QTextBrowser, public Control {
 
   // The options 37 and 38, set around loads. They are kept and have no effect on this view.
   static constexpr int kListLoad = 37, kShowPages = 38;
+  static constexpr int kLeadIn = 30;  // bytes before the page in a page file
   void LoadOption(int number, bool on);
   bool LoadOptionOf(int number) const { return loadOptions_.value(number); }
   // Property 2, set when a course starts. Kept, without effect on this view.
