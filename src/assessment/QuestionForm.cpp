@@ -156,7 +156,7 @@ void QuestionForm::JudgeAnswer() {
   const int state = page_.ShowVerdict(LoadStringResource(correct ? kResCorrect : kResIncorrect),
                                       run_.Question().Explanation);
   page_.Resize_Test(2, page_.GetQuesionPageSize(state));
-  const bool ends = IsPracticeTest() && run_.IsLastQuestion();
+  const bool ends = run_.IsPractice() && run_.IsLastQuestion();
   q_But_->SetCaption(LoadStringResource(ends ? kResCloseTest : kResNextQuestion));
 }
 
@@ -169,16 +169,19 @@ void QuestionForm::ShowResult() {
   const bool allCorrect = run_.CorrectAnswers() == run_.QuestionCount();
   const bool lists = !allCorrect && !gReviewItems.first().ItemLabel.isEmpty();
   page_.ShowReviewItems(LoadStringResource(kResReviewItems), lists ? gReviewItems : QList<ReviewItem>());
-  // The result is on the disk before the page can be left. Where that fails the page comes all the same.
-  QString failure;
+  page_.PlaceBelowHeading();
+  page_.Resize_Test(1, page_.GetQuesionPageSize(1));
+  RecordResult();
+}
+
+// The result is on the disk before its page can be left. Where that fails it is told, and tried once more
+// when the learner leaves.
+void QuestionForm::RecordResult() {
   try {
     run_.RecordResult();
   } catch (const RunTimeError& error) {
-    failure = error.Description();
+    MsgBox(error.Description());
   }
-  page_.PlaceBelowHeading();
-  page_.Resize_Test(1, page_.GetQuesionPageSize(1));
-  if (!failure.isEmpty()) MsgBox(failure);
 }
 
 QString QuestionForm::ResultLine() const {
@@ -190,6 +193,7 @@ QString QuestionForm::ResultLine() const {
 }
 
 void QuestionForm::CloseTest() {
+  RecordResult();
   IgnoreErrors([] { ReadProgressFile(); });  // nobody is kept here by a file that can't be read
   UnloadTest();
   LeaveTest();
@@ -197,6 +201,7 @@ void QuestionForm::CloseTest() {
 
 bool QuestionForm::AgreeToLeave() {
   if (MsgBox(LoadStringResource(kResConfirmExitTest), MsgButtons::YesNo) != MsgAnswer::Yes) return false;
+  RecordResult();
   try {
     LeaveTest();
   } catch (const RunTimeError& error) {
@@ -228,8 +233,13 @@ void QuestionForm::Label1_Click(int index) {
   review.MarkOpen(index);
   MarkVisited(index);
   review.lower();
-  review.Show(FormMode::Modeless, LoadedForm<Form1>());
+  auto* screen = LoadedForm<Form1>();
+  review.Show(FormMode::Modeless, screen);
   GoToReviewPage(index);
+  if (screen == nullptr) return;
+  // The list only floats above the page: the keys are the course screen's.
+  screen->activateWindow();
+  FormLife::SetActive(screen);
 }
 
 void QuestionForm::MarkVisited(int index) {
@@ -248,7 +258,8 @@ void QuestionForm::GoToReviewPage(int index) {
   if (screen == nullptr) return;
   gCurrentModule = module;
   screen->Pages().LoadModuleAtPage(module, link.mid(7, 8));
-  screen->Pages().RecordCurrentPage();
+  screen->Pages().RecordOrTell();
+  screen->Pages().UpdatePageButtons();
 }
 
 void QuestionForm::Form_KeyUp(int key, Qt::KeyboardModifiers) {

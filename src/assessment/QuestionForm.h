@@ -39,6 +39,7 @@ class QuestionForm final : public Form {
   void JudgeAnswer();
   void ShowResult();
   QString ResultLine() const;
+  void RecordResult();
   void CloseTest();
   // The question before leaving; on yes the course moves on.
   bool AgreeToLeave();

@@ -7,6 +7,7 @@
 #include "frame/ResConstants.h"
 #include "frame/Rounding.h"
 #include "frame/TextTable.h"
+#include "platform/forms/AccessibleRole.h"
 #include "platform/forms/Announcement.h"
 #include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
@@ -97,6 +98,7 @@ Label* QuestionPage::LoadItem() {
   const int index = static_cast<int>(label1_.size());
   auto* item = new Label(frame1_, ElementName("Label1", index));
   item->setFocusPolicy(Qt::StrongFocus);
+  SetAccessibleRole(*item, QAccessible::Link);
   if (label1_.empty()) {
     item->Move(Layout::AnswerLeft, Layout::FrameMargin, Layout::AnswerWidth, 0);
   } else {
@@ -236,6 +238,7 @@ void QuestionPage::ShowReviewItems(const QString& hint, const QList<ReviewItem>&
   // An empty frame is not shown and takes no room.
   frame1_->SetVisible(!items.isEmpty());
   frame1_->SetHeight(0);
+  Announce(*label7_);
   if (items.isEmpty()) return;
   label8_->SetCaption(hint);
   label8_->SetVisible(true);
@@ -295,6 +298,7 @@ void QuestionPage::ScrollTo(int value) {
 
 // An answer or item that is reached by a key comes into view.
 void QuestionPage::BringIntoView(const Control& control) {
+  if (!control.FocusCameByKey()) return;
   const double top = frame1_->Top() + control.Top(), bottom = top + control.Height();
   if (top < -picture4_->Top()) {
     vScroll1_->SetValue(static_cast<int>(std::floor(top / Layout::ScrollUnit)));

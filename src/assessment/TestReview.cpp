@@ -14,7 +14,6 @@
 #include "frame/TextTable.h"
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
-#include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/VScrollBar.h"
 
@@ -107,18 +106,19 @@ void TestReview::Resize_Review(int size) {
   vScroll1_->SetVisible(!fits);
   vScroll1_->Move(picture1_->Left() + picture1_->Width(), picture1_->Top(), vScroll1_->Width(),
                   picture1_->Height());
-  const double items = static_cast<double>(gReviewItems.size());
+  // Kept for the scrolling: a test page that is met meanwhile resets the list that this one was made from.
+  items_ = static_cast<double>(gReviewItems.size());
   const double hidden = picture2_->Height() - picture1_->Height();
   vScroll1_->SetMin(0);
-  vScroll1_->SetMax(RoundHalfToEven(hidden / items));  // one step of the bar is as many twips as items
-  vScroll1_->SetSmallChange(RoundHalfToEven(vScroll1_->Max() / items));
-  vScroll1_->SetLargeChange(RoundHalfToEven(2 * (vScroll1_->Max() / items)));
+  vScroll1_->SetMax(RoundHalfToEven(hidden / items_));  // one step of the bar is as many twips as items
+  vScroll1_->SetSmallChange(RoundHalfToEven(vScroll1_->Max() / items_));
+  vScroll1_->SetLargeChange(RoundHalfToEven(2 * (vScroll1_->Max() / items_)));
   vScroll1_->SetValue(vScroll1_->Min());
   ScrollTo(vScroll1_->Min());
 }
 
 void TestReview::ScrollTo(int value) {
-  picture2_->SetTop(-value * static_cast<double>(gReviewItems.size()));
+  picture2_->SetTop(-value * items_);
 }
 
 void TestReview::MarkOpenAsVisited() {
@@ -144,12 +144,8 @@ void TestReview::Command1_Click() {
     const int module = ModuleIndex(gTestModuleId);
     if (module >= 0) gCurrentModule = module;
     screen->Pages().LoadModuleAtPage(gCurrentModule, gTestReturnPage);
-    // A record that can't be written keeps nobody from the result page.
-    try {
-      screen->Pages().RecordCurrentPage();
-    } catch (const RunTimeError& error) {
-      MsgBox(error.Description());
-    }
+    screen->Pages().RecordOrTell();  // nobody is kept from the result page
+    screen->Pages().UpdatePageButtons();
   }
   MarkOpenAsVisited();
   Hide();

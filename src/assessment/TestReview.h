@@ -50,4 +50,5 @@ class TestReview final : public Form {
   SkinButton* command1_;
   Timer timer1_{this, QStringLiteral("Timer1")};
   double savedLeft_ = 0, savedTop_ = 0;
+  double items_ = 1;  // in the list
 };

@@ -1,23 +1,30 @@
 #include "assessment/TestRun.h"
 
+#include <algorithm>
+
 #include "assessment/Scoring.h"
 #include "platform/Descriptions.h"
-#include "platform/RunTimeError.h"
 
 bool TestRun::Start(const QString& pageName) {
   *this = TestRun();
   gReviewItems = {ReviewItem{}};
   testPath_ = TestFilePath(pageName);
   if (!LoadTestFile(pageName)) return false;
-  questionCount_ = static_cast<int>(gQuestions.size());
+  const int count = static_cast<int>(gQuestions.size());
+  for (int question = 0; question < std::max(count, 1); ++question) {
+    if (count == 0 || gQuestions.at(question).Answers.isEmpty()) throw NoAnswers(question);
+  }
+  questionCount_ = count;
+  practice_ = IsPracticeTest();
   return true;
 }
 
+RunTimeError TestRun::NoAnswers(int question) const {
+  return RunTimeError(Describe("test-no-answers", testPath_, QString::number(question + 1)));
+}
+
 const QuestionRecord& TestRun::Question() const {
-  const bool isThere = currentQuestion_ >= 0 && currentQuestion_ < questionCount_;
-  if (!isThere || gQuestions.at(currentQuestion_).Answers.isEmpty()) {
-    throw RunTimeError(Describe("test-no-answers", testPath_, QString::number(currentQuestion_ + 1)));
-  }
+  if (currentQuestion_ < 0 || currentQuestion_ >= questionCount_) throw NoAnswers(currentQuestion_);
   return gQuestions.at(currentQuestion_);
 }
 
@@ -62,7 +69,7 @@ bool TestRun::MoveBack() {
 
 void TestRun::RecordResult() {
   const bool finished = questionCount_ > 0 && currentQuestion_ >= questionCount_;
-  if (recorded_ || !finished || IsPracticeTest()) return;
+  if (recorded_ || !finished || practice_) return;
   RecordTestResult(ScoreInPercent(correctAnswers_, questionCount_), answerPattern_);
   recorded_ = true;
 }

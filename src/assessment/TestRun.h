@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "assessment/TestFile.h"
+#include "platform/RunTimeError.h"
 
 // A page to read again, of a question that was answered wrongly.
 struct ReviewItem {
@@ -20,8 +21,8 @@ inline QList<ReviewItem> gReviewItems{ReviewItem{}};
 class TestRun {
  public:
   // Begins a new run with the test of a page of the current module, at its first question, and empties
-  // gReviewItems. False when the page has no test file; RunTimeErrors are those of LoadTestFile. After a
-  // failure the run has no questions.
+  // gReviewItems. False when the page has no test file; RunTimeErrors are those of LoadTestFile, and one for
+  // a test with a question that nobody could answer, or with none. After a failure the run has no questions.
   bool Start(const QString& pageName);
 
   int QuestionCount() const { return questionCount_; }
@@ -37,6 +38,7 @@ class TestRun {
   // RunTimeError that names the test and the question.
   const QuestionRecord& Question() const;
   bool IsLastQuestion() const { return currentQuestion_ + 1 >= questionCount_; }
+  bool IsPractice() const { return practice_; }
 
   // Judges the current question: right when every correct answer is ticked and no other, so with no
   // correct answer when nothing is ticked. A wrong answer to a question with a review link adds a review
@@ -56,11 +58,14 @@ class TestRun {
  private:
   void AddReviewItem(const QuestionRecord& question);
 
+  RunTimeError NoAnswers(int question) const;
+
   QString testPath_;  // for descriptions
   int questionCount_ = 0;
   int currentQuestion_ = 0;
   int correctAnswers_ = 0;
   int reviewCount_ = 0;
   QString answerPattern_;
+  bool practice_ = false;  // of this run: a test page that is met in a review replaces gTestType
   bool recorded_ = false;
 };

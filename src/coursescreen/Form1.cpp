@@ -37,9 +37,8 @@ constexpr double ShrunkPageWidth = 15228, ShrunkPageHeight = 9948;  // on a disp
 }  // namespace Layout
 
 constexpr int kBarText = 0xFFFFFF, kBarBack = 0x999999;
-constexpr int kLeavingTick = 300;    // ms
-constexpr double kDesignScale = 15;  // twips per pixel
-constexpr int kFontShrink = 3;       // on a display of another scale
+constexpr int kLeavingTick = 300;  // ms
+constexpr int kFontShrink = 3;     // on a display of another scale
 
 Label* AddBarLabel(QWidget* container, const char* name, const Place& place, double points) {
   auto* label = new Label(container, QString::fromLatin1(name));
@@ -116,7 +115,7 @@ SkinButton* Form1::AddButton(const QString& name, const Place& place, const Butt
 void Form1::Form_Load() {
   try {
     ScaleFormToDisplay(*this);
-    gFontShrink = Screen::TwipsPerPixelX() == kDesignScale ? 0 : kFontShrink;
+    gFontShrink = Screen::TwipsPerPixelX() == Screen::kDesignScale ? 0 : kFontShrink;
     if (gFontShrink != 0) {
       txTextControl1_->SetPageWidth(Layout::ShrunkPageWidth);
       txTextControl1_->SetPageHeight(Layout::ShrunkPageHeight);
@@ -168,11 +167,7 @@ void Form1::InitNewCourse() {
 
 bool Form1::AgreeToLeave() {
   if (!ConfirmLeaving()) return false;
-  try {
-    pages_.RecordCurrentPage();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());  // told, but no reason to keep the learner here
-  }
+  pages_.RecordOrTell();
   gExitingCourse = true;  // behind the message, which would let the timer take the screen down
   Default<Trademark>().Show();
   return true;

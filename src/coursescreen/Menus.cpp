@@ -32,8 +32,8 @@ Menus::Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover
   controls_.ToolBar_But->Click = [this] { toolBarButClick(); };
   toolbar_.ItemChosen = [this] { CloseAllMenus(); };
   // A row replaces the button that the pointer came from before that one's leave has hidden its tip.
-  modules_.RowReached = [&tip](int) { tip.HideToolTip(); };
-  toolbar_.RowReached = [&tip](int) { tip.HideToolTip(); };
+  modules_.Reached = [&tip] { tip.HideToolTip(); };
+  toolbar_.Reached = [&tip] { tip.HideToolTip(); };
   topics_.RowReached = [this, &tip](int row) {
     tip.HideToolTip();
     modules_.LeaveArrows();
@@ -50,6 +50,7 @@ void Menus::CloseOnClicks() {
   for (Label* label : {controls_.Header, controls_.CourseName})
     label->Click = [this] { CloseAllMenus(); };
   controls_.Page->Click = [this] { CloseAllMenus(); };
+  controls_.Page->GotFocus = [this] { CloseAllMenus(); };  // the keys now walk its links
 }
 
 void Menus::Build() {
@@ -101,26 +102,17 @@ void Menus::CloseAllMenus() {
 
 bool Menus::KeyReleased(int key, Qt::KeyboardModifiers modifiers) {
   if ((modifiers & (Qt::AltModifier | Qt::ShiftModifier | Qt::ControlModifier)) != 0) return false;
-  if (!modules_.IsOpen() && !toolbar_.IsOpen()) return ButtonKey(key);
+  if (!modules_.IsOpen() && !toolbar_.IsOpen()) return false;
   switch (key) {
     case Qt::Key_Down: PointAtNext(+1); return true;
     case Qt::Key_Up: PointAtNext(-1); return true;
-    case Qt::Key_Return: Choose(); return true;
+    case Qt::Key_Return:
+      if (!picture1_->HasFocus()) return false;  // the focus has gone on to a button
+      Choose();
+      return true;
     case Qt::Key_Escape: TakeBack(); return true;
     default: return false;
   }
-}
-
-bool Menus::ButtonKey(int key) {
-  if (key != Qt::Key_Return && key != Qt::Key_Space) return false;
-  if (controls_.Modules->HasFocus()) {
-    ModLabelClick();
-  } else if (controls_.ToolBar_But->HasFocus()) {
-    toolBarButClick();
-  } else {
-    return false;
-  }
-  return true;
 }
 
 void Menus::PointAtNext(int direction) {
@@ -144,6 +136,7 @@ void Menus::Choose() {
   } else if (modules_.HoverModule() >= 0) {
     if (!modules_.TopicsAreOpen()) modules_.OpenTopics();
     if (!topics_.IsOpen()) return;  // the module has none
+    topics_.ScrollTo(0);
     TopicMoveProc(0);
     topics_.Announce(0);
   }

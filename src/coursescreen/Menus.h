@@ -38,15 +38,14 @@ class Menus {
   bool ModuleMenuIsOpen() const { return modules_.IsOpen(); }
 
   // Up and Down point at the next row of the open menu, Enter chooses it: an item, a topic, or a module,
-  // whose topics the keys then work. Escape takes back one of these. Enter and the blank open the menu of
-  // a button with the focus. False for any other key, and where no menu is open.
+  // whose topics the keys then work. Escape takes back one of these. False for any other key, and where no
+  // menu is open or, for Enter, the focus is elsewhere.
   bool KeyReleased(int key, Qt::KeyboardModifiers modifiers);
 
   Toolbar& Tools() { return toolbar_; }
 
  private:
   void CloseOnClicks();
-  bool ButtonKey(int key);
   void PointAtNext(int direction);
   void Choose();
   void TakeBack();

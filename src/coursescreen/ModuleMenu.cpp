@@ -53,7 +53,7 @@ ModuleMenu::ModuleMenu(Form& form, PictureBox* container, SkinButton& modules, T
   timer4_.Tick = [this] { OpenTopics(); };
   menu_.RowMouseMove = [this](int row) {
     LeaveArrows();
-    RowReached.Raise(row);
+    Reached.Raise();
     HighlightModule(row);
     hover_.Enter(menu_.Row(row));
   };
@@ -157,6 +157,7 @@ void ModuleMenu::LeaveArrows() {
 }
 
 void ModuleMenu::ArrowReached() {
+  Reached.Raise();
   StopWaiting();
   topics_.CloseTopicMenu();
   menu_.PutOut(menu_.Hover());

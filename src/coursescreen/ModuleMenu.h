@@ -13,8 +13,8 @@ class ModuleMenu {
   // `modules` is the button that opens the menu.
   ModuleMenu(Form& form, PictureBox* container, SkinButton& modules, TopicMenu& topics, Hover& hover);
 
-  // The pointer has come upon a row.
-  Event<int> RowReached;
+  // The pointer has come upon a row or an arrow.
+  Event<> Reached;
 
   // Makes the rows of the current course.
   void BuildModuleMenu();
@@ -29,7 +29,7 @@ class ModuleMenu {
   // Points at a module and starts the wait for its topics anew.
   void HighlightModule(int row);
   // The module pointed at, -1 for none.
-  int HoverModule() const { return menu_.Hover(); }
+  int HoverModule() const { return menu_.Lit(); }
   // The module whose topics are shown, as an index into the course; -1 for none.
   int OpenTopicModule() const { return openTopicModule_; }
   // Opens the topics of the module pointed at without waiting on.

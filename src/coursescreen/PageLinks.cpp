@@ -6,6 +6,7 @@
 #include "coursescreen/PageTurning.h"
 #include "coursescreen/StackControl.h"
 #include "desktop/OpenDocument.h"
+#include "frame/AllModules.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/TextTable.h"
@@ -71,15 +72,12 @@ void PageLinks::TextControlLinkClicked(int /*identifier*/, int kind, QString& ta
   }
   page_.LoadOption(TextControl::kShowPages, true);
   const qsizetype mark = target.indexOf(u'#');
-  mark > 0 ? ShowPlaceInFile(target, mark) : JumpToPage(linkText, target);
+  mark >= 0 ? ShowPlaceInFile(target, mark) : JumpToPage(linkText, target);
 }
 
 void PageLinks::OpenWebLink(const QString& linkText, const QString& surveyText, const QString& target) {
   if (linkText == surveyText) {
-    if (gAllModules == 1) {
-      MsgBox(LoadStringResource(kResNotInAllModules));
-      return;
-    }
+    if (RefusedInAllModules()) return;
     if (!CurrentCourse().AllInstalled) {
       MsgBox(LoadStringResource(kResSurveyNeedsAllModules));
       return;
@@ -90,10 +88,7 @@ void PageLinks::OpenWebLink(const QString& linkText, const QString& surveyText, 
 }
 
 void PageLinks::OpenCourseDocument(const QString& target) {
-  if (gAllModules == 1) {
-    MsgBox(LoadStringResource(kResNotInAllModules));
-    return;
-  }
+  if (RefusedInAllModules()) return;
   const QString folder = CourseRepository();
   QString path = folder + QLatin1Char('\\') + target;
   if (!ProgramFileExists(path)) path = folder + kHiddenFolder + target;

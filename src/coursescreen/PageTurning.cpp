@@ -20,7 +20,6 @@ namespace {
 
 using Look = SkinButton::Look;
 
-constexpr int kLeadIn = 30;  // bytes before the page in a page file
 constexpr int kPageFormat = 3;
 const QString kTestPage = QStringLiteral("Test");
 
@@ -73,7 +72,7 @@ void PageTurning::OpenFirstModule() {
 void PageTurning::ShowPage(int module, const QString& pageName) {
   const QString path =
       gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QLatin1Char('\\') + pageName;
-  controls_.Page->Load(path, kLeadIn, kPageFormat);
+  controls_.Page->Load(path, TextControl::kLeadIn, kPageFormat);
   hasPage_ = true;
 }
 
@@ -133,6 +132,14 @@ void PageTurning::RecordCurrentPage() {
   RecordModuleProgress(module.ModuleId, topic, gUserFirstName, gUserLastName);
 }
 
+void PageTurning::RecordOrTell() {
+  try {
+    RecordCurrentPage();
+  } catch (const RunTimeError& error) {
+    MsgBox(error.Description());
+  }
+}
+
 void PageTurning::LeaveReturnPoint() {
   PushReturnPoint();
   Enable(controls_.Return_Btn, Look::Off);
@@ -157,16 +164,15 @@ void PageTurning::TurnToNextPage() {
     gPageList.CleanUp();
     LoadModuleFirstPage(gCurrentModule);
   }
-  RecordCurrentPage();
-  StartTest();
+  RecordOrTell();
+  StartTest(LoadStringResource(kResTestNotFound));
   if (AtCourseEnd()) DisableNext();  // behind a review that may be another page than the test's
 }
 
-// Returns when the test has been left, or hidden for a review; the course screen may be gone then.
-void PageTurning::StartTest() {
+void PageTurning::StartTest(const QString& whenMissing) {
   if (gPageList.GetCurrentPageTpye() != kTestPage) return;
   if (!gScreens.PrepareTest()) {
-    MsgBox(LoadStringResource(kResTestNotFound));
+    MsgBox(whenMissing);
     return;
   }
   if (IsFormLoadedByName(QStringLiteral("TestReview"))) return;
@@ -181,14 +187,14 @@ void PageTurning::LeaveTestPage() {
     ShowPage(gCurrentModule, gTestNextPage);
     controls_.Page->Refresh();
     gPageList.NextPage();
-    RecordCurrentPage();
+    RecordOrTell();
   } else if (gCurrentModule < LastModule()) {
     ++gCurrentModule;
     gPageList.CleanUp();
     LoadModuleFirstPage(gCurrentModule);
-    RecordCurrentPage();
+    RecordOrTell();
   }
-  if (AtCourseEnd()) DisableNext();
+  UpdatePageButtons();  // a review may have left them as another page had them
 }
 
 void PageTurning::PrevPage() {
@@ -235,7 +241,7 @@ void PageTurning::Arrive(int module, const std::function<void()>& load) {
   gCurrentModule = module;
   gPageList.CleanUp();
   load();
-  RecordCurrentPage();
+  RecordOrTell();
   UpdatePageButtons();
 }
 
@@ -268,7 +274,7 @@ void PageTurning::ReturnToPreviousPlace() {
   }
   gCurrentModule = place.Module;
   LoadModuleAtPage(gCurrentModule, place.PageName);
-  RecordCurrentPage();
+  RecordOrTell();
   UpdatePageButtons();
 }
 

@@ -43,6 +43,8 @@ class PageTurning {
   // Puts module and topic into the header and writes the learner's progress. On a page without a topic
   // the header stays.
   void RecordCurrentPage();
+  // The same where the learner goes on in any case: an error is told in a message box.
+  void RecordOrTell();
 
   void NextPage();
   void PrevPage();
@@ -50,6 +52,10 @@ class PageTurning {
   // From the test page to the page behind it, which is gTestNextPage or the first one of the next module.
   // At the end of the course it stays.
   void LeaveTestPage();
+  // Runs the test of the current page, if it is a test page, as long as no review is open; where its test
+  // can't be read a box says `whenMissing`. Returns when the test has been left, or hidden for a review; the
+  // course screen may be gone then.
+  void StartTest(const QString& whenMissing);
   void JumpToModule(int module);
   // The topic is found by its name.
   void JumpToTopic(int module, const QString& topicName);
@@ -70,7 +76,6 @@ class PageTurning {
 
  private:
   void TurnToNextPage();
-  void StartTest();
   bool StepBack();
   void OpenFirstModule();
   void LeaveReturnPoint();

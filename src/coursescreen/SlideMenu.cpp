@@ -139,11 +139,12 @@ void SlideMenu::PutOut(int row) {
 }
 
 int SlideMenu::Neighbour(int direction) const {
-  const int start = hover_ < 0 && direction < 0 ? Count() : hover_;
+  const int lit = Lit();
+  const int start = lit < 0 && direction < 0 ? Count() : lit;
   for (int row = start + direction; row >= 0 && row < Count(); row += direction) {
     if (!IsDisabled(row)) return row;
   }
-  return hover_;
+  return lit;
 }
 
 void SlideMenu::Announce(int row) const {

@@ -71,6 +71,8 @@ class SlideMenu {
 
   // The row pointed at, -1 for none.
   int Hover() const { return hover_; }
+  // The same, but -1 where that row does not show it: the arrows put it out.
+  int Lit() const { return hover_ >= 0 && Row(hover_).Shown() == SkinButton::Look::On ? hover_ : -1; }
   // Another row is pointed at from now on, which changes no look.
   void SetHover(int row) { hover_ = row; }
   // Points at a row: it lights up and the one before goes out. False when it was pointed at already.

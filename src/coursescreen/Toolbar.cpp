@@ -6,6 +6,7 @@
 #include "coursescreen/Hover.h"
 #include "coursescreen/PageTurning.h"
 #include "desktop/frmPrinterDialog.h"
+#include "frame/AllModules.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/Screens.h"
@@ -58,7 +59,7 @@ bool CourseCanChange() {
 Toolbar::Toolbar(Form& form, PictureBox* container, SkinButton& toolBar_But, PageTurning& pages, Hover& hover)
     : form_(form), button_(toolBar_But), pages_(pages), menu_(container, kDesign) {
   menu_.RowMouseMove = [this, &hover](int row) {
-    RowReached.Raise(row);
+    Reached.Raise();
     HighlightToolItem(row);
     hover.Enter(menu_.Row(row));
   };
@@ -115,10 +116,7 @@ void Toolbar::CheckProgress() {
 }
 
 void Toolbar::OpenRepository() {
-  if (gAllModules != 0) {
-    MsgBox(LoadStringResource(kResNotInAllModules));
-    return;
-  }
+  if (RefusedInAllModules()) return;
   Default<Repository>().Show(FormMode::Modal, &form_);
 }
 
@@ -134,11 +132,7 @@ void Toolbar::EditProfile() {
 
 void Toolbar::ChangeCourse() {
   if (!CourseCanChange()) return;
-  try {
-    pages_.RecordCurrentPage();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());  // told, but no reason to keep the learner in this course
-  }
+  pages_.RecordOrTell();
   gScreens.OpenCourseChoice();
 }
 

@@ -13,7 +13,7 @@ class Toolbar {
   Toolbar(Form& form, PictureBox* container, SkinButton& toolBar_But, PageTurning& pages, Hover& hover);
 
   // The pointer has come upon an item.
-  Event<int> RowReached;
+  Event<> Reached;
   // An item was chosen and runs next: the menus are to close.
   Event<> ItemChosen;
 

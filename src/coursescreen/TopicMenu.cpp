@@ -89,7 +89,8 @@ void TopicMenu::CloseTopicMenu() {
 }
 
 void TopicMenu::ShowTopicScrollUp() {
-  topicScrlup_.SetTop(menu_.Window().Top() - (topicScrlup_.Height() + SlideMenu::Gap()));
+  // Above the topics of the first module there is hardly room: the arrow stays on the screen.
+  topicScrlup_.SetTop(std::max(menu_.Window().Top() - (topicScrlup_.Height() + SlideMenu::Gap()), 0.0));
   topicScrlup_.SetVisible(true);
 }
 

@@ -20,7 +20,7 @@ class TopicMenu {
 
   bool IsOpen() const { return menu_.IsOpen(); }
   // The topic pointed at, -1 for none.
-  int HoverTopic() const { return menu_.Hover(); }
+  int HoverTopic() const { return menu_.Lit(); }
   QString Caption(int row) const { return menu_.Caption(row); }
   void HighlightTopic(int row) { menu_.Highlight(row); }
   void ForgetHover() { menu_.SetHover(-1); }

@@ -6,10 +6,8 @@
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/Rounding.h"
-#include "frame/Screens.h"
 #include "frame/TextTable.h"
 #include "learners/ProgressFile.h"
-#include "platform/forms/MsgBox.h"
 #include "platform/forms/ProgressBar.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/TextBox.h"
@@ -58,6 +56,12 @@ constexpr size_t kFirstHeading = 3, kFirstOfRow = 6;
 
 bool IsViewedColor(int colour) {
   return colour == kViewedTextColor || colour == kAltViewedTextColor;
+}
+
+// The selection in the colours of the current row.
+void TakeSelectionColours(FlexGrid& grid) {
+  grid.SetForeColorSel(grid.CellForeColor());
+  grid.SetBackColorSel(IsViewedColor(grid.ForeColorSel()) ? kViewedSelBackColor : kPlainSelBackColor);
 }
 
 // The look of a viewed module's or topic's row, which is current. The selection's colours belong to the
@@ -223,6 +227,7 @@ void Status::ShowModuleResults(int module) {
 
 // Rounded, not cut: the row under the mouse changes half a row early.
 int Status::RowUnderMouse(const FlexGrid& grid) const {
+  if (grid.MouseY() < 0) return grid.Rows();  // dragged out above the list: on none
   const int row = RoundHalfToEven(grid.MouseY() / grid.RowHeight(0)) + grid.TopRow();
   return row == 1 && grid.Rows() == 1 ? 0 : row;
 }
@@ -246,8 +251,7 @@ void Status::HoverModule(int row) {
   grid.SetHighLight(GridHighLight::Always);
   grid.SetRow(row);
   grid.SetCol(0);
-  grid.SetForeColorSel(grid.CellForeColor());
-  grid.SetBackColorSel(IsViewedColor(grid.ForeColorSel()) ? kViewedSelBackColor : kPlainSelBackColor);
+  TakeSelectionColours(grid);
   ShowModuleResults(row);
   FillTopicGrid(row);
   mHoverModuleRow = row;
@@ -257,9 +261,7 @@ void Status::HoverModule(int row) {
 // The topic grid's selection shows while it has the focus, in the colours of its row.
 void Status::ShowTopicSelection() {
   FlexGrid& grid = *msFlexGrid1_[kTopics];
-  if (mHoverModuleRow < 0 || !grid.HasFocus()) return;
-  grid.SetForeColorSel(grid.CellForeColor());
-  grid.SetBackColorSel(IsViewedColor(grid.ForeColorSel()) ? kViewedSelBackColor : kPlainSelBackColor);
+  if (mHoverModuleRow >= 0 && grid.HasFocus()) TakeSelectionColours(grid);
 }
 
 void Status::GridClick(Index index) {
@@ -314,13 +316,6 @@ void Status::Prog_Cancel_MouseUp() {
   mHoverModuleRow = -1;
   SetMousePointer(kPointerDefault);
   Unload();
-  if (gPageList.GetCurrentPageTpye() != QStringLiteral("Test")) return;
-  if (!gScreens.PrepareTest()) {
-    MsgBox({});
-    return;
-  }
-  gTestReturnPage = gPageList.GetCurrentPageName();
-  gTestModuleId = CurrentModule().ModuleId;
-  gTestNextPage = gPageList.GetNextPageName();
-  gScreens.ShowTest();
+  // A test that is not there is told by an empty box.
+  if (auto* screen = LoadedForm<Form1>()) screen->Pages().StartTest({});
 }

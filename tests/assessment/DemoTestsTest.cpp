@@ -14,7 +14,7 @@
 
 namespace {
 
-// All tests of the demo, one after the other, with what they hold taken together.
+// The demo store, open for as long as a test runs.
 class DemoTests {
  public:
   DemoTests() {
@@ -24,6 +24,7 @@ class DemoTests {
     SetProgramPaths();
     QStringList problems;
     LoadInstalledCourses(kCatalogueRoot, gCourses, problems);
+    EXPECT_EQ(problems, QStringList());
   }
   ~DemoTests() {
     SetProgramFolder({});
@@ -62,7 +63,9 @@ void ForEachTest(Visit&& visit) {
 
 TEST(DemoTests, EveryQuestionHasACorrectAnswerAndAPageToReadAgain) {
   const DemoTests demo;
-  ForEachTest([](const QString& page, bool /*isLastPage*/) {
+  int tests = 0;
+  ForEachTest([&tests](const QString& page, bool /*isLastPage*/) {
+    ++tests;
     for (const QuestionRecord& question : gQuestions) {
       const std::string where = TestFilePath(page).toStdString() + ": " + question.QuestionText.toStdString();
       EXPECT_GE(question.CorrectCount, 1) << where;
@@ -77,6 +80,7 @@ TEST(DemoTests, EveryQuestionHasACorrectAnswerAndAPageToReadAgain) {
       EXPECT_TRUE(linked > 0 && types.at(linked) != "Test") << where;
     }
   });
+  EXPECT_GT(tests, 0);
 }
 
 TEST(DemoTests, TheyShowWhatATestCanBe) {

@@ -239,20 +239,25 @@ TEST_F(QuestionFormTest, ATestAsTheLastPageOfTheCourseEndsThere) {
   EXPECT_EQ(FormLife::Active(), &screen);
 }
 
-TEST_F(QuestionFormTest, AResultThatCannotBeSavedIsToldAndThePageComesAllTheSame) {
+TEST_F(QuestionFormTest, AResultThatCannotBeSavedIsToldAndSavedWhenTheLearnerLeaves) {
   WriteTest("1", {Question("Which?", "0>>1>>0")});
   ReadToTheTest();
   TakeTest([this](QuestionForm& form) {
     Answer(form, {"Option1(1)"});
-    QFile::remove(store.DataPath("Ann Lee/Cash desk"));
-    QDir().mkpath(store.DataPath("Ann Lee/Cash desk"));  // a folder in the file's place
+    const QString record = store.DataPath("Ann Lee/Cash desk");
+    QFile::rename(record, record + ".aside");
+    QDir().mkpath(record);  // a folder in the file's place
     Gui::Click(form, "Q_But");
     EXPECT_TRUE(messages.Take().value(0).contains("Cash desk"));
     EXPECT_EQ(State(form), "Close");
     EXPECT_TRUE(Text(form, "Label7").startsWith("Congratulations!"));
+    QDir().rmdir(record);
+    QFile::rename(record + ".aside", record);
     Gui::Click(form, "Q_But");
   });
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_EQ(Record().value(2) + Record().value(9), "1100");
+  EXPECT_EQ(messages.Take(), QStringList());
 }
 
 TEST_F(QuestionFormTest, ALongQuestionScrollsToItsVerdictAndTheNextBeginsAtTheTop) {
@@ -263,6 +268,7 @@ TEST_F(QuestionFormTest, ALongQuestionScrollsToItsVerdictAndTheNextBeginsAtTheTo
     const auto* bar = Gui::Find<VScrollBar>(form, "VScroll1");
     const auto* page = Gui::Find<PictureBox>(form, "Picture4");
     const auto* viewport = Gui::Find<PictureBox>(form, "Picture3");
+    EXPECT_DOUBLE_EQ(page->Top(), 0);
     Answer(form, {});
     EXPECT_TRUE(bar->Visible());
     EXPECT_EQ(bar->Value(), bar->Max());

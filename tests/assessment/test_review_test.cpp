@@ -2,6 +2,7 @@
 // meanwhile.
 #include "assessment/TestScreens.h"
 #include "frame/ProgramState.h"
+#include "frame/Screens.h"
 #include "platform/forms/Screen.h"
 
 namespace {
@@ -82,6 +83,7 @@ TEST_F(TestReviewTest, ADraggedWindowKeepsItsPlaceUntilTheNextTest) {
   TestReview& review = Review();
   clock.Advance(100);
   const QPoint corner = review.windowHandle()->position();
+  FormLife::SetActive(&review);  // by the press that begins the dragging
   review.windowHandle()->setPosition(50, 60);
   Gui::Settle();
   FormLife::SetActive(&Default<Form1>());
@@ -146,6 +148,31 @@ TEST_F(TestReviewTest, ATestPageReachedMeanwhileStartsNoTest) {
        });
   EXPECT_EQ(Record().value(2), "1");
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
+}
+
+TEST_F(TestReviewTest, TheCourseScreenHasTheKeysAndCheckProgressStartsNoTest) {
+  Review(1);
+  Gui::Key(*FormLife::Active(), Qt::Key_Right);
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  script.When("Status", [](Form& form) { Gui::Click(form, "Prog_Cancel"); });
+  Dispatcher::Run([] { gScreens.ShowProgress(); });
+  EXPECT_TRUE(script.Done());
+  EXPECT_FALSE(Default<QuestionForm>().Shown());
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(TestReviewTest, TheCourseGoesOnBehindAReviewOfItsLastPage) {
+  WriteTest("1", {Question("One?", "0>>1>>0", "", "Shelves", "rt0102_0002.txm")});
+  ReadToTheTest();
+  TakeTest([](QuestionForm& form) {
+    for (int i = 0; i < 2; ++i)
+      Gui::Click(form, "Q_But");
+    Gui::Click(form, "Label1(0)");
+  });
+  EXPECT_FALSE(Gui::Find<SkinButton>(Default<Form1>(), "NextBtn")->Enabled());
+  Back([] { Gui::Click(Default<TestReview>(), "Command1"); }, [](Form& form) { Gui::Click(form, "Q_But"); });
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_TRUE(Gui::Find<SkinButton>(Default<Form1>(), "NextBtn")->Enabled());
 }
 
 TEST_F(TestReviewTest, LeavingTheCourseTakesTheTestAlong) {

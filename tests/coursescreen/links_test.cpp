@@ -142,8 +142,8 @@ TEST_F(LinksTest, APageOfAnotherModuleIsShownAndLeftAgain) {
 TEST_F(LinksTest, ATargetThatIsNoPageOfTheCourseIsToldAndLeavesAReturnPoint) {
   Read();
   Form1& screen = Default<Form1>();
-  for (const char* target : {"rt0109\\0001.txm_", "rt0102\\0001.txm", "rt0102\\00001.txm_", ".txm", "#.txm",
-                             "rt0102\\0001.txm__"}) {
+  for (const char* target :
+       {"rt0109\\0001.txm_", "rt0102\\0001.txm", "rt0102\\00001.txm_", ".txm", "rt0102\\0001.txm__"}) {
     WriteLink('"' + QLatin1String(target) + '"', "nowhere");
     screen.InitNewCourse();
     ClickOn("nowhere");
@@ -194,11 +194,15 @@ TEST_F(LinksTest, APlaceIsShownOnThisPageOrInAFileAndIsNoJump) {
 }
 
 TEST_F(LinksTest, AFileThatIsMissingIsToldAndThePageStays) {
-  WriteLink("\"none.txm#x\"", "the handbook");
   Read();
-  ClickOn("handbook");
-  EXPECT_TRUE(messages.Take().value(0).contains("none.txm"));
-  EXPECT_EQ(PageText(), "the handbook");
+  for (const auto& [target, told] : {std::pair{"none.txm#x", "none.txm"}, {"#.txm", "it is not a file"}}) {
+    WriteLink('"' + QLatin1String(target) + '"', "the handbook");
+    Default<Form1>().InitNewCourse();
+    ClickOn("handbook");
+    EXPECT_TRUE(messages.Take().value(0).contains(told)) << target;
+    EXPECT_EQ(PageText(), "the handbook");
+    EXPECT_TRUE(gReturnStack.isEmpty()) << target;
+  }
 }
 
 }  // namespace

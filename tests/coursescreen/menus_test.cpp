@@ -179,12 +179,37 @@ TEST_F(MenusTest, TopicsOpenThoughThePointerHasLeftTheRowAndNotBehindAClosedMenu
   EXPECT_FALSE(Visible("Main_Topic_frm"));
 }
 
+TEST_F(MenusTest, TabLeavesAnOpenMenuForThePage) {
+  Read(3);
+  Click("toolBar_But");
+  Point("toolBar_Slice(4)");
+  Key(Qt::Key_Tab);
+  EXPECT_FALSE(Visible("Main_Tool_frm"));
+  Key(Qt::Key_Return);
+  EXPECT_EQ(LoadedForm<ProfileBox>(), nullptr);
+}
+
+TEST_F(MenusTest, UpBeginsAtTheLastModuleAndScrollsBackToTheFirst) {
+  Read(12);
+  Click("Modules");
+  for (int module = 11; module >= 0; --module) {
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Lit("MenuSlice", 12), QStringList{QStringLiteral("MenuSlice(%1)").arg(module)});
+    const QWidget* row = Gui::Find(Screen1(), QStringLiteral("MenuSlice(%1)").arg(module));
+    EXPECT_EQ(row->visibleRegion().boundingRect(), row->rect()) << module;
+  }
+  EXPECT_FALSE(Visible("MenuScrlUp"));
+}
+
 TEST_F(MenusTest, AModuleWithoutTopicsOpensNothing) {
   AddTwoModules();
   store.AddModule("rt0103", "Bare", {"0001.txm*Page*"});
   store.AddCourse("Cash desk", "rt0101rt0103");
   ReadAs("Ann", "Lee");
-  OpenTopicsOf(1);
+  OpenTopicsOf(0);
+  EXPECT_TRUE(Visible("Main_Topic_frm"));
+  Point("MenuSlice(1)");
+  clock.Advance(500);
   EXPECT_FALSE(Visible("Main_Topic_frm"));
   clock.Advance(5000);
   EXPECT_EQ(messages.Take(), QStringList());
