@@ -17,7 +17,7 @@ TOOLBAR, GLOSSARY_ROW = (893, 20), (820, 170)
 # Within the window: the strip's first column, the list, the close button.
 STRIP, CLOSE = (274, 26), (884, 485)
 LIST_SIZE, LIST_CORNER = "740x370", (164, 60)
-LETTER_WIDTH = 300  # twips
+LETTER_WIDTH = 20  # pixels, on every display
 SETTLE = 0.4  # seconds until a step is painted
 
 
@@ -38,8 +38,7 @@ class LookUp:
         return self.desktop.await_window(*GLOSSARY, what="the glossary")
 
     def point_at(self, window: Window, letter: str) -> tuple[int, int]:
-        width = LETTER_WIDTH * self.desktop.dpi / 1440
-        place = int(STRIP[0] + (self.letters.index(letter) + 0.5) * width), STRIP[1]
+        place = int(STRIP[0] + (self.letters.index(letter) + 0.5) * LETTER_WIDTH), STRIP[1]
         window.point(*place)
         time.sleep(SETTLE)
         return place
@@ -54,6 +53,8 @@ class LookUp:
         self.visit.check(f"a click on {by_mouse} moves the glossary", differing_pixels(first, by_click, area) > 0)
         self.desktop.key(by_key.lower())
         time.sleep(SETTLE)
+        elsewhere = self.desktop.picture("15-glossary-other-key")
+        self.visit.check(f"the key {by_key} moves the glossary", differing_pixels(by_click, elsewhere, area) > 0)
         self.desktop.key(by_mouse.lower())
         time.sleep(SETTLE)
         again = self.desktop.picture("15-glossary-key")

@@ -98,6 +98,8 @@ void Glossary::SetUpGrids(int selectionColour) {
   msFlexGrid1_->SetBackColorSel(kClearedSelection);
   msFlexGrid2_->SetBackColorSel(selectionColour);
   mHoverLetter = -1;
+  mLetterHot = false;
+  mSelLetter = 0;
 }
 
 void Glossary::Clear_Form() {
@@ -124,6 +126,7 @@ void Glossary::GetPrintableGlosInfo() {
 }
 
 void Glossary::ReadOn(qsizetype characters) {
+  tmrReading_.SetEnabled(false);  // an error ends the reading
   if (listReader_ && listReader_->ReadInGlosInfo(characters)) {
     listReader_.reset();
     list_.BuildLetterIndex();
@@ -135,7 +138,10 @@ void Glossary::ReadOn(qsizetype characters) {
 }
 
 void Glossary::Form_Activate() {
+  if (!listReader_ && !printReader_) return;
+  msFlexGrid1_->SetVisible(false);  // a list that shows takes its rows more slowly
   ReadOn(kAll);
+  msFlexGrid1_->SetVisible(true);
 }
 
 // The strip
@@ -147,10 +153,15 @@ void Glossary::PaintLetter(int index, int textColour, int backColour) {
   msFlexGrid2_->SetCellBackColor(backColour);
 }
 
+int Glossary::LetterUnderMouse() const {
+  if (msFlexGrid2_->Cols() == 0) return -1;  // a glossary without letters
+  return static_cast<int>(msFlexGrid2_->MouseX() / msFlexGrid2_->ColWidth(0));
+}
+
 // The selected letter is no exception: the mouse passing over it clears its look.
 void Glossary::OverStrip() {
   msFlexGrid2_->setCursor(Qt::PointingHandCursor);
-  const int letter = static_cast<int>(msFlexGrid2_->MouseX() / kLetterWidth);
+  const int letter = LetterUnderMouse();
   if (letter >= kStripLetters || letter == mHoverLetter) return;
   if (letter < 0 || letter >= list_.LetterCount()) {  // beside the letters
     OffStrip();
@@ -173,7 +184,7 @@ void Glossary::OffStrip() {
 }
 
 void Glossary::ClickStrip() {
-  const int letter = static_cast<int>(msFlexGrid2_->MouseX() / kLetterWidth);
+  const int letter = LetterUnderMouse();
   if (letter >= 0 && letter < kStripLetters) SelectLetter(letter);
 }
 

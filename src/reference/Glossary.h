@@ -45,6 +45,7 @@ class Glossary final : public DialogForm {
   void SetUpGrids(int selectionColour);
   void ReadOn(qsizetype characters);
 
+  int LetterUnderMouse() const;
   void OverStrip();
   void OffStrip();
   void ClickStrip();

@@ -62,7 +62,7 @@ void GlossaryList::BuildLetterIndex() {
   strip_.SetRow(0);
   for (int i = 0; i < LetterCount(); ++i) {
     strip_.SetCols(strip_.Cols() + 1);
-    strip_.SetColWidth(i, kLetterWidth);
+    strip_.SetColWidth(i, Fitted(kLetterWidth));
     strip_.SetCol(i);
     strip_.SetText(letters_[static_cast<size_t>(i)].Text);
   }

@@ -15,6 +15,7 @@
 #include "platform/forms/ListBox.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/SaveDialog.h"
+#include "platform/forms/Screen.h"
 #include "platform/shell/Opener.h"
 #include "reference/CourseFiles.h"
 #include "reference/Help.h"
@@ -181,6 +182,7 @@ void Repository::Detach() const {
              LoadStringResource(kResRepositoryError)) != MsgAnswer::Yes) {
     return;
   }
+  const Hourglass hourglass;
   CopyFile(source, target);
 }
 

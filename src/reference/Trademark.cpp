@@ -24,10 +24,7 @@ constexpr double ShrunkPageWidth = 15228, ShrunkPageHeight = 9948;  // on a disp
 }  // namespace Layout
 
 constexpr int kBarText = 0xFFFFFF;
-constexpr double kDesignScale = 15;  // twips per pixel
-constexpr int kPageStands = 3000;    // ms
-constexpr int kLeadIn = 30;          // bytes before the page in a page file
-constexpr int kListLoad = 37;        // load option
+constexpr int kPageStands = 3000;  // ms
 
 PictureBox* AddBackground(QWidget* form) {
   auto* background = new PictureBox(form, QStringLiteral("Background"));
@@ -59,7 +56,7 @@ Trademark::Trademark() : Form(QStringLiteral("Trademark"), FormFrame::Frameless)
 
 void Trademark::Form_Load() {
   ScaleFormToDisplay(*this);
-  if (Screen::TwipsPerPixelX() != kDesignScale) {
+  if (Screen::TwipsPerPixelX() != Screen::kDesignScale) {
     txTextControl1_->SetPageWidth(Layout::ShrunkPageWidth);
     txTextControl1_->SetPageHeight(Layout::ShrunkPageHeight);
   }
@@ -78,13 +75,13 @@ bool Trademark::ShowPageOf(const QString& courseName) {
   const QString name = QStringLiteral("Trademark %1_%2.txm").arg(courseName, QString::number(mTrademarkPage));
   const QString page = CourseFile(kAboutFolder, name);
   if (page.isEmpty() || !FileExists(page)) return false;
-  txTextControl1_->LoadOption(kListLoad, true);
-  txTextControl1_->Load(page, kLeadIn, TextControl::kPageFormat);
+  txTextControl1_->LoadOption(TextControl::kListLoad, true);
+  txTextControl1_->Load(page, TextControl::kLeadIn, TextControl::kPageFormat);
   return true;
 }
 
 // The first page was that of the module's own course; in the course of all modules the others are looked
-// for under its name, where there are none.
+// for under that course's name.
 void Trademark::Timer1_Timer() {
   ++mTrademarkPage;
   bool more = true;  // a page that can't be read is passed over, its time included

@@ -69,7 +69,9 @@ TEST_F(TrademarkTest, ThePagesRunToTheFirstGapAndTheProgramEnds) {
 TEST_F(TrademarkTest, ALearnerWhoStaysSeesNoPages) {
   AddPages("Cash desk", {1});
   Form1& screen = ReadAs("Ann", "Lee");
+  messages.Take();
   Gui::Key(screen, Qt::Key_Escape);
+  EXPECT_EQ(messages.Take().size(), 1);
   EXPECT_EQ(LoadedForm<Trademark>(), nullptr);
   EXPECT_TRUE(screen.Shown());
 }
