@@ -98,7 +98,8 @@ void Toolbar::CloseToolbarMenu() {
 void Toolbar::ChooseItem(int row) {
   ItemChosen.Raise();
   form_.Refresh();
-  (this->*kItems[row].Run)();
+  const ToolItem& item = kItems[row];
+  (this->*item.Run)();
 }
 
 void Toolbar::PointAtNext(int direction) {

@@ -63,7 +63,7 @@ void TopicMenu::BuildTopicMenu(const QString& module, const QStringList& topics,
   PictureBox& window = menu_.Window();
   window.SetAccessibleName(module);
   const bool scrolls = menu_.Count() > SlideMenu::kWindowRows;
-  // Ten rows and more: without the gap behind the last one.
+  // More than ten rows: without the gap behind the last one.
   window.SetHeight(scrolls ? menu_.RowStep() * SlideMenu::kWindowRows - SlideMenu::Gap()
                            : menu_.RowStep() * menu_.Count());
   window.SetTop(lowerEdge - window.Height());

@@ -1,5 +1,6 @@
 // The check-progress screen: how far the learner is in the open course, module by module, and the way to
-// any module or topic. The course screen's toolbar opens it, and every sign-in ends in it.
+// any module or topic. The course screen's toolbar opens it, and the sign-in of a known learner
+// ends in it.
 #pragma once
 
 #include "frame/Captions.h"

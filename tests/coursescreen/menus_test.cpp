@@ -129,10 +129,12 @@ TEST_F(MenusTest, WhateverIsPressedOutsideCloses) {
   Read(3);
   for (const char* outside : {"NextBtn", "Prev", "Label1", "CourseNameLbl", "TXTextControl1", "Return_Btn"}) {
     OpenTopicsOf(0);
+    EXPECT_TRUE(Visible("Main_Topic_frm")) << outside;
     Press(outside);
     Release(outside);
     EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm")) << outside;
     Click("toolBar_But");
+    EXPECT_TRUE(Visible("Main_Tool_frm")) << outside;
     Press(outside);
     Release(outside);
     EXPECT_FALSE(Visible("Main_Tool_frm")) << outside;
@@ -142,7 +144,9 @@ TEST_F(MenusTest, WhateverIsPressedOutsideCloses) {
 TEST_F(MenusTest, OneMenuClosesTheOthers) {
   Read(3);
   OpenTopicsOf(1);
+  EXPECT_TRUE(Visible("Main_Topic_frm"));
   Click("toolBar_But");
+  EXPECT_TRUE(Visible("Main_Tool_frm"));
   EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
   EXPECT_EQ(LookOf("Modules"), Look::Off);
   Click("Modules");

@@ -82,7 +82,7 @@ TEST_F(PrintingTest, OkTakesThePrinterThatTheTextStandsFor) {
     EXPECT_EQ(Names(dialog).Text(), row.Typed);
     Gui::Click(dialog, "cmdOK");
     EXPECT_EQ(CurrentPrinter(), row.Taken) << row.Typed.toStdString();
-    EXPECT_FALSE(dialog.Loaded());
+    EXPECT_EQ(LoadedForm<frmPrinterDialog>(), nullptr);
   }
   EXPECT_EQ(printers.Default, "Counter");  // the desktop's own stays
 }
@@ -121,7 +121,7 @@ TEST_F(PrintingTest, TheKeysOfTheDialogPrintOrCancel) {
   for (const auto& row : rows) {
     Form& dialog = OpenForFile();
     Gui::Key(dialog, row.Key, row.Modifiers);
-    EXPECT_FALSE(dialog.Loaded()) << row.Key;
+    EXPECT_EQ(LoadedForm<frmPrinterDialog>(), nullptr) << row.Key;
     EXPECT_EQ(opened.Take().size(), row.Prints ? 1 : 0) << row.Key;
   }
   Form& dialog = OpenForFile();
@@ -131,7 +131,7 @@ TEST_F(PrintingTest, TheKeysOfTheDialogPrintOrCancel) {
   Gui::Key(dialog, Qt::Key_N, Qt::AltModifier);
   EXPECT_TRUE(Names(dialog).HasFocus());
   Gui::Click(dialog, "cmdCancel");
-  EXPECT_FALSE(dialog.Loaded());
+  EXPECT_EQ(LoadedForm<frmPrinterDialog>(), nullptr);
   EXPECT_EQ(opened.Take(), QStringList());
 }
 

@@ -61,7 +61,7 @@ class Control {
   // Whether the focus came last by the Tab key, or by an arrow among buttons that exclude each other.
   bool FocusCameByKey() const { return focusCameByKey_; }
 
-  // The words that a screen reader says for this control, and its description where a name is not enough.
+  // The words that a screen reader says for this control.
   void SetAccessibleName(const QString& name);
 
   // Where the mouse was in the last mouse event: twips from the corner of the control's area, for a
@@ -86,7 +86,6 @@ class Control {
   void Watch(QWidget* part);
 
  private:
-  friend class ControlWatcher;
   friend class Form;  // the form forgets its controls before they die
   friend class ControlWatcher;
 

@@ -99,5 +99,5 @@ class ButtonFamily {
   std::vector<SkinButton*> members_;
 };
 
-// The folder of the skin's pictures: "\GUIimages\" under the program folder, as a program path.
+// A picture of the skin, which lies in "\GUIimages\" under the program folder, as a program path.
 QString SkinPicture(const QString& fileName);
