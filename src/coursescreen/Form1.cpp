@@ -91,9 +91,18 @@ Form1::Form1()
       keyboard_(*this, menus_, *nextBtn_, *prev_, *return_Btn_) {
   SetSize(Layout::Picture2.Width, Layout::Picture2.Height);
   txTextControl1_->Move(Layout::TXTextControl1);
-  nextBtn_->MouseUp = [this] { NextPage(); };
-  prev_->MouseUp = [this] { PrevPage(); };
-  return_Btn_->Click = [this] { pages_.ReturnToPreviousPlace(); };
+  nextBtn_->MouseUp = [this] {
+    NextPage();
+    PutOutUnlessPointed(*nextBtn_);
+  };
+  prev_->MouseUp = [this] {
+    PrevPage();
+    PutOutUnlessPointed(*prev_);
+  };
+  return_Btn_->Click = [this] {
+    pages_.ReturnToPreviousPlace();
+    PutOutUnlessPointed(*return_Btn_);
+  };
   exit_Pic_->Click = [this] { Exit_Course(); };
   min_btn_->Click = [this] { Minimise(); };
   timer1_.Tick = [this] { Timer1_Timer(); };
@@ -151,6 +160,11 @@ void Form1::Timer1_Timer() {
   if (gExitingCourse) Unload();
 }
 
+// A turn leaves its button lit. One that was pressed by a key has no pointer to put it out as it leaves.
+void Form1::PutOutUnlessPointed(SkinButton& button) {
+  if (button.Enabled() && !Hover::PointerIsOn(button)) IgnoreErrors([&] { button.Show(Look::Off); });
+}
+
 void Form1::NextPage() {
   pages_.NextPage();
 }
@@ -193,5 +207,6 @@ void Form1::Form_Unload() {
 }
 
 void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
+  if (FormLife::Active() != this) return;
   if (!menus_.KeyReleased(key, modifiers)) keyboard_.KeyReleased(key, modifiers);
 }

@@ -47,6 +47,7 @@ class Form1 final : public Form {
   SkinButton* AddButton(const QString& name, const Place& place, const ButtonImages& images,
                         const QString& captionName = {}, const Place& captionPlace = {});
   void SetToolCaptions();
+  void PutOutUnlessPointed(SkinButton& button);
   void Timer1_Timer();
   // The question before leaving; on yes the page is recorded and the trademark pages begin.
   bool AgreeToLeave();

@@ -12,13 +12,13 @@ namespace {
 
 constexpr int kTick = 100;  // ms
 
+}  // namespace
+
 // The place decides, not the leave event of the window system: that one also comes when the control is
 // hidden or a dialog opens over it, with the pointer where it was.
-bool PointerIsOn(const QWidget& control) {
+bool Hover::PointerIsOn(const QWidget& control) {
   return control.geometry().contains(control.parentWidget()->mapFromGlobal(QCursor::pos()));
 }
-
-}  // namespace
 
 Hover::Hover(Form& form) : form_(form), tmrMouseLeave_(&form, QStringLiteral("tmrMouseLeave")) {
   tmrMouseLeave_.SetInterval(kTick);

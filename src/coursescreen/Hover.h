@@ -21,6 +21,9 @@ class Hover {
   // goes takes its `leave` along.
   void Enter(Control& control, std::function<void()> leave = {});
 
+  // Whether the pointer is within the place of a control, hidden or not.
+  static bool PointerIsOn(const QWidget& control);
+
  private:
   void TmrMouseLeave_Timer();
 

@@ -25,7 +25,6 @@ class PutOutBehind {
 }  // namespace
 
 void Keyboard::KeyReleased(int key, Qt::KeyboardModifiers modifiers) {
-  if (FormLife::Active() != &screen_) return;
   if ((modifiers & Qt::AltModifier) != 0) {
     WithAlt(key);
   } else if ((modifiers & Qt::ShiftModifier) != 0) {

@@ -54,7 +54,8 @@ void PageTurning::InitCourseDisplay() {
   gExitingCourse = false;
   hasPage_ = false;
   ClearReturnStack();
-  Disable(controls_.Return_Btn);
+  controls_.Return_Btn->SetEnabled(false);
+  IgnoreErrors([this] { controls_.Return_Btn->Show(Look::Disabled); });  // no picture is worth a course
   controls_.Page->SetProperty2(true);
   controls_.Page->LoadOption(TextControl::kShowPages, true);
   if (!IgnoreErrors([this] { OpenFirstModule(); })) {

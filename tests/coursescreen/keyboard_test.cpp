@@ -140,9 +140,15 @@ TEST_F(KeyboardTest, TabReachesEveryControlAndEnterAndSpacePressIt) {
   Button("NextBtn").setFocus();
   Gui::Key(screen, Qt::Key_Return);
   EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(Button("NextBtn").Shown(), Look::Off);  // the pointer is elsewhere
   Button("Prev").setFocus();
   Gui::Key(screen, Qt::Key_Space);
   EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  EXPECT_EQ(Button("Prev").Shown(), Look::Off);
+  Button("Return_Btn").setFocus();
+  Gui::Key(screen, Qt::Key_Return);
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(Button("Return_Btn").Shown(), Look::Off);
 }
 
 }  // namespace
