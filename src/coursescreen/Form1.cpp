@@ -78,7 +78,8 @@ Form1::Form1()
           AddBarLabel(picture2_, "CourseNameLbl", Layout::CourseNameLbl, Layout::CourseNamePoints)),
       hover_(*this),
       toolTip_(*this, picture2_),
-      pages_({txTextControl1_, label1_, courseNameLbl_, nextBtn_, prev_, return_Btn_, &toolTip_}),
+      movies_(*txTextControl1_, [this] { menus_.CloseAllMenus(); }),
+      pages_({txTextControl1_, label1_, courseNameLbl_, nextBtn_, prev_, return_Btn_, &toolTip_, &movies_}),
       menus_(*this,
              {picture2_, modules_, toolBar_But_, exit_Pic_, return_Btn_, prev_, nextBtn_, label1_,
               courseNameLbl_, txTextControl1_},
@@ -197,6 +198,7 @@ bool Form1::Form_QueryUnload(UnloadMode mode) {
 }
 
 void Form1::Form_Unload() {
+  movies_.RemoveMovieControl();  // the sound, too, while the form waits for its end
   // Between two courses the glossary stays until the next one is read.
   auto* glossary = LoadedForm<Glossary>();
   if (glossary != nullptr && gExitingCourse) glossary->Unload();

@@ -5,6 +5,7 @@
 #include "coursescreen/ButtonHover.h"
 #include "coursescreen/Keyboard.h"
 #include "coursescreen/Menus.h"
+#include "coursescreen/MovieStage.h"
 #include "coursescreen/PageLinks.h"
 #include "coursescreen/PageTurning.h"
 #include "platform/forms/Form.h"
@@ -59,6 +60,7 @@ class Form1 final : public Form {
   Label* courseNameLbl_;
   Hover hover_;
   ToolTip toolTip_;
+  MovieStage movies_;
   PageTurning pages_;
   Menus menus_;
   PageLinks links_;

@@ -49,7 +49,11 @@ void Menus::CloseOnClicks() {
   }
   for (Label* label : {controls_.Header, controls_.CourseName})
     label->Click = [this] { CloseAllMenus(); };
-  controls_.Page->Click = [this] { CloseAllMenus(); };
+  controls_.Page->Click = [this] {
+    CloseAllMenus();
+    controls_.Page->parentWidget()->raise();
+    controls_.Page->SetCurrentObject(0);
+  };
   controls_.Page->GotFocus = [this] { CloseAllMenus(); };  // the keys now walk its links
 }
 

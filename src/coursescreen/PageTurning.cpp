@@ -2,6 +2,7 @@
 
 #include "content/PageList.h"
 #include "content/REGISTRY.h"
+#include "coursescreen/MovieStage.h"
 #include "coursescreen/StackControl.h"
 #include "coursescreen/ToolTip.h"
 #include "frame/ProgramState.h"
@@ -73,11 +74,15 @@ void PageTurning::OpenFirstModule() {
 void PageTurning::ShowPage(int module, const QString& pageName) {
   const QString path =
       gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QLatin1Char('\\') + pageName;
+  controls_.Movies->RemoveMovieControl();
   controls_.Page->Load(path, TextControl::kLeadIn, kPageFormat);
   hasPage_ = true;
+  gActiveObjectId = 0;
+  gActiveObjectSet = false;
 }
 
 QString PageTurning::OpenModule(int module, const std::function<void()>& choosePage) {
+  controls_.Movies->RemoveMovieControl();
   ReadMap(module);
   choosePage();
   const QString pageName = gPageList.GetCurrentPageName();
@@ -113,6 +118,7 @@ QString PageTurning::LoadModuleAtTopic(int module, const QString& topicName) {
 QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
   QString shown;
   if (pageName.isEmpty()) {
+    controls_.Movies->RemoveMovieControl();
     try {
       ReadMap(module);
     } catch (const RunTimeError& error) {

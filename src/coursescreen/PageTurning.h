@@ -6,6 +6,7 @@
 #include <functional>
 
 class Label;
+class MovieStage;
 class SkinButton;
 class TextControl;
 class ToolTip;
@@ -19,6 +20,7 @@ struct PageControls {
   SkinButton* Prev;
   SkinButton* Return_Btn;
   ToolTip* Tip;
+  MovieStage* Movies;
 };
 
 class PageTurning {

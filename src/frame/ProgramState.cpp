@@ -50,12 +50,14 @@ void ResetProgramState() {
   gCurrentModule = 0;
   gAllModules = 0;
   for (QString* text : {&gAppPath, &gDriveRoot, &gUserFirstName, &gUserLastName, &gUserEmail,
-                        &gTestReturnPage, &gTestModuleId, &gTestNextPage}) {
+                        &gTestReturnPage, &gTestModuleId, &gTestNextPage, &gMovieName}) {
     text->clear();
   }
   gReturnPoint = {};
   gReturnStack.clear();
   gExitingCourse = false;
   gFontShrink = 0;
+  gActiveObjectId = 0;
+  gActiveObjectSet = false;
   ClearProgressArrays();
 }

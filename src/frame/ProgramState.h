@@ -50,6 +50,11 @@ inline QString gTestReturnPage;
 inline QString gTestModuleId;
 inline QString gTestNextPage;
 
+// The movie of the object that came up last, and the object of the page that is current.
+inline QString gMovieName;
+inline int gActiveObjectId = 0;
+inline bool gActiveObjectSet = false;
+
 // The lines of the progress file as ten parallel arrays, as they were read last.
 inline QStringList gProgModuleId;
 inline QStringList gProgViewed;

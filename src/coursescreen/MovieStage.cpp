@@ -1,0 +1,220 @@
+#include "coursescreen/MovieStage.h"
+
+#include <optional>
+
+#include "frame/ProgramState.h"
+#include "frame/ResConstants.h"
+#include "frame/TextTable.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/Paths.h"
+#include "platform/forms/MsgBox.h"
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/Screen.h"
+#include "platform/movies/MoviePlayer.h"
+#include "platform/movies/PlayerPlugins.h"
+#include "platform/registry/Registry.h"
+#include "platform/richtext/TextControl.h"
+
+namespace {
+
+constexpr int kWhite = 0xFFFFFF;
+constexpr int kLargestSide = 8192;  // pixels; a movie that claims more never shows
+const QString kFrameName = QStringLiteral("ImageFrame");
+const QString kFlashName = QStringLiteral("ShockwaveFlash1");
+const QString kOtherName = QStringLiteral("ShockwaveCtl1");  // of both others: never two at once
+const QString kSizeCommand = QStringLiteral("size");
+
+// The default value of a player's key, empty when the player was never installed.
+QString ReadClass(const char* key) {
+  const RegistryKey* opened = LocalMachine().OpenKey(QString::fromLatin1(key));
+  if (opened == nullptr) return {};
+  const std::optional<RegistryValue> value = Registry::QueryValue(*opened, {});
+  return value ? value->Text : QString();
+}
+QString ReadFlashClass() {
+  return ReadClass("SOFTWARE\\Classes\\ShockwaveFlash.ShockwaveFlash\\CurVer");
+}
+QString ReadShockwaveClass() {
+  return ReadClass("SOFTWARE\\Classes\\SWCtl.SWCtl\\CurVer");
+}
+QString ReadMediaClass() {
+  return ReadClass("SOFTWARE\\Classes\\MediaPlayer.MediaPlayer\\CurVer");
+}
+
+// The file of the movie; empty when the name leads out of the program folder.
+QString MovieFile() {
+  return ContainedPath(gAppPath + QLatin1Char('\\') + CurrentModule().ModuleId +
+                       QStringLiteral("\\Movies\\") + gMovieName);
+}
+
+// Takes a widget off the screen at once. It dies when the event that led here is over: that may be its own.
+void Discard(QWidget* widget) {
+  if (widget == nullptr) return;
+  widget->hide();
+  widget->setParent(nullptr);
+  widget->deleteLater();
+}
+void DiscardPlayer(QPointer<MoviePlayer>& player) {
+  if (player != nullptr) player->Stop();
+  Discard(player);
+  player.clear();
+}
+
+QString PlayerMessage(const RunTimeError& error) {
+  if (error.Description().contains(QStringLiteral("Control.dll"))) {
+    return LoadStringResource(kResNeedsShockwave);
+  }
+  if (error.Description().contains(QStringLiteral("swflash"))) return LoadStringResource(kResNeedsFlash);
+  return error.Description();
+}
+
+}  // namespace
+
+MovieStage::MovieStage(TextControl& page, std::function<void()> closeMenus)
+    : page_(page), closeMenus_(std::move(closeMenus)) {
+  page_.ObjectCreating = [this](int id) { TextControlObjectCreating(id); };
+  page_.ObjectData = [this](int id, const QString& text) { TextControlObjectData(id, text); };
+  page_.ObjectActive = [this](int id) { TextControlObjectActive(id); };
+  page_.ObjectsMoved = [this] { PlaceFrame(); };
+}
+
+void MovieStage::TextControlObjectCreating(int id) {
+  frameObject_ = id;
+  QWidget* window = nullptr;
+  InsertMovieObject(window);
+  gMovieName.clear();
+}
+
+void MovieStage::InsertMovieObject(QWidget*& window) {
+  Discard(frame_);
+  objExt_ = new PictureBox(page_.viewport(), kFrameName);
+  frame_ = objExt_;
+  sizeIsOwn_ = false;
+  objExt_->SetBackColor(kWhite);
+  objExt_->MouseDown = [this] {
+    closeMenus_();
+    page_.SetCurrentObject(frameObject_);
+  };
+  PlaceFrame();
+  objExt_->SetVisible(true);
+  window = objExt_;
+}
+
+void MovieStage::TextControlObjectData(int id, const QString& text) {
+  try {
+    gMovieName = text.section(u',', 0, 0);
+    if (Screen::TwipsPerPixelX() != Screen::kDesignScale) MakeCurrent(id);
+    if (text.contains(QStringLiteral(".swf"))) {
+      InsertFlashMovie();
+    } else if (text.contains(QStringLiteral(".dcr"))) {
+      InsertDirectorMovie();
+    } else if (text.contains(QStringLiteral(".wmv"))) {
+      InsertVideo();
+    }
+  } catch (const RunTimeError& error) {
+    MsgBox(PlayerMessage(error));
+  }
+}
+
+void MovieStage::TextControlObjectActive(int id) {
+  IgnoreErrors([&] { MakeCurrent(id); });
+}
+
+// An object that is current already is not made so again: the page view tells of it each time.
+void MovieStage::MakeCurrent(int id) {
+  if (gActiveObjectSet && gActiveObjectId == id) return;
+  gActiveObjectId = id;
+  gActiveObjectSet = true;
+  page_.SetCurrentObject(id);
+}
+
+MoviePlayer* MovieStage::AddPlayerToFrame(const QString& classText, const QString& name) {
+  MoviePlayer* player = AddPlayer(objExt_, classText, name);
+  player->setAccessibleName(gMovieName);
+  player->Entered = [this] { closeMenus_(); };
+  FillFrame(*player);
+  return player;
+}
+
+void MovieStage::FillFrame(MoviePlayer& player) const {
+  player.setGeometry(objExt_->rect());
+}
+
+void MovieStage::InsertFlashMovie() {
+  try {
+    flashClass_ = ReadFlashClass();
+    objSWF_ = AddPlayerToFrame(flashClass_, kFlashName);
+    objSWF_->Command = [this](const QString& command, const QString& arguments) {
+      FlashCommand(command, arguments);
+    };
+    objSWF_->SetFit(MoviePlayer::Fit::Stretch);
+    objSWF_->SetMovie(MovieFile());
+    objSWF_->Stop();
+  } catch (const RunTimeError&) {
+    MsgBox(LoadStringResource(kResPageHasFlash));
+  }
+}
+
+void MovieStage::FlashCommand(const QString& command, const QString& arguments) {
+  if (command != kSizeCommand || objSWF_ == nullptr || frame_ == nullptr) return;
+  const qsizetype cross = arguments.indexOf(u'x');
+  bool hasWidth = false, hasHeight = false;
+  const int width = arguments.left(std::max<qsizetype>(cross, 0)).toInt(&hasWidth);
+  const int height = arguments.mid(cross + 1).toInt(&hasHeight);
+  const auto isSide = [](int pixels) { return pixels > 0 && pixels <= kLargestSide; };
+  if (!hasWidth || !hasHeight || !isSide(width) || !isSide(height)) return;
+  sizeIsOwn_ = true;
+  objExt_->SetHeight(height * Screen::TwipsPerPixelY());
+  objExt_->SetWidth(width * Screen::TwipsPerPixelX());
+  objSWF_->SetFit(MoviePlayer::Fit::Stretch);
+  FillFrame(*objSWF_);
+  objSWF_->show();
+  objSWF_->Play();
+}
+
+void MovieStage::InsertDirectorMovie() {
+  try {
+    shockwaveClass_ = ReadShockwaveClass();
+    objDir_ = AddPlayerToFrame(shockwaveClass_, kOtherName);
+    objDir_->SetMovie(MovieFile());
+    objDir_->SetFit(MoviePlayer::Fit::Stretch);
+    objDir_->SetBackColor(kWhite);
+    objDir_->show();
+  } catch (const RunTimeError&) {
+    MsgBox(LoadStringResource(kResPageHasShockwave));
+  }
+}
+
+void MovieStage::InsertVideo() {
+  IgnoreErrors([this] {
+    mediaClass_ = ReadMediaClass();
+    objVideo_ = AddPlayerToFrame(mediaClass_, kOtherName);
+    objVideo_->ShowControlBar(false);
+    objVideo_->SetMovie(MovieFile());
+    objVideo_->show();
+  });
+}
+
+void MovieStage::RemoveMovieControl() {
+  DiscardPlayer(objSWF_);
+  DiscardPlayer(objDir_);
+  DiscardPlayer(objVideo_);
+  // The frame stays for the next object, out of the sight of pages without one.
+  if (frame_ != nullptr) objExt_->SetVisible(false);
+}
+
+// The frame stands where the object stands on the page, and goes with it when the page scrolls.
+void MovieStage::PlaceFrame() {
+  if (frame_ == nullptr) return;
+  const QRect place = page_.ObjectRect(frameObject_);
+  if (place.isNull()) return;  // a file that a link shows has no such object: the movie stays over it
+  const double x = Screen::TwipsPerPixelX(), y = Screen::TwipsPerPixelY();
+  if (sizeIsOwn_) {
+    objExt_->Move(place.x() * x, place.y() * y, objExt_->Width(), objExt_->Height());
+  } else {
+    objExt_->Move(place.x() * x, place.y() * y, place.width() * x, place.height() * y);
+  }
+  for (MoviePlayer* player : {objSWF_.data(), objDir_.data(), objVideo_.data()}) {
+    if (player != nullptr && player->parentWidget() == objExt_) FillFrame(*player);
+  }
+}

@@ -1,0 +1,16 @@
+// The movie players of an installation: plugins in a folder, loaded when a page first needs one. The
+// program links none of them.
+#pragma once
+
+#include <QString>
+
+class MoviePlayer;
+class QWidget;
+
+// The program path of an installation's players: "players" in the program folder.
+QString PlayerFolder();
+
+// A new player of a class, hidden, in `container`, which owns it. The class may end in a version number,
+// "ShockwaveFlash.ShockwaveFlash.6", which is not looked at, and its case does not count. RunTimeError
+// with the class when it is empty, no plugin serves it, or the plugin can't be loaded or makes no player.
+MoviePlayer* AddPlayer(QWidget* container, const QString& className, const QString& name);
