@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing. Usage: tools/setup.sh GROUP..., with the groups
-# build (program), test (test run, the visit included), visit (scripted visit without a display) and
-# bench (benchmarks).
+# build (program), test (test run, the visit included), visit (scripted visit without a display),
+# bench (benchmarks) and fidelity (pages beside LibreOffice's).
 set -euo pipefail
 
 packages_of() {
@@ -9,6 +9,7 @@ packages_of() {
     build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation ;;
     test) echo libgtest-dev strace; packages_of visit ;;
     bench) echo libbenchmark-dev libx11-dev ;;
+    fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;
     visit) echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils ;;
     *) echo "setup: no such group: $1" >&2; return 1 ;;
   esac
