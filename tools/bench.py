@@ -66,7 +66,7 @@ def section(title: str) -> None:
 
 
 def build() -> None:
-    subprocess.run([ROOT / "tools/setup.sh", "build", "visit", "bench"], check=True)
+    subprocess.run([ROOT / "tools/setup.sh", "build", "players", "visit", "bench"], check=True)
     subprocess.run(["cmake", "--preset", "bench"], cwd=ROOT, check=True, stdout=subprocess.DEVNULL)
     subprocess.run(["cmake", "--build", "--preset", "bench"], cwd=ROOT, check=True)
 

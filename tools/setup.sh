@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing. Usage: tools/setup.sh GROUP..., with the groups
-# build (program), test (test run, the visit included), visit (scripted visit without a display),
-# bench (benchmarks) and fidelity (pages beside LibreOffice's).
+# build (program), players (what plays the movies), test (test run, the visit included), visit (scripted
+# visit without a display), bench (benchmarks) and fidelity (pages beside LibreOffice's).
 set -euo pipefail
 
 packages_of() {
   case "$1" in
     build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation ;;
+    players) echo qt6-multimedia-dev ;;
     test) echo libgtest-dev strace; packages_of visit ;;
     bench) echo libbenchmark-dev libx11-dev ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;

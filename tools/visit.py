@@ -11,6 +11,7 @@ import time
 from collections.abc import Sequence
 from pathlib import Path
 
+import visit_movies
 import visit_progress
 from program_run import (CLOSE_WINDOW, COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, PROGRESS, REGISTER,
                          SPLASH)
@@ -169,6 +170,7 @@ class Visit:
         self.check("the program ends well", program.returncode == 0)
         self.come_back(last)
         visit_progress.play(self)
+        visit_movies.play(self)
 
 
 def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> int:

@@ -22,7 +22,7 @@ from .text import ansi, crlf, read_source
 
 CATALOGUE = "HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0"
 # Folders that only this writer fills; learner data and skin lie beside them and stay.
-OWN_FOLDERS = ("Repository", "Glossary", "About", "registry")
+OWN_FOLDERS = ("Repository", "Glossary", "About")
 
 
 @dataclass
