@@ -7,7 +7,7 @@ set -euo pipefail
 packages_of() {
   case "$1" in
     build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation ;;
-    players) echo qt6-multimedia-dev ;;
+    players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev ;;
     test) echo libgtest-dev strace; packages_of visit ;;
     bench) echo libbenchmark-dev libx11-dev ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;

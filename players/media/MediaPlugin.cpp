@@ -1,30 +1,11 @@
-// The plugin that plays videos: Windows Media files on pages, and the movie of the wait window.
-#include <QCoreApplication>
-#include <QMediaDevices>
+// The plugin that plays videos: those of pages, and the movie of the wait window.
 #include <QObject>
-#include <QVideoFrame>
 
 #include "VideoPlayer.h"
 
-namespace {
-
-constexpr const char* kBackend = "QT_MEDIA_BACKEND";
-
-// Qt decides once how it decodes and how it turns frames into images.
-void ChooseBackend() {
-  const bool chosen = qEnvironmentVariableIsSet(kBackend);
-  // The other one breaks down where some of its own plugins are missing.
-  if (!chosen) qputenv(kBackend, "ffmpeg");
-  QMediaPlayer first;
-  if (!chosen) qunsetenv(kBackend);  // not for the programs that the opener starts
-  // Without OpenGL, which takes longer to load than a page has, for frames that are drawn by hand anyway.
-  const bool raster = QCoreApplication::testAttribute(Qt::AA_ForceRasterWidgets);
-  QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
-  QVideoFrame(QVideoFrameFormat({2, 2}, QVideoFrameFormat::Format_YUV420P)).toImage();
-  QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets, raster);
+extern "C" {
+#include <libavutil/log.h>
 }
-
-}  // namespace
 
 class MediaPlugin final : public QObject, public MoviePlayerPlugin {
   Q_OBJECT
@@ -32,15 +13,10 @@ class MediaPlugin final : public QObject, public MoviePlayerPlugin {
   Q_INTERFACES(MoviePlayerPlugin)
 
  public:
-  MediaPlugin() { ChooseBackend(); }
-  MoviePlayer* MakePlayer(QWidget* container, QString& reason) override;
+  MediaPlugin() { av_log_set_level(AV_LOG_QUIET); }  // what is wrong with a file is nobody's concern
+  MoviePlayer* MakePlayer(QWidget* container, QString& /*reason*/) override {
+    return new VideoPlayer(container);
+  }
 };
-
-MoviePlayer* MediaPlugin::MakePlayer(QWidget* container, QString& reason) {
-  auto player = std::make_unique<VideoPlayer>(container);
-  if (player->CanPlay()) return player.release();
-  reason = QStringLiteral("Qt Multimedia has no backend");
-  return nullptr;
-}
 
 #include "MediaPlugin.moc"

@@ -1,63 +1,22 @@
 #include "VideoPlayer.h"
 
-#include <QAudioDevice>
-#include <QAudioOutput>
 #include <QFile>
-#include <QMediaDevices>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QVideoFrame>
-#include <algorithm>
+#include <utility>
 
-namespace {
+#include "Playback.h"
 
-// The containers that are played, by their first bytes. A play list by any name is none of them: what it
-// lists may lie anywhere, on the web even.
-struct Container {
-  qsizetype At;
-  QByteArrayView Bytes;
-};
-constexpr Container kContainers[] = {
-    {0, "\x30\x26\xB2\x75\x8E\x66\xCF\x11"},  // Windows Media
-    {8, "AVI "},
-    {4, "ftyp"},  // MPEG-4
-};
-constexpr qint64 kHeadLength = 12;
-
-bool HoldsVideo(QFile& file) {
-  const QByteArray head = file.peek(kHeadLength);
-  return std::any_of(std::begin(kContainers), std::end(kContainers), [&head](const Container& container) {
-    return QByteArrayView(head).sliced(std::min(container.At, head.size())).startsWith(container.Bytes);
-  });
-}
-
-QColor FromBgr(int colour) {
-  return QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
-}
-
-}  // namespace
-
-VideoPlayer::VideoPlayer(QWidget* container) : MoviePlayer(container) {
-  decoder_.setVideoSink(&frames_);
-  QObject::connect(&frames_, &QVideoSink::videoFrameChanged, this,
-                   [this](const QVideoFrame& frame) { ShowFrame(frame); });
-}
+VideoPlayer::VideoPlayer(QWidget* container) : MoviePlayer(container) {}
 
 VideoPlayer::~VideoPlayer() = default;
 
 void VideoPlayer::SetMovie(const QString& file) {
-  decoder_.setSource({});
-  frame_ = {};
+  playback_.reset();
+  received_ = picture_ = {};
   update();
-  file_ = std::make_unique<QFile>(file);
-  if (!file_->open(QIODevice::ReadOnly) || !HoldsVideo(*file_)) return;
-  decoder_.setSourceDevice(file_.get());
-  // The decoder breaks down over a sound that it can't put out.
-  if (decoder_.hasAudio() && !QMediaDevices::defaultAudioOutput().isNull()) {
-    sound_ = std::make_unique<QAudioOutput>();
-    decoder_.setAudioOutput(sound_.get());
-  }
-  decoder_.play();
+  playback_ = std::make_unique<Playback>(QFile::encodeName(file), endless_,
+                                         [this](const QImage& picture) { Receive(picture); });
 }
 
 void VideoPlayer::SetFit(Fit fit) {
@@ -66,42 +25,49 @@ void VideoPlayer::SetFit(Fit fit) {
 }
 
 void VideoPlayer::SetBackColor(int colour) {
-  backColor_ = FromBgr(colour);
+  backColor_ = QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
   update();
-}
-
-void VideoPlayer::SetEndless(bool endless) {
-  decoder_.setLoops(endless ? QMediaPlayer::Infinite : QMediaPlayer::Once);
 }
 
 void VideoPlayer::Stop() {
-  decoder_.pause();
+  if (playback_ != nullptr) playback_->Hold();
 }
 
 void VideoPlayer::Play() {
-  decoder_.play();
+  if (playback_ != nullptr) playback_->Go();
 }
 
-void VideoPlayer::ShowFrame(const QVideoFrame& frame) {
-  if (!frame.isValid()) return;  // the end: what was shown last stays
-  frame_ = frame.toImage();
+// In a thread of the playback. A picture that was not shown yet gives way to the new one.
+void VideoPlayer::Receive(const QImage& picture) {
+  const std::lock_guard lock(mutex_);
+  const bool isAwaited = !received_.isNull();
+  received_ = picture;
+  if (!isAwaited)
+    QMetaObject::invokeMethod(
+        this, [this] { ShowReceived(); }, Qt::QueuedConnection);
+}
+
+void VideoPlayer::ShowReceived() {
+  const std::lock_guard lock(mutex_);
+  if (received_.isNull()) return;  // of a movie before this one
+  picture_ = std::exchange(received_, {});
   update();
 }
 
-QRectF VideoPlayer::FrameRect() const {
+QRectF VideoPlayer::PicturePlace() const {
   if (fit_ == Fit::Stretch) return rect();
   const auto mode = fit_ == Fit::Whole ? Qt::KeepAspectRatio : Qt::KeepAspectRatioByExpanding;
-  QRectF place({}, QSizeF(frame_.size()).scaled(size(), mode));
+  QRectF place({}, QSizeF(picture_.size()).scaled(size(), mode));
   place.moveCenter(QRectF(rect()).center());
   return place;
 }
 
 void VideoPlayer::paintEvent(QPaintEvent* /*event*/) {
-  if (frame_.isNull()) return;  // what lies behind shows until then
+  if (picture_.isNull()) return;  // what lies behind shows until then
   QPainter painter(this);
   painter.fillRect(rect(), backColor_);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(FrameRect(), frame_);
+  painter.drawImage(PicturePlace(), picture_);
 }
 
 void VideoPlayer::mousePressEvent(QMouseEvent* event) {

@@ -1,32 +1,26 @@
-// Plays a video file: Qt Multimedia decodes it, the widget draws its frames.
+// Plays a video file and draws its pictures. The last one stays when the video is over.
 #pragma once
 
+#include <QColor>
 #include <QImage>
-#include <QMediaPlayer>
-#include <QVideoSink>
 #include <memory>
+#include <mutex>
 
 #include "platform/movies/MoviePlayer.h"
 
-class QAudioOutput;
-class QFile;
+class Playback;
 
 class VideoPlayer final : public MoviePlayer {
  public:
   explicit VideoPlayer(QWidget* container);
   ~VideoPlayer() override;
 
-  // False where Qt Multimedia has nothing to decode with.
-  bool CanPlay() const { return decoder_.isAvailable(); }
-
-  // The file is the only thing opened, whatever it says inside: only the containers that cannot lead
-  // elsewhere are played. The last frame stays when the video is over.
   void SetMovie(const QString& file) override;
   void SetFit(Fit fit) override;
   void SetBackColor(int colour) override;
   // There is no bar: a video runs from its beginning to its end.
   void ShowControlBar(bool /*shown*/) override {}
-  void SetEndless(bool endless) override;
+  void SetEndless(bool endless) override { endless_ = endless; }
   void Stop() override;
   void Play() override;
 
@@ -35,15 +29,15 @@ class VideoPlayer final : public MoviePlayer {
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
-  void ShowFrame(const QVideoFrame& frame);
-  QRectF FrameRect() const;
+  void Receive(const QImage& picture);
+  void ShowReceived();
+  QRectF PicturePlace() const;
 
-  // In the order in which they may go: the decoder's threads read the file and feed the other two.
-  std::unique_ptr<QFile> file_;
-  std::unique_ptr<QAudioOutput> sound_;  // of a video that has any
-  QVideoSink frames_;
-  QMediaPlayer decoder_;
-  QImage frame_;
+  QImage picture_;
   QColor backColor_ = Qt::white;
   Fit fit_ = Fit::Whole;
+  bool endless_ = false;
+  std::mutex mutex_;
+  QImage received_;  // under the mutex: from the playback's thread, not shown yet
+  std::unique_ptr<Playback> playback_;
 };

@@ -25,7 +25,7 @@ class MoviePlayer : public QWidget {
   virtual void SetBackColor(int colour) = 0;
   // A bar with which the learner can work the movie, where the player has one.
   virtual void ShowControlBar(bool shown) = 0;
-  // Begins again at the end, without end; a player whose movies decide on that themselves leaves it to them.
+  // Whether the next movie begins again at its end, without end. Some movies decide on that themselves.
   virtual void SetEndless(bool /*endless*/) {}
   // Holds the movie and its sound, and goes on. A Flash movie that is held before it has begun runs the
   // commands of its first frame all the same.
