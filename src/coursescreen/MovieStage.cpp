@@ -55,8 +55,13 @@ void Discard(QWidget* widget) {
   widget->deleteLater();
 }
 void DiscardPlayer(QPointer<MoviePlayer>& player) {
-  if (player != nullptr) player->Stop();
-  Discard(player);
+  MoviePlayer* playing = player.data();
+  if (playing != nullptr) {
+    playing->Stop();
+    playing->Command = nullptr;  // it may outlive the stage
+    playing->Entered = nullptr;
+  }
+  Discard(playing);
   player.clear();
 }
 
@@ -86,6 +91,7 @@ void MovieStage::TextControlObjectCreating(int id) {
 }
 
 void MovieStage::InsertMovieObject(QWidget*& window) {
+  RemovePlayers();  // with the frame that they play in
   Discard(frame_);
   objExt_ = new PictureBox(page_.viewport(), kFrameName);
   frame_ = objExt_;
@@ -128,11 +134,11 @@ void MovieStage::MakeCurrent(int id) {
   page_.SetCurrentObject(id);
 }
 
-MoviePlayer* MovieStage::AddPlayerToFrame(const QString& classText, const QString& name) {
-  MoviePlayer* player = AddPlayer(objExt_, classText, name);
-  player->setAccessibleName(gMovieName);
-  player->Entered = [this] { closeMenus_(); };
-  FillFrame(*player);
+MoviePlayer& MovieStage::AddPlayerToFrame(const QString& classText, const QString& name) {
+  MoviePlayer& player = AddPlayer(*objExt_, classText, name);
+  player.setAccessibleName(gMovieName);
+  player.Entered = [this] { Dispatcher::Run(closeMenus_); };
+  FillFrame(player);
   return player;
 }
 
@@ -143,20 +149,21 @@ void MovieStage::FillFrame(MoviePlayer& player) const {
 void MovieStage::InsertFlashMovie() {
   try {
     flashClass_ = ReadFlashClass();
-    objSWF_ = AddPlayerToFrame(flashClass_, kFlashName);
-    objSWF_->Command = [this](const QString& command, const QString& arguments) {
-      FlashCommand(command, arguments);
+    MoviePlayer& movie = AddPlayerToFrame(flashClass_, kFlashName);
+    objSWF_ = &movie;
+    movie.Command = [this, &movie](const QString& command, const QString& arguments) {
+      if (command == kSizeCommand) Dispatcher::Run([&] { TakeSize(movie, arguments); });
     };
-    objSWF_->SetFit(MoviePlayer::Fit::Stretch);
-    objSWF_->SetMovie(MovieFile());
-    objSWF_->Stop();
+    movie.SetFit(MoviePlayer::Fit::Stretch);
+    movie.SetMovie(MovieFile());
+    movie.Stop();
   } catch (const RunTimeError&) {
     MsgBox(LoadStringResource(kResPageHasFlash));
   }
 }
 
-void MovieStage::FlashCommand(const QString& command, const QString& arguments) {
-  if (command != kSizeCommand || objSWF_ == nullptr || frame_ == nullptr) return;
+void MovieStage::TakeSize(MoviePlayer& movie, const QString& arguments) {
+  if (objSWF_ != &movie || frame_ == nullptr) return;  // one that has been removed
   const qsizetype cross = arguments.indexOf(u'x');
   bool hasWidth = false, hasHeight = false;
   const int width = arguments.left(std::max<qsizetype>(cross, 0)).toInt(&hasWidth);
@@ -166,20 +173,21 @@ void MovieStage::FlashCommand(const QString& command, const QString& arguments) 
   sizeIsOwn_ = true;
   objExt_->SetHeight(height * Screen::TwipsPerPixelY());
   objExt_->SetWidth(width * Screen::TwipsPerPixelX());
-  objSWF_->SetFit(MoviePlayer::Fit::Stretch);
-  FillFrame(*objSWF_);
-  objSWF_->show();
-  objSWF_->Play();
+  movie.SetFit(MoviePlayer::Fit::Stretch);
+  FillFrame(movie);
+  movie.show();
+  movie.Play();
 }
 
 void MovieStage::InsertDirectorMovie() {
   try {
     shockwaveClass_ = ReadShockwaveClass();
-    objDir_ = AddPlayerToFrame(shockwaveClass_, kOtherName);
-    objDir_->SetMovie(MovieFile());
-    objDir_->SetFit(MoviePlayer::Fit::Stretch);
-    objDir_->SetBackColor(kWhite);
-    objDir_->show();
+    MoviePlayer& movie = AddPlayerToFrame(shockwaveClass_, kOtherName);
+    objDir_ = &movie;
+    movie.SetMovie(MovieFile());
+    movie.SetFit(MoviePlayer::Fit::Stretch);
+    movie.SetBackColor(kWhite);
+    movie.show();
   } catch (const RunTimeError&) {
     MsgBox(LoadStringResource(kResPageHasShockwave));
   }
@@ -188,17 +196,22 @@ void MovieStage::InsertDirectorMovie() {
 void MovieStage::InsertVideo() {
   IgnoreErrors([this] {
     mediaClass_ = ReadMediaClass();
-    objVideo_ = AddPlayerToFrame(mediaClass_, kOtherName);
-    objVideo_->ShowControlBar(false);
-    objVideo_->SetMovie(MovieFile());
-    objVideo_->show();
+    MoviePlayer& movie = AddPlayerToFrame(mediaClass_, kOtherName);
+    objVideo_ = &movie;
+    movie.ShowControlBar(false);
+    movie.SetMovie(MovieFile());
+    movie.show();
   });
 }
 
-void MovieStage::RemoveMovieControl() {
+void MovieStage::RemovePlayers() {
   DiscardPlayer(objSWF_);
   DiscardPlayer(objDir_);
   DiscardPlayer(objVideo_);
+}
+
+void MovieStage::RemoveMovieControl() {
+  RemovePlayers();
   // The frame stays for the next object, out of the sight of pages without one.
   if (frame_ != nullptr) objExt_->SetVisible(false);
 }

@@ -31,9 +31,11 @@ class MovieStage {
   void TextControlObjectCreating(int id);
   void TextControlObjectData(int id, const QString& text);
   void TextControlObjectActive(int id);
-  void FlashCommand(const QString& command, const QString& arguments);
+  // The size in pixels that a Flash movie tells, "640x480". Anything else leaves the movie unseen.
+  void TakeSize(MoviePlayer& movie, const QString& arguments);
+  void RemovePlayers();
   void MakeCurrent(int id);
-  MoviePlayer* AddPlayerToFrame(const QString& classText, const QString& name);
+  MoviePlayer& AddPlayerToFrame(const QString& classText, const QString& name);
   void FillFrame(MoviePlayer& player) const;
   void PlaceFrame();
 

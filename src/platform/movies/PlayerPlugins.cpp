@@ -48,7 +48,7 @@ QString PlayerFolder() {
   return ProgramFolder() + QStringLiteral("\\players");
 }
 
-MoviePlayer* AddPlayer(QWidget* container, const QString& className, const QString& name) {
+MoviePlayer& AddPlayer(QWidget& container, const QString& className, const QString& name) {
   const QString served = WithoutVersion(className);
   const QString path = served.isEmpty() ? QString() : PluginFor(served);
   if (path.isEmpty()) throw RunTimeError(Describe("player-missing", className));
@@ -56,8 +56,8 @@ MoviePlayer* AddPlayer(QWidget* container, const QString& className, const QStri
   QPluginLoader loader(path);
   auto* plugin = qobject_cast<MoviePlayerPlugin*>(loader.instance());
   QString reason = loader.errorString();
-  MoviePlayer* player = plugin == nullptr ? nullptr : plugin->MakePlayer(container, reason);
+  MoviePlayer* player = plugin == nullptr ? nullptr : plugin->MakePlayer(&container, reason);
   if (player == nullptr) throw RunTimeError(Describe("player-fails", className, reason));
   player->setObjectName(name);
-  return player;
+  return *player;
 }

@@ -13,4 +13,4 @@ QString PlayerFolder();
 // A new player of a class, hidden, in `container`, which owns it. The class may end in a version number,
 // "ShockwaveFlash.ShockwaveFlash.6", which is not looked at, and its case does not count. RunTimeError
 // with the class when it is empty, no plugin serves it, or the plugin can't be loaded or makes no player.
-MoviePlayer* AddPlayer(QWidget* container, const QString& className, const QString& name);
+MoviePlayer& AddPlayer(QWidget& container, const QString& className, const QString& name);
