@@ -1,4 +1,7 @@
 // The look of rich text: characters, paragraphs, lists, tables, pictures, links and objects.
+#include <QAbstractTextDocumentLayout>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTextTable>
 
 #include "platform/richtext/PageLink.h"
@@ -47,6 +50,24 @@ const CharRow kCharacters[] = {
     {"Capitals", "\\caps x", [](const F& f) { return f.fontCapitalization() == QFont::AllUppercase; }},
     {"Plain", "\\b\\i\\cf1\\fs40 a\\plain x",
      [](const F& f) { return f.fontWeight() != QFont::Bold && !f.fontItalic() && f.fontPointSize() == 12; }},
+    {"OtherFontName", "{\\fonttbl{\\f20 Nowhere{\\*\\falt Courier New};}}\\f20 x",
+     [](const F& f) {
+       return f.fontFamilies().toStringList() == QStringList({"Nowhere", "Courier New"});
+     }},
+    {"UnderlineColour", "\\ul\\ulc1 x", [](const F& f) { return f.underlineColor() == QColor(255, 0, 0); }},
+    {"QuarterGrey", "\\chshdng2500 x",
+     [](const F& f) { return f.background().color() == QColor(191, 191, 191); }},
+    {"MixedShade", "\\chshdng5000\\chcfpat1\\chcbpat3 x",
+     [](const F& f) { return f.background().color() == QColor(255, 128, 0); }},
+    {"Spread", "\\expnd12 x", [](const F& f) { return f.fontLetterSpacing() == 4; }},
+    {"Stretched", "\\charscalex150 x", [](const F& f) { return f.fontStretch() == 150; }},
+    {"Outline", "\\outl x", [](const F& f) { return f.textOutline().style() != Qt::NoPen; }},
+    {"StyleOnStyle",
+     "{\\stylesheet{\\s1\\sbasedon2\\b low;}{\\s2\\sbasedon1\\f1\\fs36 up;}}\\pard\\plain\\s1 x",
+     [](const F& f) {
+       return f.fontWeight() == QFont::Bold && f.fontPointSize() == 18 &&
+              f.fontFamilies().toStringList().first() == u"Courier New";
+     }},
     {"ParagraphStyle", "{\\stylesheet{\\s1\\b\\fs36 heading;}}\\pard\\plain\\s1 x",
      [](const F& f) { return f.fontWeight() == QFont::Bold && f.fontPointSize() == 18; }},
     {"CharacterStyle", "{\\stylesheet{\\*\\cs5\\additive\\i\\cf1 mark;}}a{\\cs5 x}",
@@ -93,6 +114,14 @@ const ParagraphRow kParagraphs[] = {
        return tabs.size() == 3 && tabs[0].position == 100 && tabs[0].type == QTextOption::LeftTab &&
               tabs[1].type == QTextOption::RightTab && tabs[2].type == QTextOption::CenterTab;
      }},
+    {"SumOfSpaces", "\\pard\\sb150\\sa300 a\\par x\\par", [](const B& b) { return b.topMargin() == 30; }},
+    {"LargerSpaceOfThePage", "\\htmautsp\\pard\\sb150\\sa300 a\\par x\\par",
+     [](const B& b) { return b.topMargin() == 10; }},
+    {"SpaceOfTheWeb", "\\pard\\sb150\\sbauto1 x\\par", [](const B& b) { return b.topMargin() * 15 == 280; }},
+    {"NoSpaceWithinAStyle", "\\pard\\s3\\sb150\\sa300\\contextualspace a\\par x\\par",
+     [](const B& b) { return b.topMargin() == 0; }},
+    {"SpaceBetweenStyles", "\\pard\\s3\\sb150\\contextualspace a\\par\\s4 x\\par",
+     [](const B& b) { return b.topMargin() == 10; }},
     {"Shading", "\\pard\\cbpat3 x\\par",
      [](const B& b) { return b.background().color() == QColor(255, 255, 0); }},
     {"PageBreak", "a\\page x\\par",
@@ -116,6 +145,44 @@ TEST(RtfMetrics, GiveLettersTheirPixelsAtAnotherResolution) {
   EXPECT_DOUBLE_EQ(FormatOf(page, "x").fontPointSize(), 12);
 }
 
+QTextTableCellFormat CellOf(const QTextTable& table, int row, int column) {
+  return table.cellAt(row, column).format().toTableCellFormat();
+}
+
+TEST(RtfParagraphBorders, StandAroundNeighboursTogether) {
+  const RichPage page = ReadBody(
+      "\\pard\\li1500\\sb300\\box\\brdrs\\brdrw30\\brsp150\\brdrcf1 a\\par x\\par"
+      "\\pard y\\par\\pard\\brdrb\\brdrdb z\\par");
+  const QTextTable* box = page.Document->find("x").currentTable();
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(page.Document->find("a").currentTable(), box);
+  const QTextTableCellFormat around = CellOf(*box, 0, 0);
+  EXPECT_EQ(around.topBorder(), 2);
+  EXPECT_EQ(around.leftBorderBrush().color(), QColor(255, 0, 0));
+  EXPECT_EQ(around.leftPadding(), 10);
+  EXPECT_EQ(box->format().leftMargin(), 100 - 10 - 2);
+  EXPECT_EQ(box->format().topMargin(), 20);
+  EXPECT_EQ(BlockOf(page, "a").blockFormat().topMargin(), 0);
+  EXPECT_EQ(page.Document->find("y").currentTable(), nullptr);
+  const QTextTable* rule = page.Document->find("z").currentTable();
+  ASSERT_NE(rule, nullptr);
+  EXPECT_EQ(CellOf(*rule, 0, 0).bottomBorderStyle(), QTextFrameFormat::BorderStyle_Double);
+  EXPECT_EQ(CellOf(*rule, 0, 0).topBorder(), 0);
+}
+
+TEST(RtfTabs, DrawWhatLeadsToThem) {
+  const RichPage page = ReadBody("\\pard\\tx900\\tqr\\tldot\\tx6000 1.\\tab{\\b title}\\tab 7\\par");
+  const auto at = [&page](int place) {
+    QTextCursor cursor(page.Document.get());
+    cursor.setPosition(place + 1);
+    return cursor.charFormat();
+  };
+  EXPECT_EQ(at(2).underlineStyle(), QTextCharFormat::NoUnderline);
+  EXPECT_EQ(at(8).underlineStyle(), QTextCharFormat::DotLine);
+  EXPECT_EQ(at(9).underlineStyle(), QTextCharFormat::NoUnderline);
+  EXPECT_EQ(page.Document->toPlainText(), QStringLiteral("1.\ttitle\t7"));
+}
+
 const QByteArray kLists =
     "{\\*\\listtable{\\list{\\listlevel\\levelnfc0\\levelstartat3{\\leveltext\\'02\\'00.;}{\\levelnumbers\\'"
     "01;}}"
@@ -137,6 +204,25 @@ TEST(RtfLists, LeaveTheNumbersThatThePageBrings) {
       TextOfBody(kLists +
                  "{\\listtext 9.\\tab}\\pard\\ls1 a\\par{\\pntext\\f2\\'b7\\tab}{\\*\\pn\\pnlvlblt}b\\par"),
       QString("9.\ta\n\u2022\tb"));
+}
+
+TEST(RtfLists, BeginAnewAndFollowTheirOwnRules) {
+  EXPECT_EQ(
+      TextOfBody(
+          "{\\*\\listtable{\\list{\\listlevel\\levelnfc1{\\leveltext\\'02\\'00.;}}"
+          "{\\listlevel\\levelnfc5\\levellegal1\\levelfollow1{\\leveltext\\'04\\'00.\\'01);}}\\listid7}}"
+          "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}"
+          "{\\listoverride\\listid7{\\lfolevel\\listoverridestartat\\levelstartat9}\\ls2}}"
+          "{\\stylesheet{\\s5\\ls1 item;}}"
+          "\\pard\\s5 a\\par b\\par\\ilvl1 c\\par\\pard\\ls2 d\\par e\\par"),
+      QString("I.\ta\nII.\tb\n2.1st) c\nIX.\td\nX.\te"));
+}
+
+TEST(RtfLists, OfTheOlderKindCountWhereThePageDoesNot) {
+  const QByteArray numbers = "\\pard{\\*\\pn\\pnlvlbody\\pnlcltr\\pnstart3{\\pntxtb (}{\\pntxta )}}";
+  EXPECT_EQ(TextOfBody("\\pard{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'b7}}a\\par" + numbers + "b\\par" + numbers +
+                       "c\\par\\pard d"),
+            QString("\u2022\ta\n(c)\tb\n(d)\tc\nd"));
 }
 
 TEST(RtfLists, HangTheirTextBehindTheBullet) {
@@ -207,6 +293,41 @@ TEST(RtfTables, AreNoWiderForTheirLines) {
                                  "\\cellx6900\\pard\\intbl a\\cell b\\cell\\row");
   page.Document->setTextWidth(500);
   EXPECT_EQ(page.Document->size().width(), 500);
+}
+
+TEST(RtfTables, HaveRowsOfTheirHeight) {
+  const QByteArray row = "\\trowd\\trrh1500\\clvertalb\\cellx2000\\clvertalb\\cellx4000\\pard\\intbl ";
+  const PageMetrics metrics{1.0 / 15, QGuiApplication::primaryScreen()->logicalDotsPerInch()};
+  const RichPage page =
+      ReadRtf("{\\rtf1" + row + "x\\cell one\\line two\\cell\\row" + row + "\\cell\\cell\\row\\pard after}",
+              metrics, QStringLiteral("page"));
+  page.Document->setTextWidth(500);
+  const auto top = [&page](const QString& text) {
+    const QTextBlock block = BlockOf(page, text);
+    return page.Document->documentLayout()->blockBoundingRect(block).top();
+  };
+  EXPECT_NEAR(top("after") - page.Document->rootFrame()->frameFormat().topMargin(), 200, 12);
+  EXPECT_GT(top("x"), 70);
+}
+
+TEST(RtfTables, TakeTheirShareOfTheWidthOrTheirCellsWidths) {
+  const RichPage page = ReadBody(
+      "\\trowd\\trftsWidth2\\trwWidth2500\\cellx1000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row\\pard "
+      "p\\par"
+      "\\trowd\\clftsWidth3\\clwWidth1500\\cellx0\\cellx4500\\pard\\intbl c\\cell d\\cell\\row");
+  const auto shares = TableWith(page, "a")->format().columnWidthConstraints();
+  EXPECT_EQ(shares[0], QTextLength(QTextLength::PercentageLength, 12.5));
+  EXPECT_EQ(shares[1], QTextLength(QTextLength::PercentageLength, 37.5));
+  const auto widths = TableWith(page, "c")->format().columnWidthConstraints();
+  EXPECT_EQ(widths[0].rawValue(), 100);
+  EXPECT_EQ(widths[1].rawValue(), 200);
+}
+
+TEST(RtfTables, RunFromRightToLeft) {
+  const RichPage page = ReadBody("\\trowd\\rtlrow\\cellx1500\\cellx4500\\pard\\intbl a\\cell b\\cell\\row");
+  const QTextTable* table = TableWith(page, "a");
+  EXPECT_EQ(table->cellAt(0, 1), table->cellAt(page.Document->find("a")));
+  EXPECT_EQ(table->format().columnWidthConstraints()[0].rawValue(), 200);
 }
 
 TEST(RtfTables, NestAndLoseNoText) {
@@ -368,6 +489,13 @@ TEST(RtfObjects, KeepSizeDataTextAndOrder) {
     EXPECT_EQ(QSizeF(at.charFormat().toImageFormat().width(), at.charFormat().toImageFormat().height()),
               sizes[i]);
   }
+}
+
+TEST(RtfPaper, HasTheBorderOfThePage) {
+  const QTextFrameFormat frame =
+      ReadBody("\\margl600\\pgbrdrt\\brdrs\\brdrw30\\brdrcf1 x").Document->rootFrame()->frameFormat();
+  EXPECT_EQ(frame.border(), 2);
+  EXPECT_EQ(frame.borderBrush().color(), QColor(255, 0, 0));
 }
 
 TEST(RtfPaper, HasTheColourOfThePage) {

@@ -19,7 +19,8 @@ inline RichPage ReadBody(const QByteArray& body) {
       "{\\fonttbl{\\f0\\fswiss Arial;}{\\f1\\fmodern Courier New;}{\\f2\\fcharset2 Symbol;}"
       "{\\f3\\fcharset128 MS Gothic;}{\\f4\\fcharset238 Arial CE;}{\\f5\\fcharset204 Arial Cyr;}"
       "{\\f6\\ftech\\fcharset2 Wingdings;}{\\f7\\fcharset129 Batang;}{\\f8\\fcharset134 SimSun;}"
-      "{\\f9\\fcharset136 MingLiU;}}"
+      "{\\f9\\fcharset136 MingLiU;}{\\f10\\fcharset130 Batang;}{\\f11\\fcharset78 Osaka;}"
+      "{\\f12\\fcharset85 Geneva;}}"
       "{\\colortbl;\\red255\\green0\\blue0;\\red0\\green128\\blue0;\\red255\\green255\\blue0;}" +
           body + "}",
       {}, QStringLiteral("page"));
@@ -60,4 +61,3 @@ inline QByteArray PictureBytes(QSize size, const char* format) {
   image.save(&buffer, format);
   return bytes;
 }
-

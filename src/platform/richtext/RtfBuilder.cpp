@@ -42,8 +42,33 @@ void RtfBuilder::Insert(const RtfBlock& block) {
   }
 }
 
+// The space between two paragraphs is that behind the first and that before the second together, while a
+// document takes the larger one. So does a page that says it follows the web.
+const QTextBlockFormat& RtfBuilder::FormatBehindLast(const RtfParaProps& props) {
+  const QTextBlockFormat& usual = formats_.BlockFormat(props);
+  if (!hasLast_) return usual;
+  const bool isSameStyle = props.Style == last_.Style;
+  const bool isClose = isSameStyle && (props.IsCloseToSame || last_.IsCloseToSame);
+  const int before = isSameStyle && props.IsCloseToSame ? 0 : RtfFormats::SpaceBefore(props);
+  const int after = isSameStyle && last_.IsCloseToSame ? 0 : RtfFormats::SpaceAfter(last_);
+  const bool isWebSpace = formats_.Header().HasWebSpace || props.IsBeforeAuto || last_.IsAfterAuto;
+  const bool isSum = !isWebSpace && before > 0 && after > 0;
+  if (!isSum && !isClose) return usual;
+  if (isClose) {
+    QTextBlockFormat above = cursor_.blockFormat();
+    above.setBottomMargin(formats_.Metrics().Pixels(after));
+    cursor_.setBlockFormat(above);
+  }
+  spaced_ = usual;
+  spaced_.setTopMargin(formats_.Metrics().Pixels(isSum ? before + after : before));
+  return spaced_;
+}
+
 void RtfBuilder::InsertParagraph(const RtfParagraph& paragraph) {
-  const QTextBlockFormat& blockFormat = formats_.BlockFormat(paragraph.Props);
+  const QTextBlockFormat& blockFormat =
+      isAtFreshBlock_ ? formats_.BlockFormat(paragraph.Props) : FormatBehindLast(paragraph.Props);
+  last_ = paragraph.Props;
+  hasLast_ = true;
   const QTextCharFormat& endFormat = formats_.CharFormat(paragraph.EndFormat);
   if (isAtFreshBlock_) {
     cursor_.setBlockFormat(blockFormat);
@@ -57,7 +82,39 @@ void RtfBuilder::InsertParagraph(const RtfParagraph& paragraph) {
     const int position = cursor_.position() + static_cast<int>(place.Offset);
     if (!page_.Places.contains(place.Name.toLower())) page_.Places.insert(place.Name.toLower(), position);
   }
-  InsertSpans(paragraph);
+  const bool hasLeaders = std::any_of(paragraph.Props.Tabs.begin(), paragraph.Props.Tabs.end(),
+                                      [](const RtfTab& tab) { return tab.Leader != RtfLeader::None; });
+  if (hasLeaders) {
+    InsertWithLeaders(paragraph);
+  } else {
+    InsertSpans(paragraph);
+  }
+}
+
+// What leads to a tab is drawn as a line under it. The tabs of a line are taken to reach one stop each.
+void RtfBuilder::InsertWithLeaders(const RtfParagraph& paragraph) {
+  const QList<RtfTab> stops = RtfFormats::StopsOf(paragraph.Props);
+  RtfParagraph drawn = paragraph;
+  drawn.Spans.clear();
+  qsizetype at = 0;
+  qsizetype stop = 0;
+  for (const RtfSpan& span : paragraph.Spans) {
+    const qsizetype end = at + span.Length;
+    while (at < end) {
+      const qsizetype tab = paragraph.Text.indexOf(u'\t', at);
+      const qsizetype plain = (tab < 0 ? end : std::min(tab, end)) - at;
+      if (paragraph.Text.mid(at, plain).contains(QChar::LineSeparator)) stop = 0;
+      if (plain > 0) drawn.Spans.push_back({static_cast<int>(plain), span.Format});
+      at += plain;
+      if (at == end) break;
+      const bool hasStop = !stops.isEmpty();
+      const RtfLeader leader = hasStop ? stops[std::min(stop, stops.size() - 1)].Leader : RtfLeader::None;
+      drawn.Spans.push_back({1, formats_.NumberWithLeader(span.Format, leader)});
+      ++stop;
+      ++at;
+    }
+  }
+  InsertSpans(drawn);
 }
 
 void RtfBuilder::InsertSpans(const RtfParagraph& paragraph) {
@@ -84,7 +141,8 @@ void RtfBuilder::InsertTable(const RtfTable& table) {
 }
 
 void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
-  const RtfTableGrid grid(table, first, count);
+  RtfTableGrid grid(table, first, count);
+  grid.StretchRows(formats_);
   if (++tables_ > kMostTables || grid.ColumnCount() == 0) {
     InsertAsText(table, first, count);
     return;
@@ -104,6 +162,7 @@ void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
   }
   cursor_.setPosition(made->lastPosition() + 1);
   isAtFreshBlock_ = true;
+  hasLast_ = false;
 }
 
 // The format of a cell gives its first line its height when that has no text.
@@ -120,6 +179,7 @@ void RtfBuilder::InsertCell(const RtfCell& cell, const QTextCursor& at) {
   const QTextCursor outer = cursor_;
   cursor_ = at;
   isAtFreshBlock_ = true;
+  hasLast_ = false;
   for (const RtfBlock& block : cell.Blocks)
     Insert(block);
   if (!cell.Blocks.empty() && isAtFreshBlock_) FlattenBlock();

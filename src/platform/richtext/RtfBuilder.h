@@ -27,11 +27,16 @@ class RtfBuilder {
   QTextCharFormat EmptyLineFont(const RtfCell* cell) const;
   void FlattenBlock();
   void InsertSpans(const RtfParagraph& paragraph);
+  void InsertWithLeaders(const RtfParagraph& paragraph);
+  const QTextBlockFormat& FormatBehindLast(const RtfParaProps& props);
 
   RichPage& page_;
   RtfFormats& formats_;
   QTextCursor cursor_;
   bool isAtFreshBlock_ = true;  // the cursor stands in an empty block that nobody asked for
+  RtfParaProps last_;           // of the paragraph right above, if there is one
+  bool hasLast_ = false;
+  QTextBlockFormat spaced_;
   int tables_ = 0;
   long long mergeWork_ = 0;
 };

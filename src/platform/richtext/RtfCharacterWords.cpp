@@ -26,6 +26,13 @@ void Set(P& parser, A argument) {
   Chars(parser).*Number = argument.Or(Usual);
 }
 
+template <int RtfShade::*Part>
+void Shade(P& parser, A argument) {
+  Chars(parser).Shade.*Part = argument.Number;
+}
+
+constexpr int kTwipsPerQuarterPoint = 5;
+
 constexpr RtfWord kWords[] = {
     {"b", Switch<&RtfCharProps::IsBold>},
     {"i", Switch<&RtfCharProps::IsItalic>},
@@ -49,6 +56,10 @@ constexpr RtfWord kWords[] = {
     {"ulwave", Underline<RtfUnderline::Wave>},
     {"ulhwave", Underline<RtfUnderline::Wave>},
     {"ululdbwave", Underline<RtfUnderline::Wave>},
+    {"ulthldash", Underline<RtfUnderline::Dash>},
+    {"ulthdashd", Underline<RtfUnderline::DashDot>},
+    {"ulthdashdd", Underline<RtfUnderline::DashDotDot>},
+    {"ulc", Set<&RtfCharProps::UnderlineColour, 0>},
     {"ulnone", [](P& p, A) { Chars(p).Underline = RtfUnderline::None; }},
     {"super", [](P& p, A a) { Chars(p).Script = a.IsOn() ? RtfScript::Super : RtfScript::Normal; }},
     {"sub", [](P& p, A a) { Chars(p).Script = a.IsOn() ? RtfScript::Sub : RtfScript::Normal; }},
@@ -57,10 +68,21 @@ constexpr RtfWord kWords[] = {
     {"dn", [](P& p, A a) { Chars(p).Rise = a.Or(6) > 1000 ? -1000 : -a.Or(6); }},
     {"fs", Set<&RtfCharProps::HalfPoints, 24>},
     {"cf", Set<&RtfCharProps::Colour, 0>},
-    {"cb", Set<&RtfCharProps::Back, 0>},
-    {"chcbpat", Set<&RtfCharProps::Back, 0>},
-    {"highlight", Set<&RtfCharProps::Back, 0>},
+    {"cb", Shade<&RtfShade::Back>},
+    {"chcbpat", Shade<&RtfShade::Back>},
+    {"chcfpat", Shade<&RtfShade::Fore>},
+    {"chshdng", Shade<&RtfShade::Share>},
+    {"highlight",
+     [](P& p, A a) {
+       Chars(p).Shade = {a.Number, 0, 0};
+     }},
+    {"expnd",
+     [](P& p, A a) { Chars(p).Spacing = a.Number > 1000 ? 1000 : a.Number * kTwipsPerQuarterPoint; }},
     {"expndtw", Set<&RtfCharProps::Spacing, 0>},
+    {"charscalex", Set<&RtfCharProps::Stretch, 100>},
+    {"outl", Switch<&RtfCharProps::IsOutlined>},
+    {"mvf", Switch<&RtfCharProps::IsHidden>},
+    {"f", [](P& p, A a) { p.SetFont(a.Number); }},
 };
 
 }  // namespace

@@ -44,8 +44,7 @@ void BeginListLevel(P& parser, A) {
 
 void BeginListOverride(P& parser, A) {
   parser.SetDestination(D::Other, E::ListOverride);
-  parser.ListId() = 0;
-  parser.ListNumber() = 0;
+  parser.BeginListOverride();
 }
 
 template <int RtfListLevel::*Number>
@@ -53,9 +52,35 @@ void SetLevel(P& parser, A argument) {
   if (!parser.List().Levels.empty()) parser.List().Levels.back().*Number = argument.Number;
 }
 
+void SetLevelStart(P& parser, A argument) {
+  if (parser.State().AtEnd == RtfGroupEnd::LevelOverride) {
+    parser.SetOverrideStart(argument.Number);
+  } else {
+    SetLevel<&RtfListLevel::StartAt>(parser, argument);
+  }
+}
+
+template <int Kind>
+void SetOldNumbers(P& parser, A) {
+  parser.OldList().NumberKind = Kind;
+}
+
+void BeginOldList(P& parser, A) {
+  if (!parser.IsIn(D::Body)) {
+    parser.SetDestination(D::Skip);
+    return;
+  }
+  parser.SetDestination(D::Other, E::OldList);
+  parser.OldList() = {};
+}
+
+void BeginFormField(P& parser, A) {
+  parser.SetDestination(parser.IsIn(D::FieldInstruction) ? D::Other : D::Skip);
+}
+
 void BeginListText(P& parser, A) {
   parser.SetDestination(parser.State().Destination);
-  if (parser.IsIn(D::Body)) parser.Flow().SetHasListText();
+  if (parser.IsIn(D::Body)) parser.SetHasListText();
 }
 
 void BeginPlace(P& parser, A) {
@@ -95,12 +120,18 @@ constexpr RtfWord kWords[] = {
     {"levelnumbers", Begin<D::Skip>},
     {"levelnfc", SetLevel<&RtfListLevel::NumberKind>},
     {"levelnfcn", SetLevel<&RtfListLevel::NumberKind>},
-    {"levelstartat", SetLevel<&RtfListLevel::StartAt>},
+    {"levelstartat", SetLevelStart},
+    {"levelfollow", SetLevel<&RtfListLevel::Follow>},
+    {"levellegal",
+     [](P& p, A a) {
+       if (!p.List().Levels.empty()) p.List().Levels.back().IsLegal = a.IsOn();
+     }},
     {"listname", Begin<D::Skip>},
     {"listid", [](P& p, A a) { p.ListId() = a.Number; }},
     {"listoverridetable", Begin<D::Other>},
     {"listoverride", BeginListOverride},
-    {"lfolevel", Begin<D::Skip>},
+    {"lfolevel", [](P& p, A) { p.BeginLevelOverride(); }},
+    {"listoverridestartat", [](P& p, A) { p.HasOverrideStart() = true; }},
     {"listtext", BeginListText},
     {"pntext", BeginListText},
     {"field", [](P& p, A) { p.BeginField(); }},
@@ -165,18 +196,35 @@ constexpr RtfWord kWords[] = {
     {"annotation", Begin<D::Skip>},
     {"atnid", Begin<D::Skip>},
     {"atnauthor", Begin<D::Skip>},
-    {"pn", Begin<D::Skip>},
+    {"pn", BeginOldList},
+    {"pnlvlblt", SetOldNumbers<23>},
+    {"pndec", SetOldNumbers<0>},
+    {"pnucrm", SetOldNumbers<1>},
+    {"pnlcrm", SetOldNumbers<2>},
+    {"pnucltr", SetOldNumbers<3>},
+    {"pnlcltr", SetOldNumbers<4>},
+    {"pnord", SetOldNumbers<5>},
+    {"pnstart", [](P& p, A a) { p.OldList().StartAt = a.Number; }},
+    {"pnf", [](P& p, A a) { p.State().CodePage = p.Header().CodePageOf(a.Number); }},
+    {"pntxtb", Begin<D::OldListBefore>},
+    {"pntxta", Begin<D::OldListAfter>},
     {"pnseclvl", Begin<D::Skip>},
     {"objdata", Begin<D::Skip>},
     {"objclass", Begin<D::Skip>},
     {"objalias", Begin<D::Skip>},
     {"objsect", Begin<D::Skip>},
     {"datafield", Begin<D::Skip>},
-    {"formfield", Begin<D::Skip>},
+    {"formfield", BeginFormField},
+    {"ffres", [](P& p, A a) { p.SetFieldState(a.Number); }},
+    {"ffdefres", [](P& p, A a) { p.SetFieldUsualState(a.Number); }},
     {"bkmkend", Begin<D::Skip>},
     {"filetbl", Begin<D::Skip>},
     {"revtbl", Begin<D::Skip>},
-    {"ud", Begin<D::Skip>},
+    {"upr", [](P& p, A) { p.BeginTwice(); }},
+    {"falt", Begin<D::OtherFontName>},
+    {"fontemb", Begin<D::Skip>},
+    {"fontfile", Begin<D::Skip>},
+    {"mmathPict", Begin<D::Skip>},
     {"ftnsep", Begin<D::Skip>},
     {"ftnsepc", Begin<D::Skip>},
     {"ftncn", Begin<D::Skip>},

@@ -71,6 +71,10 @@ PageLink LinkOfField(const QString& instruction) {
   return {PageLink::kFile, place.isEmpty() ? address : address + u'#' + place};
 }
 
+bool IsCheckBoxField(const QString& instruction) {
+  return IsField(WordsOf(instruction), "FORMCHECKBOX");
+}
+
 QString SymbolOfField(const QString& instruction) {
   const QList<Word> words = WordsOf(instruction);
   if (!IsField(words, "SYMBOL") || words.size() < 2) return {};

@@ -2,12 +2,82 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 
 // Deeper tables run into the deepest one: their text stays. The layout of tables in tables
 // doubles its work with each depth.
 constexpr size_t kDeepestTable = 4;
+
+constexpr int kFarthest = 31680;  // twips
+
+bool HasBorder(const RtfParaProps& props) {
+  return std::any_of(props.Borders.begin(), props.Borders.end(),
+                     [](const RtfBorder& border) { return border.Line != RtfLine::None; });
+}
+
+bool IsBox(const RtfBlock& block) {
+  return block.Table && block.Table->Rows.front().Props.IsBox;
+}
+
+// The border stands around all lines, a first one that hangs out included.
+int BoxLeft(const RtfParaProps& props) {
+  return std::clamp(props.LeftIndent, -kFarthest, kFarthest) + std::clamp(props.FirstIndent, -kFarthest, 0);
+}
+
+RtfBlock EmptyBox(const RtfParaProps& props) {
+  RtfRow row;
+  row.Props.IsBox = true;
+  row.Props.Left = BoxLeft(props);
+  row.Props.Right = props.RightIndent;
+  row.Props.SpaceBefore = props.SpaceBefore;
+  RtfCellProps cell;
+  cell.Right = row.Props.Left + 1;
+  cell.Borders = props.Borders;
+  cell.Shade = props.Shade;
+  for (size_t side = 0; side < kSideCount; ++side)
+    cell.Padding[side] = props.Borders[side].Space;
+  row.Props.Cells.push_back(cell);
+  row.Cells.emplace_back();
+  RtfBlock box;
+  box.Table = std::make_unique<RtfTable>();
+  box.Table->Rows.push_back(std::move(row));
+  return box;
+}
+
+bool HasPlaceFor(const RtfBlock& block, const RtfParaProps& props) {
+  if (!IsBox(block)) return false;
+  const RtfRowProps& box = block.Table->Rows.front().Props;
+  return box.Cells.front().Borders == props.Borders && box.Left == BoxLeft(props) &&
+         box.Right == props.RightIndent;
+}
+
+void PutInBox(RtfBlock& block, RtfParagraph&& paragraph) {
+  RtfRow& row = block.Table->Rows.front();
+  RtfCellProps& cell = row.Props.Cells.front();
+  RtfParaProps& props = paragraph.Props;
+  std::vector<RtfBlock>& inside = row.Cells.front().Blocks;
+  // The spaces above and below stand outside the lines.
+  props.SpaceBefore = inside.empty() ? 0 : std::max(props.SpaceBefore, 0) + std::max(row.Props.SpaceAfter, 0);
+  row.Props.SpaceAfter = std::exchange(props.SpaceAfter, 0);
+  if (cell.Shade != props.Shade) cell.Shade = {};
+  props.LeftIndent -= row.Props.Left;
+  props.RightIndent = 0;
+  props.Borders = {};
+  inside.push_back({std::move(paragraph), nullptr});
+}
+
+// Neighbours with the same border share one box.
+void PutParagraph(std::vector<RtfBlock>& blocks, RtfParagraph&& paragraph) {
+  if (!HasBorder(paragraph.Props)) {
+    blocks.push_back({std::move(paragraph), nullptr});
+    return;
+  }
+  if (blocks.empty() || !HasPlaceFor(blocks.back(), paragraph.Props))
+    blocks.push_back(EmptyBox(paragraph.Props));
+  PutInBox(blocks.back(), std::move(paragraph));
+}
 
 size_t LevelOf(const RtfParaProps& props) {
   const int told = std::max(props.Nesting, props.IsInTable ? 1 : 0);
@@ -59,11 +129,18 @@ void RtfFlow::Place(RtfParagraph&& paragraph, size_t level) {
   if (!asides_.empty()) level = levels_.size();
   CloseLevelsTo(level);
   OpenLevels(level);
-  if (level == 0) {
-    builder_.InsertParagraph(paragraph);
-  } else {
-    levels_.back().Cell.Blocks.push_back({std::move(paragraph), nullptr});
+  if (level > 0) {
+    PutParagraph(levels_.back().Cell.Blocks, std::move(paragraph));
+    return;
   }
+  PutParagraph(outermost_, std::move(paragraph));
+  if (!IsBox(outermost_.back())) FlushOutermost();
+}
+
+void RtfFlow::FlushOutermost() {
+  for (const RtfBlock& block : outermost_)
+    builder_.Insert(block);
+  outermost_.clear();
 }
 
 void RtfFlow::EndCell(const RtfParaProps& props, int endFormat, bool isNested) {
@@ -137,6 +214,7 @@ void RtfFlow::CloseLevelsTo(size_t count) {
     const bool isRowOnly = closed.Table.Rows.empty() && closed.Row.Cells.empty();
     if (isRowOnly && levels_.empty()) {
       // Paragraphs that were only meant for a cell: nothing ever ended one.
+      FlushOutermost();
       for (const RtfBlock& block : closed.Cell.Blocks)
         builder_.Insert(block);
       continue;
@@ -146,6 +224,7 @@ void RtfFlow::CloseLevelsTo(size_t count) {
     RtfBlock block;
     block.Table = std::make_unique<RtfTable>(std::move(closed.Table));
     if (levels_.empty()) {
+      FlushOutermost();
       builder_.Insert(block);
     } else {
       levels_.back().Cell.Blocks.push_back(std::move(block));
@@ -175,6 +254,7 @@ void RtfFlow::Finish(const RtfParaProps& props, int endFormat) {
     EndAside(props, endFormat);
   if (!paragraph_.Text.isEmpty() || !paragraph_.Places.empty()) EndParagraph(props, endFormat);
   CloseLevelsTo(0);
+  FlushOutermost();
   if (!footnotes_.empty()) {
     RtfParagraph rule;
     rule.Props.HasRuleBelow = true;

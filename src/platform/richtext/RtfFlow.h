@@ -55,6 +55,7 @@ class RtfFlow {
   };
 
   void Place(RtfParagraph&& paragraph, size_t level);
+  void FlushOutermost();
   void OpenLevels(size_t count);
   void CloseLevelsTo(size_t count);
   static void EndCellOf(Level& level);
@@ -68,6 +69,7 @@ class RtfFlow {
   bool isRowOpen_ = false;                               // described, and its end not yet seen
   std::vector<std::pair<RtfRowProps, bool>> outerRows_;  // with whether they are open
   std::vector<Level> levels_;
+  std::vector<RtfBlock> outermost_;  // a box around paragraphs that may take in more
   std::vector<SavedParagraph> asides_;
   std::vector<RtfParagraph> footnotes_;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/richtext/SymbolFonts.h"
 
+#include <QPen>
 #include <QTextOption>
 #include <algorithm>
 #include <limits>
@@ -12,10 +13,11 @@ namespace {
 constexpr size_t kMostFormats = 4096;
 
 constexpr int kLongestIndent = 31680;  // twips, 22 inches
+constexpr int kAutomaticSpace = 280;   // twips, as between the paragraphs of a web page
 constexpr int kMostSpacing = 1440;     // twips between two characters
 constexpr int kLargestSize = 800;      // half points
 
-double Held(int twips) {
+int Held(int twips) {
   return std::clamp(twips, -kLongestIndent, kLongestIndent);
 }
 
@@ -54,13 +56,22 @@ QTextOption::TabType TabTypeOf(RtfAlign align) {
 
 }  // namespace
 
+int RtfFormats::SpaceBefore(const RtfParaProps& props) {
+  return props.IsBeforeAuto ? kAutomaticSpace : std::max(Held(props.SpaceBefore), 0);
+}
+
+int RtfFormats::SpaceAfter(const RtfParaProps& props) {
+  return props.IsAfterAuto ? kAutomaticSpace : std::max(Held(props.SpaceAfter), 0);
+}
+
 size_t RtfFormats::PropsHash::operator()(const RtfCharProps& props) const {
-  const bool flags[] = {props.IsBold,     props.IsItalic,        props.IsStruck,
-                        props.IsCapitals, props.IsSmallCapitals, props.IsHidden};
+  const bool flags[] = {props.IsBold,          props.IsItalic, props.IsStruck,  props.IsCapitals,
+                        props.IsSmallCapitals, props.IsHidden, props.IsOutlined};
   size_t bits = 0;
   for (const bool flag : flags)
     bits = bits * 2 + (flag ? 1 : 0);
-  return qHashMulti(0, props.Font, props.HalfPoints, props.Colour, props.Back, props.Rise, props.Spacing,
+  return qHashMulti(0, props.Font, props.HalfPoints, props.Colour, props.Shade.Back, props.Shade.Fore,
+                    props.Shade.Share, props.UnderlineColour, props.Rise, props.Spacing, props.Stretch,
                     props.Link, static_cast<int>(props.Underline), static_cast<int>(props.Script), bits);
 }
 
@@ -90,6 +101,21 @@ int RtfFormats::AddInline(const QTextCharFormat& format) {
   return static_cast<int>(formats_.size()) - 1;
 }
 
+int RtfFormats::NumberWithLeader(int number, RtfLeader leader) {
+  if (leader == RtfLeader::None) return number;
+  const auto [made, isNew] = leaders_.try_emplace({number, leader}, static_cast<int>(formats_.size()));
+  if (!isNew) return made->second;
+  QTextCharFormat format = CharFormat(number);
+  switch (leader) {
+    case RtfLeader::None: break;
+    case RtfLeader::Dots: format.setUnderlineStyle(QTextCharFormat::DotLine); break;
+    case RtfLeader::Hyphens: format.setUnderlineStyle(QTextCharFormat::DashUnderline); break;
+    case RtfLeader::Line: format.setUnderlineStyle(QTextCharFormat::SingleUnderline); break;
+  }
+  formats_.push_back(format);
+  return made->second;
+}
+
 QTextCharFormat RtfFormats::MakeCharFormat(const RtfCharProps& props) const {
   QTextCharFormat format;
   SetFont(format, props);
@@ -105,6 +131,7 @@ void RtfFormats::SetFont(QTextCharFormat& format, const RtfCharProps& props) con
   // The characters of a symbol font were turned into Unicode: its glyphs would be the wrong ones.
   if (font != header_.Fonts.end() && !IsSymbolCodePage(font->second.CodePage)) {
     if (!font->second.Name.isEmpty()) families << font->second.Name;
+    if (!font->second.OtherName.isEmpty()) families << font->second.OtherName;
     if (!font->second.Fallback.isEmpty()) families << font->second.Fallback;
   }
   if (families.isEmpty()) families << QStringLiteral("Arial");
@@ -115,6 +142,7 @@ void RtfFormats::SetFont(QTextCharFormat& format, const RtfCharProps& props) con
   if (props.IsItalic) format.setFontItalic(true);
   if (props.IsCapitals) format.setFontCapitalization(QFont::AllUppercase);
   if (props.IsSmallCapitals) format.setFontCapitalization(QFont::SmallCaps);
+  if (props.Stretch != 100) format.setFontStretch(std::clamp(props.Stretch, 10, 600));
   if (props.Spacing != 0) {
     format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
     format.setFontLetterSpacing(metrics_.Pixels(std::clamp(props.Spacing, -kMostSpacing, kMostSpacing)));
@@ -123,6 +151,10 @@ void RtfFormats::SetFont(QTextCharFormat& format, const RtfCharProps& props) con
 
 void RtfFormats::SetDecoration(QTextCharFormat& format, const RtfCharProps& props) const {
   if (props.Underline != RtfUnderline::None) format.setUnderlineStyle(StyleOf(props.Underline));
+  if (const QColor line = header_.ColourOf(props.UnderlineColour);
+      props.UnderlineColour > 0 && line.isValid() && props.Underline != RtfUnderline::None) {
+    format.setUnderlineColor(line);
+  }
   if (props.IsStruck) format.setFontStrikeOut(true);
   if (props.Script == RtfScript::Super) format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
   if (props.Script == RtfScript::Sub) format.setVerticalAlignment(QTextCharFormat::AlignSubScript);
@@ -131,8 +163,11 @@ void RtfFormats::SetDecoration(QTextCharFormat& format, const RtfCharProps& prop
     format.setBaselineOffset(std::clamp(percent, -200.0, 200.0));
   }
   if (const QColor colour = header_.ColourOf(props.Colour); colour.isValid()) format.setForeground(colour);
-  if (const QColor back = header_.ColourOf(props.Back); props.Back > 0 && back.isValid()) {
-    format.setBackground(back);
+  if (const QColor back = header_.ColourOf(props.Shade); back.isValid()) format.setBackground(back);
+  if (props.IsOutlined) {
+    const QBrush ink = format.foreground();
+    format.setTextOutline(QPen(ink.style() == Qt::NoBrush ? QColor(Qt::black) : ink.color(), 0));
+    format.setForeground(Qt::white);
   }
 }
 
@@ -147,7 +182,7 @@ void RtfFormats::SetLink(QTextCharFormat& format, const RtfCharProps& props) con
   if (props.Underline == RtfUnderline::None) format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
 }
 
-const QTextBlockFormat& RtfFormats::BlockFormat(const RtfParaProps& props) {
+const QTextBlockFormat& RtfFormats::BlockFormat(const RtfParaProps& props) const {
   if (hasLastBlock_ && props == lastParagraph_) return lastBlock_;
   lastBlock_ = MakeBlockFormat(props);
   lastParagraph_ = props;
@@ -157,18 +192,24 @@ const QTextBlockFormat& RtfFormats::BlockFormat(const RtfParaProps& props) {
 
 // Tabs of a page count from the margin, those of a document from where the line begins: of the two
 // beginnings of a paragraph the first line's is taken, since that is where the tabs stand.
-void RtfFormats::SetTabs(QTextBlockFormat& format, const RtfParaProps& props) const {
-  const double start = Held(props.LeftIndent) + Held(props.FirstIndent);
-  QList<QTextOption::Tab> tabs;
-  for (const RtfTab& tab : props.Tabs) {
-    const double position = Held(tab.Position) - start;
-    if (position > 0) tabs.append(QTextOption::Tab(metrics_.Pixels(position), TabTypeOf(tab.Align), u'.'));
+QList<RtfTab> RtfFormats::StopsOf(const RtfParaProps& props) {
+  const int start = Held(props.LeftIndent) + Held(props.FirstIndent);
+  QList<RtfTab> stops;
+  for (RtfTab tab : props.Tabs) {
+    tab.Position = Held(tab.Position) - start;
+    if (tab.Position > 0) stops.append(tab);
   }
   // The text behind a bullet or number starts where the other lines do.
-  if (props.FirstIndent < 0) {
-    tabs.append(QTextOption::Tab(metrics_.Pixels(-Held(props.FirstIndent)), QTextOption::LeftTab));
-  }
-  std::sort(tabs.begin(), tabs.end(), [](const auto& a, const auto& b) { return a.position < b.position; });
+  if (props.FirstIndent < 0) stops.append(RtfTab{-Held(props.FirstIndent)});
+  std::stable_sort(stops.begin(), stops.end(),
+                   [](const RtfTab& a, const RtfTab& b) { return a.Position < b.Position; });
+  return stops;
+}
+
+void RtfFormats::SetTabs(QTextBlockFormat& format, const RtfParaProps& props) const {
+  QList<QTextOption::Tab> tabs;
+  for (const RtfTab& stop : StopsOf(props))
+    tabs.append(QTextOption::Tab(metrics_.Pixels(stop.Position), TabTypeOf(stop.Align), u'.'));
   if (!tabs.isEmpty()) format.setTabPositions(tabs);
 }
 
@@ -178,8 +219,8 @@ QTextBlockFormat RtfFormats::MakeBlockFormat(const RtfParaProps& props) const {
   format.setLeftMargin(metrics_.Pixels(Held(props.LeftIndent)));
   format.setRightMargin(metrics_.Pixels(Held(props.RightIndent)));
   format.setTextIndent(metrics_.Pixels(Held(props.FirstIndent)));
-  format.setTopMargin(metrics_.Pixels(std::max(Held(props.SpaceBefore), 0.0)));
-  format.setBottomMargin(metrics_.Pixels(std::max(Held(props.SpaceAfter), 0.0)));
+  format.setTopMargin(metrics_.Pixels(SpaceBefore(props)));
+  format.setBottomMargin(metrics_.Pixels(SpaceAfter(props)));
   if (props.IsRightToLeft) format.setLayoutDirection(Qt::RightToLeft);
   if (props.LineSpacing != 0 && props.IsLineMultiple) {
     const double percent = std::clamp(props.LineSpacing, 24, 2400) / 2.4;
@@ -190,9 +231,7 @@ QTextBlockFormat RtfFormats::MakeBlockFormat(const RtfParaProps& props) const {
     format.setLineHeight(metrics_.Pixels(Held(props.LineSpacing)), QTextBlockFormat::MinimumHeight);
   }
   SetTabs(format, props);
-  if (const QColor back = header_.ColourOf(props.Back); props.Back > 0 && back.isValid()) {
-    format.setBackground(back);
-  }
+  if (const QColor back = header_.ColourOf(props.Shade); back.isValid()) format.setBackground(back);
   if (props.HasPageBreak) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
   if (props.HasRuleBelow) {
     format.setProperty(QTextFormat::BlockTrailingHorizontalRulerWidth,

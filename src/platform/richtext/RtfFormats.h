@@ -11,7 +11,9 @@
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
 #include <QTextImageFormat>
+#include <map>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 class RtfFormats {
@@ -27,8 +29,17 @@ class RtfFormats {
   // The number of a format for one picture or object in the line.
   int AddInline(const QTextCharFormat& format);
 
+  // The number of a format that also draws what leads to a tab.
+  int NumberWithLeader(int number, RtfLeader leader);
+
   const QTextCharFormat& CharFormat(int number) const { return formats_[static_cast<size_t>(number)]; }
-  const QTextBlockFormat& BlockFormat(const RtfParaProps& props);
+  const QTextBlockFormat& BlockFormat(const RtfParaProps& props) const;  // good until the next call
+
+  // The tabs of a paragraph in order, twips from where its first line begins.
+  static QList<RtfTab> StopsOf(const RtfParaProps& props);
+  // Twips.
+  static int SpaceBefore(const RtfParaProps& props);
+  static int SpaceAfter(const RtfParaProps& props);
 
   const PageMetrics& Metrics() const { return metrics_; }
   const RtfHeader& Header() const { return header_; }
@@ -50,9 +61,10 @@ class RtfFormats {
   std::vector<PageLink> links_;
   std::vector<QTextCharFormat> formats_;
   std::unordered_map<RtfCharProps, int, PropsHash> numbers_;
+  std::map<std::pair<int, RtfLeader>, int> leaders_;
   RtfCharProps lastProps_;
   int lastNumber_ = -1;
-  RtfParaProps lastParagraph_;
-  QTextBlockFormat lastBlock_;
-  bool hasLastBlock_ = false;
+  mutable RtfParaProps lastParagraph_;
+  mutable QTextBlockFormat lastBlock_;
+  mutable bool hasLastBlock_ = false;
 };

@@ -23,16 +23,41 @@ void Align(P& parser, A) {
   Para(parser).Align = Kind;
 }
 
-// The kind of a tab stands in front of its place.
+template <bool RtfParaProps::*Flag>
+void Switch(P& parser, A argument) {
+  Para(parser).*Flag = argument.IsOn();
+}
+
+template <int RtfShade::*Part>
+void Shade(P& parser, A argument) {
+  Para(parser).Shade.*Part = argument.Number;
+}
+
+// The kind of a tab and what fills it stand in front of its place.
 template <RtfAlign Kind>
 void NextTab(P& parser, A) {
-  parser.State().NextTab = Kind;
+  parser.State().NextTab.Align = Kind;
+}
+
+template <RtfLeader Kind>
+void NextLeader(P& parser, A) {
+  parser.State().NextTab.Leader = Kind;
 }
 
 void AddTab(P& parser, A argument) {
   QList<RtfTab>& tabs = Para(parser).Tabs;
-  if (tabs.size() < kMostTabs) tabs.append({argument.Number, parser.State().NextTab});
-  parser.State().NextTab = RtfAlign::Left;
+  RtfTab tab = parser.State().NextTab;
+  tab.Position = argument.Number;
+  if (tabs.size() < kMostTabs) tabs.append(tab);
+  parser.State().NextTab = {};
+}
+
+void SetList(P& parser, A argument) {
+  if (parser.State().AtEnd == RtfGroupEnd::ListOverride) {
+    parser.ListNumber() = argument.Number;
+  } else {
+    Para(parser).List = argument.Number;
+  }
 }
 
 constexpr RtfWord kWords[] = {
@@ -41,6 +66,8 @@ constexpr RtfWord kWords[] = {
     {"qr", Align<RtfAlign::Right>},
     {"qj", Align<RtfAlign::Justified>},
     {"qd", Align<RtfAlign::Justified>},
+    {"qk", Align<RtfAlign::Justified>},
+    {"qt", Align<RtfAlign::Justified>},
     {"li", Set<&RtfParaProps::LeftIndent>},
     {"lin", Set<&RtfParaProps::LeftIndent>},
     {"ri", Set<&RtfParaProps::RightIndent>},
@@ -54,15 +81,23 @@ constexpr RtfWord kWords[] = {
     {"tqc", NextTab<RtfAlign::Centre>},
     {"tqr", NextTab<RtfAlign::Right>},
     {"tqdec", NextTab<RtfAlign::Justified>},
-    {"cbpat", Set<&RtfParaProps::Back>},
+    {"tldot", NextLeader<RtfLeader::Dots>},
+    {"tlmdot", NextLeader<RtfLeader::Dots>},
+    {"tlhyph", NextLeader<RtfLeader::Hyphens>},
+    {"tlul", NextLeader<RtfLeader::Line>},
+    {"tlth", NextLeader<RtfLeader::Line>},
+    {"tleq", NextLeader<RtfLeader::Line>},
+    {"cbpat", Shade<&RtfShade::Back>},
+    {"cfpat", Shade<&RtfShade::Fore>},
+    {"shading", Shade<&RtfShade::Share>},
+    {"sbauto", Switch<&RtfParaProps::IsBeforeAuto>},
+    {"saauto", Switch<&RtfParaProps::IsAfterAuto>},
+    {"contextualspace", Switch<&RtfParaProps::IsCloseToSame>},
     {"rtlpar", [](P& p, A) { Para(p).IsRightToLeft = true; }},
     {"ltrpar", [](P& p, A) { Para(p).IsRightToLeft = false; }},
     {"pagebb", [](P& p, A a) { Para(p).HasPageBreak = a.IsOn(); }},
-    {"brdrb", [](P& p, A) { p.BeginBorder(nullptr), Para(p).HasRuleBelow = true; }},
-    {"brdrt", [](P& p, A) { p.BeginBorder(nullptr); }},
-    {"brdrl", [](P& p, A) { p.BeginBorder(nullptr); }},
-    {"brdrr", [](P& p, A) { p.BeginBorder(nullptr); }},
     {"ilvl", Set<&RtfParaProps::ListLevel>},
+    {"ls", SetList},
 };
 
 }  // namespace

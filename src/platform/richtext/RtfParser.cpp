@@ -10,7 +10,8 @@ namespace {
 
 // Groups deeper than this share the state of the deepest one that is kept.
 constexpr size_t kDeepestGroup = 512;
-constexpr size_t kMostStyleWords = 48;
+constexpr size_t kMostStyleWords = 64;
+constexpr size_t kMostStyleBases = 12;
 constexpr size_t kMostStyles = 4096;
 
 RichPage EmptyPage() {
@@ -89,21 +90,29 @@ void RtfParser::HandleBytes(std::string_view bytes) {
 
 void RtfParser::HandleWord(const RtfToken& token) {
   const RtfArgument argument{token.Parameter, token.HasParameter};
-  fallbackLeft_ = 0;
+  const int fallbackLeft = std::exchange(fallbackLeft_, 0);
   if (token.Text == "u") {  // the one word that may stand in the middle of a run of text
     AddUnicode(argument.Number);
     fallbackLeft_ = State().FallbackCount;
     return;
   }
-  FlushText();
   const KnownRtfWord* const known = FindRtfWord(token.Text);
+  if (fallbackLeft > 0 && known != nullptr && known->IsCharacter) {
+    fallbackLeft_ = fallbackLeft - 1;
+    return;
+  }
+  FlushText();
   const bool isIgnorable = std::exchange(isIgnorable_, false);
+  if (IsIn(RtfDestination::Twice) && token.Text != "upr") {
+    SetDestination(token.Text == "ud" ? State().Outer : RtfDestination::Skip);
+    return;
+  }
   if (known == nullptr) {
     if (isIgnorable) SetDestination(RtfDestination::Skip);
     return;
   }
   if (IsIn(RtfDestination::StyleSheet) && known->IsFormat) {
-    if (style_.size() < kMostStyleWords) style_.push_back({known->Handle, argument});
+    if (style_.Words.size() < kMostStyleWords) style_.Words.push_back({known->Handle, argument});
     return;
   }
   known->Handle(*this, argument);
@@ -157,7 +166,7 @@ void RtfParser::OpenGroup() {
     state.Destination = RtfDestination::Skip;
   } else {
     state.AtEnd = RtfGroupEnd::Style;
-    style_.clear();
+    style_ = {};
     styleNumber_ = 0;
   }
 }
@@ -198,7 +207,12 @@ void RtfParser::EndGroup(const RtfState& closed) {
     case RtfGroupEnd::Style: EndStyle(); return;
     case RtfGroupEnd::List: header_.Lists[listId_] = list_; return;
     case RtfGroupEnd::ListLevel: EndListLevel(closed); return;
-    case RtfGroupEnd::ListOverride: header_.ListOverrides[listNumber_] = listId_; return;
+    case RtfGroupEnd::ListOverride:
+      listOverride_.List = listId_;
+      header_.ListOverrides[listNumber_] = listOverride_;
+      return;
+    case RtfGroupEnd::LevelOverride: return;
+    case RtfGroupEnd::OldList: EndOldList(); return;
     case RtfGroupEnd::Field: EndField(closed.Field); return;
     case RtfGroupEnd::PlaceName: flow_.AddPlace(name_.trimmed()); return;
     case RtfGroupEnd::Picture: EndPicture(); return;
@@ -211,17 +225,27 @@ void RtfParser::EndGroup(const RtfState& closed) {
 
 void RtfParser::EndStyle() {
   if (styles_.size() < kMostStyles) styles_[styleNumber_] = style_;
-  style_.clear();
+  style_ = {};
 }
 
 void RtfParser::ApplyStyle(int number) {
-  const auto found = styles_.find(number);
-  if (found == styles_.end()) return;
-  for (const StyleWord& word : found->second)
-    word.Handle(*this, word.Argument);
+  // From the style itself to the one that all are based on.
+  std::vector<const Style*> chain;
+  for (auto found = styles_.find(number); found != styles_.end() && chain.size() < kMostStyleBases;
+       found = styles_.find(found->second.Base)) {
+    chain.push_back(&found->second);
+  }
+  for (auto style = chain.rbegin(); style != chain.rend(); ++style) {
+    for (const StyleWord& word : (*style)->Words)
+      word.Handle(*this, word.Argument);
+  }
 }
 
 void RtfParser::SetFont(int number) {
+  if (IsIn(RtfDestination::FontTable)) {
+    BeginFont(number);
+    return;
+  }
   State().Chars.Font = number;
   State().CodePage = header_.CodePageOf(number);
 }
@@ -231,6 +255,25 @@ void RtfParser::SetPlain() {
   plain.Link = State().Chars.Link;
   State().Chars = plain;
   State().CodePage = header_.CodePageOf(-1);
+}
+
+void RtfParser::BeginBorder(RtfBorderOf owner, size_t side) {
+  borderOwner_ = owner;
+  borderSide_ = side;
+}
+
+std::span<RtfBorder> RtfParser::Borders() {
+  switch (borderOwner_) {
+    case RtfBorderOf::Nothing: return {};
+    case RtfBorderOf::Paragraph: {
+      const std::span<RtfBorder> sides = State().Para.Borders;
+      return borderSide_ == kSideCount ? sides : sides.subspan(borderSide_, 1);
+    }
+    case RtfBorderOf::Cell: return std::span(nextCell_.Borders).subspan(borderSide_, 1);
+    case RtfBorderOf::Row: return std::span(flow_.Row().Borders).subspan(borderSide_, 1);
+    case RtfBorderOf::Page: return std::span(header_.PageBorders).subspan(borderSide_, 1);
+  }
+  return {};
 }
 
 void RtfParser::EndParagraph() {
@@ -258,6 +301,22 @@ void RtfParser::EndRow(bool isNested) {
   flow_.EndRow(State().Para, isNested);
 }
 
+// A document's own frame has the same line on all sides, within its margin.
+void RtfParser::SetPageBorder(QTextFrameFormat& frame) const {
+  const auto given = std::find_if(header_.PageBorders.begin(), header_.PageBorders.end(),
+                                  [](const RtfBorder& border) { return border.Line != RtfLine::None; });
+  if (given == header_.PageBorders.end()) return;
+  const double width = std::max(metrics_.Pixels(given->Width), 1.0);
+  const double rim =
+      std::min({frame.leftMargin(), frame.topMargin(), frame.rightMargin(), frame.bottomMargin()}) / 2;
+  const QColor colour = header_.ColourOf(given->Colour);
+  frame.setBorder(width);
+  frame.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+  frame.setBorderBrush(colour.isValid() ? colour : QColor(Qt::black));
+  frame.setPadding(std::max(rim - width, 0.0));
+  frame.setMargin(rim);
+}
+
 void RtfParser::SetUpDocument() {
   QTextDocument& document = *page_.Document;
   document.setDefaultFont(formats_.CharFormat(formats_.NumberOf(RtfCharProps())).font());
@@ -269,5 +328,6 @@ void RtfParser::SetUpDocument() {
   frame.setTopMargin(metrics_.Pixels(header_.Margins.Top));
   frame.setRightMargin(metrics_.Pixels(header_.Margins.Right));
   frame.setBottomMargin(metrics_.Pixels(header_.Margins.Bottom));
+  SetPageBorder(frame);
   document.rootFrame()->setFrameFormat(frame);
 }

@@ -14,6 +14,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <span>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -22,10 +23,14 @@
 enum class RtfDestination : unsigned char {
   Body,
   Skip,
+  Twice,  // its first group tells something for old readers, its second in Unicode
   FontTable,
+  OtherFontName,
   ColourTable,
   StyleSheet,
   ListLevelText,
+  OldListBefore,
+  OldListAfter,
   FieldInstruction,
   PlaceName,
   ObjectName,
@@ -43,6 +48,8 @@ enum class RtfGroupEnd : unsigned char {
   List,
   ListLevel,
   ListOverride,
+  LevelOverride,
+  OldList,
   Field,
   PlaceName,
   Picture,
@@ -52,16 +59,20 @@ enum class RtfGroupEnd : unsigned char {
   Aside,
 };
 
+// What has the border that is being described; nothing: something without one here.
+enum class RtfBorderOf : unsigned char { Nothing, Paragraph, Cell, Row, Page };
+
 struct RtfState {
   RtfCharProps Chars;
   RtfParaProps Para;
   RtfDestination Destination = RtfDestination::Body;
+  RtfDestination Outer = RtfDestination::Body;  // of what is told twice
   RtfGroupEnd AtEnd = RtfGroupEnd::Nothing;
-  RtfAlign NextTab = RtfAlign::Left;  // of the tab whose place comes next
-  int CodePage = 1252;                // of the text that comes
-  int FallbackCount = 1;              // characters behind a \u that stand in for it
-  int Field = -1;                     // number of the field the group is in
-  int Object = -1;                    // number of the object the group is in
+  RtfTab NextTab;         // whose place comes next
+  int CodePage = 1252;    // of the text that comes
+  int FallbackCount = 1;  // characters behind a \u that stand in for it
+  int Field = -1;         // number of the field the group is in
+  int Object = -1;        // number of the object the group is in
   bool IsFootnote = false;
   bool IsBackground = false;  // the group describes what lies behind the page
 };
@@ -81,7 +92,7 @@ class RtfParser {
   void AddCharacter(QChar character);
   void AddUnicode(int value);
   void AddText(const QString& text);
-  void SetFont(int number);
+  void SetFont(int number);  // in the font table: the font that is described next
   void SetPlain();
   void EndParagraph();
   void EndParagraphWithText();  // nothing when it is empty
@@ -100,16 +111,25 @@ class RtfParser {
   RtfList& List() { return list_; }
   int& ListId() { return listId_; }
   int& ListNumber() { return listNumber_; }
+  void BeginListOverride();
+  void BeginLevelOverride();
+  bool& HasOverrideStart() { return hasOverrideStart_; }
+  void SetOverrideStart(int number);
+  RtfOldList& OldList() { return oldList_; }
+  void SetHasListText();  // the paragraph brings its own bullet or number
+  void BeginTwice();
   void ClearName() { name_.clear(); }
   RtfCellProps& NextCell() { return nextCell_; }
-  // The border that the words of lines speak of, in the row's or the next cell's description; null: of
-  // something that has no border here. Only good until the next description begins.
-  void BeginBorder(RtfBorder* border) { border_ = border; }
-  RtfBorder* Border() { return border_; }
+  // Says which border the words of lines speak of from here on: a side, of a row also the lines within it.
+  // kSideCount of a paragraph is all four sides.
+  void BeginBorder(RtfBorderOf owner, size_t side);
+  std::span<RtfBorder> Borders();  // good until the next token
 
   void BeginFont(int number);
   void BeginField();
   void BeginFieldResult();
+  void SetFieldState(int state);       // of a form field's box: 0 or 1; any other: as usual
+  void SetFieldUsualState(int state);  // 0 or 1
   void BeginObject();
   void SetObjectSize(int width, int height);  // 0: leave as it is
   void BeginObjectResult();
@@ -117,6 +137,7 @@ class RtfParser {
   void BeginShapePicture();
   void BeginPlainPicture();  // a picture told once more for older readers
   void SetStyleNumber(int number) { styleNumber_ = number; }
+  void SetStyleBase(int number) { style_.Base = number; }
   void BreakPage();
   void AddFootnoteMark();
   void BeginFootnote();
@@ -125,7 +146,10 @@ class RtfParser {
   struct Field {
     QString Instruction;
     int Link = 0;
+    int State = -1;  // of a form field's box; below 0: as usual
+    int UsualState = 0;
     bool HasResult = false;
+    bool HasShown = false;  // its result is not empty
   };
   struct Object {
     QString DataText;
@@ -137,7 +161,12 @@ class RtfParser {
     RtfHandler Handle = nullptr;
     RtfArgument Argument;
   };
-  using Style = std::vector<StyleWord>;
+  struct Style {
+    static constexpr int kNoBase = -1;
+
+    std::vector<StyleWord> Words;
+    int Base = kNoBase;  // number of the style it is based on
+  };
 
   void Handle(const RtfToken& token);
   void HandleSkipped(const RtfToken& token);
@@ -153,6 +182,7 @@ class RtfParser {
   void SendColours(const QString& text);
   void EndFont();
   void EndStyle();
+  void EndOldList();
   void EndField(int number);
   void EndPicture();
   void EndObject(int number);
@@ -162,6 +192,7 @@ class RtfParser {
   void InsertPicture(const QImage& image, double width, double height, int objectId);
   void AddGeneratedListText();
   void SetUpDocument();
+  void SetPageBorder(QTextFrameFormat& frame) const;
 
   RtfTokenizer tokens_;
   PageMetrics metrics_;
@@ -189,11 +220,20 @@ class RtfParser {
   RtfList list_;
   int listId_ = 0;
   int listNumber_ = 0;
+  RtfListOverride listOverride_;
+  int overrideLevel_ = -1;  // the last one told of it
+  bool hasOverrideStart_ = false;
+  RtfOldList oldList_;
+  std::vector<RtfOldList> oldLists_;
+  int countedList_ = 0;  // the older list that the last numbered paragraph belongs to, and its number there
+  int oldListCount_ = 0;
+  bool bringsListText_ = false;  // the page tells its bullets and numbers
   RtfPicture picture_;
   int pictureCount_ = 0;
   bool hasShapePicture_ = false;
   RtfCellProps nextCell_;
-  RtfBorder* border_ = nullptr;
+  RtfBorderOf borderOwner_ = RtfBorderOf::Nothing;
+  size_t borderSide_ = 0;
   QString name_;       // of a place
   QString shapeName_;  // of a shape's property, and its value
   QString shapeValue_;

@@ -12,11 +12,14 @@
 namespace {
 
 constexpr qsizetype kLongestName = 4096;  // characters of names, instructions and data texts
+constexpr qsizetype kLongestFontName = 100;
 constexpr size_t kMostColours = 4096;
 constexpr size_t kMostFonts = 4096;
 constexpr size_t kMostFields = 200'000;
 constexpr size_t kMostObjects = 1000;
+constexpr size_t kMostOldLists = 4096;
 constexpr int kMostPictures = 5000;
+constexpr char16_t kEmptyBox = 0x2610, kTickedBox = 0x2612;
 constexpr int kLargestObject = 31680;  // twips
 
 void AddTo(QString& name, const QString& text) {
@@ -53,14 +56,21 @@ void RtfParser::SendText(const QString& text) {
   switch (state.Destination) {
     case RtfDestination::Body:
       if (state.Chars.IsHidden || text.isEmpty()) return;
-      if (state.Para.List > 0 && flow_.IsParagraphEmpty() && !flow_.HasListText()) AddGeneratedListText();
+      if ((state.Para.List > 0 || state.Para.OldList > 0) && flow_.IsParagraphEmpty() &&
+          !flow_.HasListText()) {
+        AddGeneratedListText();
+      }
+      if (state.Field >= 0) fields_[static_cast<size_t>(state.Field)].HasShown = true;
       flow_.AddText(text, formats_.NumberOf(state.Chars));
       return;
     case RtfDestination::FontTable: SendFontName(text); return;
+    case RtfDestination::OtherFontName: font_.OtherName += text.left(kLongestFontName); return;
     case RtfDestination::ColourTable: SendColours(text); return;
     case RtfDestination::ListLevelText:
       if (!list_.Levels.empty()) AddTo(list_.Levels.back().Template, text);
       return;
+    case RtfDestination::OldListBefore: AddTo(oldList_.Before, text); return;
+    case RtfDestination::OldListAfter: AddTo(oldList_.After, text); return;
     case RtfDestination::FieldInstruction:
       if (state.Field >= 0) AddTo(fields_[static_cast<size_t>(state.Field)].Instruction, text);
       return;
@@ -71,23 +81,70 @@ void RtfParser::SendText(const QString& text) {
     case RtfDestination::ShapeName: AddTo(shapeName_, text); return;
     case RtfDestination::ShapeValue: AddTo(shapeValue_, text); return;
     case RtfDestination::Skip:
+    case RtfDestination::Twice:
     case RtfDestination::StyleSheet:
     case RtfDestination::Picture:
     case RtfDestination::Other: return;
   }
 }
 
+void RtfParser::SetHasListText() {
+  flow_.SetHasListText();
+  bringsListText_ = true;
+}
+
 void RtfParser::AddGeneratedListText() {
   flow_.SetHasListText();
-  const QString text = NextListText(header_, State().Para.List, State().Para.ListLevel);
-  if (!text.isEmpty()) flow_.AddText(text + u'\t', formats_.NumberOf(State().Chars));
+  const RtfParaProps& props = State().Para;
+  QString text;
+  if (props.List > 0) {
+    text = NextListText(header_, props.List, props.ListLevel);
+  } else if (!bringsListText_) {
+    oldListCount_ = countedList_ == props.OldList ? oldListCount_ + 1 : 1;
+    countedList_ = props.OldList;
+    text = OldListText(oldLists_[static_cast<size_t>(props.OldList) - 1], oldListCount_);
+  }
+  flow_.AddText(text, formats_.NumberOf(State().Chars));
+}
+
+void RtfParser::BeginListOverride() {
+  listId_ = 0;
+  listNumber_ = 0;
+  listOverride_ = {};
+  overrideLevel_ = -1;
+}
+
+void RtfParser::BeginLevelOverride() {
+  SetDestination(RtfDestination::Other, RtfGroupEnd::LevelOverride);
+  ++overrideLevel_;
+  hasOverrideStart_ = false;
+}
+
+void RtfParser::SetOverrideStart(int number) {
+  const bool isLevel = overrideLevel_ >= 0 && overrideLevel_ < kListLevels;
+  if (isLevel && hasOverrideStart_ && number >= 0)
+    listOverride_.StartAt[static_cast<size_t>(overrideLevel_)] = number;
+}
+
+void RtfParser::EndOldList() {
+  if (oldLists_.empty() || oldLists_.back() != oldList_) {
+    if (oldLists_.size() >= kMostOldLists) return;
+    oldLists_.push_back(oldList_);
+  }
+  State().Para.OldList = static_cast<int>(oldLists_.size());
+}
+
+void RtfParser::BeginTwice() {
+  const RtfDestination outer = State().Destination;
+  SetDestination(RtfDestination::Twice);
+  State().Outer = outer;
 }
 
 void RtfParser::SendFontName(const QString& text) {
   for (const QChar c : text) {
     if (c == u';') {
       EndFont();
-    } else if (font_.Name.size() < 100) {
+    } else if (font_.Name.size() < kLongestFontName) {
       font_.Name += c;
     }
   }
@@ -102,6 +159,7 @@ void RtfParser::BeginFont(int number) {
 void RtfParser::EndFont() {
   if (isFontOpen_ && header_.Fonts.size() < kMostFonts) {
     font_.Name = font_.Name.trimmed();
+    font_.OtherName = font_.OtherName.trimmed();
     const bool isSymbolName = font_.Name.startsWith(QLatin1String("Wingdings"), Qt::CaseInsensitive) ||
                               font_.Name.compare(QLatin1String("Symbol"), Qt::CaseInsensitive) == 0;
     if (IsSymbolCodePage(font_.CodePage) || isSymbolName) font_.CodePage = SymbolCodePageOf(font_.Name);
@@ -157,8 +215,22 @@ void RtfParser::BeginFieldResult() {
 void RtfParser::EndField(int number) {
   if (number < 0) return;
   Field& field = fields_[static_cast<size_t>(number)];
-  if (!field.HasResult && IsIn(RtfDestination::Body)) SendText(SymbolOfField(field.Instruction));
+  if (IsIn(RtfDestination::Body)) {
+    if (!field.HasResult) SendText(SymbolOfField(field.Instruction));
+    if (!field.HasShown && IsCheckBoxField(field.Instruction)) {
+      const int state = field.State >= 0 ? field.State : field.UsualState;
+      SendText(QString(QChar(state == 0 ? kEmptyBox : kTickedBox)));
+    }
+  }
   field.Instruction.clear();
+}
+
+void RtfParser::SetFieldState(int state) {
+  if (State().Field >= 0) fields_[static_cast<size_t>(State().Field)].State = state > 1 ? -1 : state;
+}
+
+void RtfParser::SetFieldUsualState(int state) {
+  if (State().Field >= 0) fields_[static_cast<size_t>(State().Field)].UsualState = state;
 }
 
 void RtfParser::BeginPicture() {

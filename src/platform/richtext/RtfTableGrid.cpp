@@ -13,11 +13,19 @@ constexpr int kSameEdge = 20;        // twips; writers round the edges of one co
 constexpr int kNarrowest = 30;       // twips
 
 QTextFrameFormat::BorderStyle StyleOf(const RtfBorder& border) {
-  if (border.Width <= 0) return QTextFrameFormat::BorderStyle_None;
-  if (border.IsDouble) return QTextFrameFormat::BorderStyle_Double;
-  if (border.IsDotted) return QTextFrameFormat::BorderStyle_Dotted;
-  if (border.IsDashed) return QTextFrameFormat::BorderStyle_Dashed;
-  return QTextFrameFormat::BorderStyle_Solid;
+  switch (border.Line) {
+    case RtfLine::None: return QTextFrameFormat::BorderStyle_None;
+    case RtfLine::Plain: return QTextFrameFormat::BorderStyle_Solid;
+    case RtfLine::Dotted: return QTextFrameFormat::BorderStyle_Dotted;
+    case RtfLine::Dashed: return QTextFrameFormat::BorderStyle_Dashed;
+    case RtfLine::DashDot: return QTextFrameFormat::BorderStyle_DotDash;
+    case RtfLine::Double: return QTextFrameFormat::BorderStyle_Double;
+    case RtfLine::Groove: return QTextFrameFormat::BorderStyle_Groove;
+    case RtfLine::Ridge: return QTextFrameFormat::BorderStyle_Ridge;
+    case RtfLine::Inset: return QTextFrameFormat::BorderStyle_Inset;
+    case RtfLine::Outset: return QTextFrameFormat::BorderStyle_Outset;
+  }
+  return QTextFrameFormat::BorderStyle_None;
 }
 
 QTextCharFormat::VerticalAlignment VerticalOf(Qt::Alignment alignment) {
@@ -36,6 +44,9 @@ RtfTableGrid::RtfTableGrid(const RtfTable& table, size_t first, size_t count) {
   if (edges_.size() < 2) return;
   for (size_t i = 0; i < count; ++i)
     PlaceRow(static_cast<int>(i), table.Rows[first + i], rows_[i]);
+  if (!rows_.front().IsRightToLeft) return;
+  for (RtfGridCell& cell : cells_)
+    cell.Column = ColumnCount() - cell.Column - cell.ColumnSpan;
 }
 
 // Every cell gets an edge behind the one before it, within what a page can be wide.
@@ -47,7 +58,8 @@ void RtfTableGrid::CompleteRow(RtfRowProps& props, size_t cells) const {
   int left = props.Left;
   for (size_t i = 0; i < props.Cells.size(); ++i) {
     RtfCellProps& cell = props.Cells[i];
-    const int right = i < described ? cell.Right : left + kUsualCell;
+    int right = i < described ? cell.Right : left + kUsualCell;
+    if (right <= left && cell.Width > 0) right = left + std::min(cell.Width, kWidestTable);
     cell.Right = std::clamp(right, left + kNarrowest, left + kWidestTable);
     left = cell.Right;
   }
@@ -119,25 +131,41 @@ void RtfTableGrid::ExtendDown(int row, int column, int columnSpan) {
   }
 }
 
-// A line is never thinner than a pixel.
+// A line is never thinner than a pixel; a double one shows as two from three pixels on.
 double RtfTableGrid::BorderPixels(const RtfBorder& border, const RtfFormats& formats) {
-  return border.Width <= 0 ? 0.0 : std::max(formats.Metrics().Pixels(border.Width), 1.0);
+  if (border.Line == RtfLine::None) return 0.0;
+  const double told = formats.Metrics().Pixels(border.Width);
+  return border.Line == RtfLine::Double ? std::max(told * 3, 3.0) : std::max(told, 1.0);
 }
 
 // What the cell says itself, else what its row says for the edge of the table or for lines between cells.
 RtfBorder RtfTableGrid::BorderOf(const RtfGridCell& cell, RtfSide side) const {
   const RtfBorder& own = cell.Props.Borders[side];
-  if (own.Width != 0) return own;
+  if (own.IsGiven || cell.RowProps->IsBox) return own;
   const auto bottom = static_cast<size_t>(cell.Row + cell.RowSpan);
   const bool isOuter[kSideCount] = {cell.Column == 0, cell.Row == 0,
                                     cell.Column + cell.ColumnSpan == ColumnCount(), bottom == rows_.size()};
   if (isOuter[side]) return cell.RowProps->Borders[side];
   const bool isBetweenCells = side == kLeftSide || side == kRightSide;
-  return isBetweenCells ? cell.RowProps->Borders[4] : cell.RowProps->Borders[5];
+  return cell.RowProps->Borders[isBetweenCells ? RtfRowProps::kBetweenCells : RtfRowProps::kBetweenRows];
 }
 
 // The document adds half of the outermost lines to a table's width, a page draws them over its edges.
 QList<QTextLength> RtfTableGrid::ColumnWidths(const RtfFormats& formats) const {
+  QList<double> shares;
+  for (size_t i = 1; i < edges_.size(); ++i)
+    shares.append(edges_[i] - edges_[i - 1]);
+  if (rows_.front().IsRightToLeft) std::reverse(shares.begin(), shares.end());
+
+  QList<QTextLength> widths;
+  const int percent = rows_.front().IsBox ? RtfRowProps::kWholeWidth : rows_.front().WidthShare;
+  if (percent > 0) {
+    const double whole = edges_.back() - edges_.front();
+    const double shown = std::min(percent, RtfRowProps::kWholeWidth) * 100.0 / RtfRowProps::kWholeWidth;
+    for (const double share : shares)
+      widths.append(QTextLength(QTextLength::PercentageLength, share / whole * shown));
+    return widths;
+  }
   double left = 0;
   double right = 0;
   for (const RtfGridCell& cell : cells_) {
@@ -145,11 +173,10 @@ QList<QTextLength> RtfTableGrid::ColumnWidths(const RtfFormats& formats) const {
     if (cell.Column == 0) left = std::max(left, BorderPixels(BorderOf(cell, kLeftSide), formats));
     if (isLast) right = std::max(right, BorderPixels(BorderOf(cell, kRightSide), formats));
   }
-  QList<QTextLength> widths;
-  for (size_t i = 1; i < edges_.size(); ++i) {
-    double width = formats.Metrics().Pixels(edges_[i] - edges_[i - 1]);
-    if (i == 1) width -= std::ceil(left / 2);
-    if (i + 1 == edges_.size()) width -= std::ceil(right / 2);
+  for (qsizetype i = 0; i < shares.size(); ++i) {
+    double width = formats.Metrics().Pixels(shares[i]);
+    if (i == 0) width -= std::ceil(left / 2);
+    if (i + 1 == shares.size()) width -= std::ceil(right / 2);
     widths.append(QTextLength(QTextLength::FixedLength, std::max(width, 1.0)));
   }
   return widths;
@@ -161,14 +188,85 @@ QTextTableFormat RtfTableGrid::Format(const RtfFormats& formats) const {
   format.setBorder(0);
   format.setCellSpacing(0);
   format.setCellPadding(0);
-  const RtfRowProps& row = rows_.front();
-  if (row.Align == RtfAlign::Centre) format.setAlignment(Qt::AlignHCenter);
-  if (row.Align == RtfAlign::Right) format.setAlignment(Qt::AlignRight);
-  // Tables often begin left of the text by the space in their cells; no further than the page goes.
-  const int left = std::max(edges_.front(), -formats.Header().Margins.Left);
-  if (row.Align == RtfAlign::Left) format.setLeftMargin(formats.Metrics().Pixels(left));
   format.setColumnWidthConstraints(ColumnWidths(formats));
+  const RtfRowProps& row = rows_.front();
+  const RtfMargins& page = formats.Header().Margins;
+  const auto pixels = [&formats](int twips) { return formats.Metrics().Pixels(twips); };
+  if (row.IsBox) {
+    // The lines stand outside the text's edges, no further than the page goes.
+    const auto outside = [&](RtfSide side) {
+      const RtfBorder& border = row.Cells.front().Borders[side];
+      return border.Line == RtfLine::None ? 0 : border.Space + border.Width;
+    };
+    format.setLeftMargin(pixels(std::max(row.Left - outside(kLeftSide), -page.Left)));
+    format.setRightMargin(pixels(std::max(row.Right - outside(kRightSide), -page.Right)));
+    format.setTopMargin(pixels(std::clamp(row.SpaceBefore, 0, kWidestTable)));
+    format.setBottomMargin(pixels(std::clamp(row.SpaceAfter, 0, kWidestTable)));
+    return format;
+  }
+  const bool isMirrored = row.IsRightToLeft && row.Align == RtfAlign::Left;
+  if (row.Align == RtfAlign::Centre) format.setAlignment(Qt::AlignHCenter);
+  if (row.Align == RtfAlign::Right || isMirrored) format.setAlignment(Qt::AlignRight);
+  // Tables often begin left of the text by the space in their cells; no further than the page goes.
+  const int left = std::max(edges_.front(), -page.Left);
+  if (row.Align == RtfAlign::Left && !isMirrored) format.setLeftMargin(pixels(left));
   return format;
+}
+
+double RtfTableGrid::Padding(const RtfGridCell& cell, RtfSide side, const RtfFormats& formats) {
+  const bool isAtSide = side == kLeftSide || side == kRightSide;
+  const int own = cell.Props.Padding[side];
+  const int ofRow = cell.RowProps->Padding[side];
+  const int told = own >= 0 ? own : (ofRow >= 0 ? ofRow : (isAtSide ? cell.RowProps->Gap : 0));
+  return formats.Metrics().Pixels(std::clamp(told, 0, kUsualCell));
+}
+
+// About how high the text of a cell comes out. A table in it counts as higher than any row.
+double RtfTableGrid::ContentHeight(const RtfGridCell& cell, const RtfFormats& formats) const {
+  constexpr double kLineHeight = 1.15, kLetterWidth = 0.5;  // of the letters' height
+  constexpr double kHigher = 1e6;
+  if (cell.Content == nullptr) return 0;
+  const auto column = static_cast<size_t>(cell.Column);
+  const auto span = static_cast<size_t>(cell.ColumnSpan);
+  const double width = formats.Metrics().Pixels(edges_[column + span] - edges_[column]) -
+                       Padding(cell, kLeftSide, formats) - Padding(cell, kRightSide, formats);
+  double height = 0;
+  for (const RtfBlock& block : cell.Content->Blocks) {
+    if (block.Table) return kHigher;
+    const RtfParagraph& paragraph = block.Paragraph;
+    double points = formats.CharFormat(paragraph.EndFormat).fontPointSize();
+    for (const RtfSpan& part : paragraph.Spans) {
+      const QTextCharFormat& format = formats.CharFormat(part.Format);
+      points = std::max(points, format.fontPointSize());
+      if (format.isImageFormat()) height += format.toImageFormat().height();
+    }
+    const double letters = points * formats.Metrics().LogicalDpi / 72;
+    const double length = static_cast<double>(paragraph.Text.size()) * letters * kLetterWidth;
+    const auto breaks = static_cast<double>(paragraph.Text.count(QChar::LineSeparator));
+    const double lines = std::max(1.0, std::ceil(length / std::max(width, letters))) + breaks;
+    const QTextBlockFormat& format = formats.BlockFormat(paragraph.Props);
+    height += lines * letters * kLineHeight + format.topMargin() + format.bottomMargin();
+  }
+  return height;
+}
+
+// A document knows no height of rows: the highest cell of a row gets what is missing as padding.
+void RtfTableGrid::StretchRows(const RtfFormats& formats) {
+  for (auto cell = cells_.begin(); cell != cells_.end();) {
+    const int row = cell->Row;
+    const double wanted = formats.Metrics().Pixels(std::min(std::abs(cell->RowProps->Height), kWidestTable));
+    RtfGridCell* highest = nullptr;
+    double height = 0;
+    for (; cell != cells_.end() && cell->Row == row; ++cell) {
+      if (wanted <= 0 || cell->RowSpan > 1) continue;
+      const double own = ContentHeight(*cell, formats) + Padding(*cell, kTopSide, formats) +
+                         Padding(*cell, kBottomSide, formats);
+      if (highest != nullptr && own <= height) continue;
+      highest = &*cell;
+      height = own;
+    }
+    if (highest != nullptr && height < wanted) highest->Missing = wanted - height;
+  }
 }
 
 QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfFormats& formats) const {
@@ -178,12 +276,8 @@ QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfForma
     const QColor colour = header.ColourOf(border.Colour);
     return QBrush(colour.isValid() ? colour : QColor(Qt::black));
   };
-  const auto padding = [&](RtfSide side, int usual) {
-    const int own = cell.Props.Padding[side];
-    const int ofRow = cell.RowProps->Padding[side];
-    const int told = own >= 0 ? own : (ofRow >= 0 ? ofRow : usual);
-    return formats.Metrics().Pixels(std::clamp(told, 0, kUsualCell));
-  };
+  const bool isTop = cell.Props.Vertical == Qt::AlignTop;
+  const double above = isTop ? 0 : (cell.Props.Vertical == Qt::AlignBottom ? cell.Missing : cell.Missing / 2);
   const RtfBorder left = BorderOf(cell, kLeftSide);
   const RtfBorder right = BorderOf(cell, kRightSide);
   const RtfBorder top = BorderOf(cell, kTopSide);
@@ -191,21 +285,22 @@ QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfForma
   format.setLeftBorder(BorderPixels(left, formats));
   format.setLeftBorderStyle(StyleOf(left));
   format.setLeftBorderBrush(brush(left));
-  format.setLeftPadding(padding(kLeftSide, cell.RowProps->Gap));
+  format.setLeftPadding(Padding(cell, kLeftSide, formats));
   format.setRightBorder(BorderPixels(right, formats));
   format.setRightBorderStyle(StyleOf(right));
   format.setRightBorderBrush(brush(right));
-  format.setRightPadding(padding(kRightSide, cell.RowProps->Gap));
+  format.setRightPadding(Padding(cell, kRightSide, formats));
   format.setTopBorder(BorderPixels(top, formats));
   format.setTopBorderStyle(StyleOf(top));
   format.setTopBorderBrush(brush(top));
-  format.setTopPadding(padding(kTopSide, 0));
+  format.setTopPadding(Padding(cell, kTopSide, formats) + above);
   format.setBottomBorder(BorderPixels(bottom, formats));
   format.setBottomBorderStyle(StyleOf(bottom));
   format.setBottomBorderBrush(brush(bottom));
-  format.setBottomPadding(padding(kBottomSide, 0));
+  format.setBottomPadding(Padding(cell, kBottomSide, formats) + cell.Missing - above);
   format.setVerticalAlignment(VerticalOf(cell.Props.Vertical));
-  const QColor back = header.ColourOf(cell.Props.Back);
-  if (cell.Props.Back > 0 && back.isValid()) format.setBackground(back);
+  const QColor own = header.ColourOf(cell.Props.Shade);
+  const QColor back = own.isValid() ? own : header.ColourOf(cell.RowProps->Shade);
+  if (back.isValid()) format.setBackground(back);
   return format;
 }

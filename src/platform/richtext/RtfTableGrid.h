@@ -17,6 +17,7 @@ struct RtfGridCell {
   const RtfCell* Content = nullptr;  // null: the row has no text for it
   const RtfRowProps* RowProps = nullptr;
   RtfCellProps Props;
+  double Missing = 0;  // pixels that its row is to be higher than its text
 };
 
 class RtfTableGrid {
@@ -27,6 +28,9 @@ class RtfTableGrid {
   int ColumnCount() const { return static_cast<int>(edges_.size()) - 1; }
   // In the order of the page, cells that another one covers left out.
   const std::vector<RtfGridCell>& Cells() const { return cells_; }
+
+  // Gives the rows the heights they are to have. Call it before the formats are taken.
+  void StretchRows(const RtfFormats& formats);
 
   QTextTableFormat Format(const RtfFormats& formats) const;
   QTextCharFormat CellFormat(const RtfGridCell& cell, const RtfFormats& formats) const;
@@ -39,6 +43,8 @@ class RtfTableGrid {
   int ColumnAt(int edge) const;
   RtfBorder BorderOf(const RtfGridCell& cell, RtfSide side) const;
   QList<QTextLength> ColumnWidths(const RtfFormats& formats) const;
+  double ContentHeight(const RtfGridCell& cell, const RtfFormats& formats) const;
+  static double Padding(const RtfGridCell& cell, RtfSide side, const RtfFormats& formats);
   static double BorderPixels(const RtfBorder& border, const RtfFormats& formats);
 
   std::vector<RtfRowProps> rows_;  // with a description for every cell

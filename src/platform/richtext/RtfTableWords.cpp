@@ -15,16 +15,6 @@ RtfCellProps& Cell(P& parser) {
   return parser.NextCell();
 }
 
-template <RtfSide Side>
-void CellBorder(P& parser, A) {
-  parser.BeginBorder(&Cell(parser).Borders[Side]);
-}
-
-template <size_t Number>
-void RowBorder(P& parser, A) {
-  parser.BeginBorder(&Row(parser).Borders[Number]);
-}
-
 // A padding counts only if the word for its unit (3: twips) does not say otherwise; pages always say 3.
 template <RtfSide Side>
 void CellPadding(P& parser, A argument) {
@@ -39,7 +29,7 @@ void RowPadding(P& parser, A argument) {
 void StartRow(P& parser, A) {
   parser.Flow().ResetRow();
   parser.NextCell() = {};
-  parser.BeginBorder(nullptr);
+  parser.BeginBorder(RtfBorderOf::Nothing, 0);
 }
 
 void EndCellDescription(P& parser, A argument) {
@@ -47,16 +37,26 @@ void EndCellDescription(P& parser, A argument) {
   cell.Right = argument.Number;
   if (Row(parser).Cells.size() < kMostRtfCells) Row(parser).Cells.push_back(cell);
   cell = {};
-  parser.BeginBorder(nullptr);
+  parser.BeginBorder(RtfBorderOf::Nothing, 0);
 }
 
-void WithBorder(P& parser, void (*set)(RtfBorder&, int), int number) {
-  if (RtfBorder* const border = parser.Border()) set(*border, number);
+template <int RtfShade::*Part>
+void CellShade(P& parser, A argument) {
+  Cell(parser).Shade.*Part = argument.Number;
 }
 
-void PlainLine(P& parser, A) {
-  WithBorder(
-      parser, [](RtfBorder& b, int) { b.Width = b.Width <= 0 ? 15 : b.Width; }, 0);
+template <int RtfShade::*Part>
+void RowShade(P& parser, A argument) {
+  Row(parser).Shade.*Part = argument.Number;
+}
+
+// The unit of a width stands in front of it; 2 is fiftieths of a percent, 3 twips.
+void SetRowWidth(P& parser, A argument) {
+  Row(parser).WidthShare = Row(parser).WidthUnit == 2 ? argument.Number : 0;
+}
+
+void SetCellWidth(P& parser, A argument) {
+  if (Cell(parser).WidthUnit == 3) Cell(parser).Width = argument.Number;
 }
 
 constexpr RtfWord kWords[] = {
@@ -70,23 +70,25 @@ constexpr RtfWord kWords[] = {
     {"trpaddt", RowPadding<kTopSide>},
     {"trpaddr", RowPadding<kRightSide>},
     {"trpaddb", RowPadding<kBottomSide>},
-    {"trbrdrl", RowBorder<kLeftSide>},
-    {"trbrdrt", RowBorder<kTopSide>},
-    {"trbrdrr", RowBorder<kRightSide>},
-    {"trbrdrb", RowBorder<kBottomSide>},
-    {"trbrdrv", RowBorder<4>},
-    {"trbrdrh", RowBorder<5>},
     {"cellx", EndCellDescription},
     // Writers exchanged the words for the top and the left padding, and everybody follows them.
     {"clpadl", CellPadding<kTopSide>},
     {"clpadt", CellPadding<kLeftSide>},
     {"clpadr", CellPadding<kRightSide>},
     {"clpadb", CellPadding<kBottomSide>},
-    {"clbrdrl", CellBorder<kLeftSide>},
-    {"clbrdrt", CellBorder<kTopSide>},
-    {"clbrdrr", CellBorder<kRightSide>},
-    {"clbrdrb", CellBorder<kBottomSide>},
-    {"clcbpat", [](P& p, A a) { Cell(p).Back = a.Number; }},
+    {"clcbpat", CellShade<&RtfShade::Back>},
+    {"clcfpat", CellShade<&RtfShade::Fore>},
+    {"clshdng", CellShade<&RtfShade::Share>},
+    {"trcbpat", RowShade<&RtfShade::Back>},
+    {"trcfpat", RowShade<&RtfShade::Fore>},
+    {"trshdng", RowShade<&RtfShade::Share>},
+    {"trrh", [](P& p, A a) { Row(p).Height = a.Number; }},
+    {"trftsWidth", [](P& p, A a) { Row(p).WidthUnit = a.Number; }},
+    {"trwWidth", SetRowWidth},
+    {"clftsWidth", [](P& p, A a) { Cell(p).WidthUnit = a.Number; }},
+    {"clwWidth", SetCellWidth},
+    {"rtlrow", [](P& p, A) { Row(p).IsRightToLeft = true; }},
+    {"ltrrow", [](P& p, A) { Row(p).IsRightToLeft = false; }},
     {"clvertalt", [](P& p, A) { Cell(p).Vertical = Qt::AlignTop; }},
     {"clvertalc", [](P& p, A) { Cell(p).Vertical = Qt::AlignVCenter; }},
     {"clvertalb", [](P& p, A) { Cell(p).Vertical = Qt::AlignBottom; }},
@@ -94,50 +96,6 @@ constexpr RtfWord kWords[] = {
     {"clmrg", [](P& p, A) { Cell(p).Across = RtfMerge::Continued; }},
     {"clvmgf", [](P& p, A) { Cell(p).Down = RtfMerge::First; }},
     {"clvmrg", [](P& p, A) { Cell(p).Down = RtfMerge::Continued; }},
-    {"brdrs", PlainLine},
-    {"brdrth", PlainLine},
-    {"brdrtriple", PlainLine},
-    {"brdrhair", PlainLine},
-    {"brdrdb",
-     [](P& p, A a) {
-       PlainLine(p, a), WithBorder(
-                            p, [](RtfBorder& b, int) { b.IsDouble = true; }, 0);
-     }},
-    {"brdrdot",
-     [](P& p, A a) {
-       PlainLine(p, a), WithBorder(
-                            p, [](RtfBorder& b, int) { b.IsDotted = true; }, 0);
-     }},
-    {"brdrdash",
-     [](P& p, A a) {
-       PlainLine(p, a), WithBorder(
-                            p, [](RtfBorder& b, int) { b.IsDashed = true; }, 0);
-     }},
-    {"brdrw",
-     [](P& p, A a) {
-       WithBorder(
-           p, [](RtfBorder& b, int n) { b.Width = n > 255 ? 255 : n; }, a.Number);
-     }},
-    {"brdrcf",
-     [](P& p, A a) {
-       WithBorder(
-           p, [](RtfBorder& b, int n) { b.Colour = n; }, a.Number);
-     }},
-    {"brdrnone",
-     [](P& p, A) {
-       WithBorder(
-           p, [](RtfBorder& b, int) { b.Width = -1; }, 0);
-     }},
-    {"brdrnil",
-     [](P& p, A) {
-       WithBorder(
-           p, [](RtfBorder& b, int) { b.Width = -1; }, 0);
-     }},
-    {"brdrtbl",
-     [](P& p, A) {
-       WithBorder(
-           p, [](RtfBorder& b, int) { b.Width = -1; }, 0);
-     }},
     {"intbl", [](P& p, A) { p.State().Para.IsInTable = true; }},
     {"itap", [](P& p, A a) { p.State().Para.Nesting = a.Number; }},
     {"cell", [](P& p, A) { p.EndCell(false); }},

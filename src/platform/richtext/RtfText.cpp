@@ -2,28 +2,75 @@
 
 #include "platform/richtext/SymbolFonts.h"
 
+#include <iconv.h>
+
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
 constexpr int kLatin1252 = 1252;
-constexpr int kUtf8 = 65001;
+constexpr int kJohab = 1361;
+
+struct Codec {
+  const char* Name;
+  bool IsMultiByte;
+};
+
+// The code pages whose codec isn't named by their number. For four of the old Mac there is no codec; those
+// taken have the same letters at the same places.
+const std::unordered_map<int, Codec>& NamedCodecs() {
+  static const std::unordered_map<int, Codec> codecs = {
+      {708, {"ISO-8859-6", false}},       {874, {"windows-874", false}},
+      {932, {"windows-932", true}},       {936, {"windows-936", true}},
+      {949, {"windows-949", true}},       {950, {"windows-950", true}},
+      {kJohab, {"windows-949", true}},    {10000, {"macintosh", false}},
+      {10001, {"windows-932", true}},     {10002, {"windows-950", true}},
+      {10003, {"windows-949", true}},     {10004, {"ISO-8859-6", false}},
+      {10005, {"windows-1255", false}},   {10006, {"x-mac-greek", false}},
+      {10007, {"x-mac-cyrillic", false}}, {10008, {"windows-936", true}},
+      {10021, {"windows-874", false}},    {10029, {"x-mac-centraleurroman", false}},
+      {10081, {"x-mac-turkish", false}},  {54936, {"GB18030", true}},
+      {65001, {"UTF-8", true}},
+  };
+  return codecs;
+}
 
 bool IsMultiByte(int codePage) {
-  return codePage == 932 || codePage == 936 || codePage == 949 || codePage == 950 || codePage == 54936 ||
-         codePage == kUtf8;
+  const auto named = NamedCodecs().find(codePage);
+  return named != NamedCodecs().end() && named->second.IsMultiByte;
 }
 
 QByteArray CodecName(int codePage) {
-  switch (codePage) {
-    case kUtf8: return "UTF-8";
-    case 54936: return "GB18030";
-    case 10000: return "macintosh";
-    case 10007: return "x-mac-cyrillic";
-    default: break;
-  }
+  const auto named = NamedCodecs().find(codePage);
+  if (named != NamedCodecs().end()) return named->second.Name;
   const QByteArray number = QByteArray::number(codePage);
-  return codePage >= 1250 || codePage == 874 || IsMultiByte(codePage) ? "windows-" + number : "IBM" + number;
+  return codePage >= 1250 ? "windows-" + number : "IBM" + number;
+}
+
+// Qt has no codec for the Korean code page that builds syllables from parts; the C library has. Bytes that
+// are none of its characters come out as U+FFFD.
+QString DecodeJohab(const QByteArray& bytes) {
+  const iconv_t converter = iconv_open("UTF-16LE", "JOHAB");
+  const auto none = reinterpret_cast<iconv_t>(intptr_t{-1});
+  if (converter == none) return QString(bytes.size(), QChar::ReplacementCharacter);
+  QByteArray source = bytes;
+  QString text(bytes.size() * 2, Qt::Uninitialized);
+  char* in = source.data();
+  char* out = reinterpret_cast<char*>(text.data());
+  auto inLeft = static_cast<size_t>(source.size());
+  size_t outLeft = static_cast<size_t>(text.size()) * sizeof(QChar);
+  while (inLeft > 0 && iconv(converter, &in, &inLeft, &out, &outLeft) == static_cast<size_t>(-1)) {
+    const char16_t unknown = QChar::ReplacementCharacter;
+    std::memcpy(out, &unknown, sizeof unknown);
+    out += sizeof unknown;
+    outLeft -= sizeof unknown;
+    ++in;
+    --inLeft;
+  }
+  iconv_close(converter);
+  text.chop(static_cast<qsizetype>(outLeft / sizeof(QChar)));
+  return text;
 }
 
 // A page that names a code page unknown here is read as the common western one.
@@ -50,8 +97,10 @@ bool IsControl(char16_t c) {
 
 int CodePageOfCharset(int charset) {
   static const std::unordered_map<int, int> pages = {
-      {0, 1252},   {2, kSymbolCodePage}, {77, 10000}, {128, 932},  {129, 949},  {130, 949},  {134, 936},
-      {136, 950},  {161, 1253},          {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256}, {186, 1257},
+      {0, 1252},   {2, kSymbolCodePage}, {77, 10000}, {78, 10001}, {79, 10003}, {80, 10008}, {81, 10002},
+      {83, 10005}, {84, 10004},          {85, 10006}, {86, 10081}, {87, 10021}, {88, 10029}, {89, 10007},
+      {128, 932},  {129, 949},           {130, 1361}, {134, 936},  {136, 950},  {161, 1253}, {162, 1254},
+      {163, 1258}, {177, 1255},          {178, 1256}, {179, 1256}, {180, 1256}, {181, 1255}, {186, 1257},
       {204, 1251}, {222, 874},           {238, 1250}, {254, 437},  {255, 850}};
   const auto found = pages.find(charset);
   return found == pages.end() ? 0 : found->second;
@@ -117,6 +166,8 @@ QString RtfText::Take(bool withControls) {
 void RtfText::DecodePending() {
   if (IsAscii(pending_)) {
     text_ += QLatin1String(pending_);
+  } else if (pendingPage_ == kJohab) {
+    text_ += DecodeJohab(pending_);
   } else {
     QStringDecoder& decoder = DecoderOf(pendingPage_);
     decoder.resetState();

@@ -41,14 +41,6 @@ void SetColourPart(P& parser, A argument) {
   parser.Colour().IsGiven = true;
 }
 
-void SetFontNumber(P& parser, A argument) {
-  if (parser.IsIn(D::FontTable)) {
-    parser.BeginFont(argument.Number);
-  } else if (!parser.IsIn(D::StyleSheet)) {
-    parser.SetFont(argument.Number);
-  }
-}
-
 void SetCharset(P& parser, A argument) {
   if (!parser.IsIn(D::FontTable)) return;
   parser.Font().CodePage = CodePageOfCharset(argument.Number);
@@ -74,12 +66,9 @@ void Style(P& parser, A argument) {
   }
 }
 
-void SetList(P& parser, A argument) {
-  if (parser.State().AtEnd == RtfGroupEnd::ListOverride) {
-    parser.ListNumber() = argument.Number;
-  } else {
-    parser.State().Para.List = argument.Number;
-  }
+void ParagraphStyle(P& parser, A argument) {
+  Style(parser, argument);
+  if (!parser.IsIn(D::StyleSheet)) parser.State().Para.Style = argument.Number;
 }
 
 constexpr RtfWord kWords[] = {
@@ -89,9 +78,9 @@ constexpr RtfWord kWords[] = {
     {"page", [](P& p, A) { p.BreakPage(); }},
     {"pard", [](P& p, A) { p.State().Para = {}; }},
     {"plain", [](P& p, A) { p.SetPlain(); }},
-    {"f", SetFontNumber},
-    {"s", Style},
+    {"s", ParagraphStyle},
     {"cs", Style},
+    {"sbasedon", [](P& p, A a) { p.SetStyleBase(a.Number); }},
     {"ds",
      [](P& p, A a) {
        if (p.IsIn(D::StyleSheet)) p.SetStyleNumber(-1 - std::max(a.Number, 0));
@@ -100,28 +89,27 @@ constexpr RtfWord kWords[] = {
      [](P& p, A a) {
        if (p.IsIn(D::StyleSheet)) p.SetStyleNumber(-1 - std::max(a.Number, 0));
      }},
-    {"ls", SetList},
     {"uc", [](P& p, A a) { p.State().FallbackCount = std::clamp(a.Or(1), 0, 64); }},
-    {"tab", Put<u'\t'>},
-    {"line", Put<0x2028>},
-    {"softline", Put<0x2028>},
-    {"lbr", Put<0x2028>},
-    {"emdash", Put<0x2014>},
-    {"endash", Put<0x2013>},
-    {"emspace", Put<0x2003>},
-    {"enspace", Put<0x2002>},
-    {"qmspace", Put<0x2005>},
-    {"bullet", Put<0x2022>},
-    {"lquote", Put<0x2018>},
-    {"rquote", Put<0x2019>},
-    {"ldblquote", Put<0x201C>},
-    {"rdblquote", Put<0x201D>},
-    {"zwj", Put<0x200D>},
-    {"zwnj", Put<0x200C>},
-    {"zwbo", Put<0x200B>},
-    {"zwnbo", Put<0x2060>},
-    {"ltrmark", Put<0x200E>},
-    {"rtlmark", Put<0x200F>},
+    {"tab", Put<u'\t'>, true},
+    {"line", Put<0x2028>, true},
+    {"softline", Put<0x2028>, true},
+    {"lbr", Put<0x2028>, true},
+    {"emdash", Put<0x2014>, true},
+    {"endash", Put<0x2013>, true},
+    {"emspace", Put<0x2003>, true},
+    {"enspace", Put<0x2002>, true},
+    {"qmspace", Put<0x2005>, true},
+    {"bullet", Put<0x2022>, true},
+    {"lquote", Put<0x2018>, true},
+    {"rquote", Put<0x2019>, true},
+    {"ldblquote", Put<0x201C>, true},
+    {"rdblquote", Put<0x201D>, true},
+    {"zwj", Put<0x200D>, true},
+    {"zwnj", Put<0x200C>, true},
+    {"zwbo", Put<0x200B>, true},
+    {"zwnbo", Put<0x2060>, true},
+    {"ltrmark", Put<0x200E>, true},
+    {"rtlmark", Put<0x200F>, true},
     {"chftn", [](P& p, A) { p.AddFootnoteMark(); }},
     {"ansi", SetCodePage<1252>},
     {"mac", SetCodePage<10000>},
@@ -130,6 +118,7 @@ constexpr RtfWord kWords[] = {
     {"ansicpg", SetCodePageByNumber},
     {"deff", [](P& p, A a) { p.Header().DefaultFont = a.Number; }},
     {"deftab", [](P& p, A a) { p.Header().DefaultTab = a.Number; }},
+    {"htmautsp", [](P& p, A a) { p.Header().HasWebSpace = a.IsOn(); }},
     {"margl", SetMargin<&RtfMargins::Left>},
     {"margt", SetMargin<&RtfMargins::Top>},
     {"margr", SetMargin<&RtfMargins::Right>},

@@ -8,13 +8,14 @@ using Words = std::unordered_map<std::string_view, KnownRtfWord>;
 
 void Add(Words& words, std::span<const RtfWord> list, bool isFormat) {
   for (const RtfWord& word : list)
-    words.emplace(word.Name, KnownRtfWord{word.Handle, isFormat});
+    words.emplace(word.Name, KnownRtfWord{word.Handle, isFormat, word.IsCharacter});
 }
 
 Words AllWords() {
   Words words;
   Add(words, RtfCharacterWords(), true);
   Add(words, RtfParagraphWords(), true);
+  Add(words, RtfBorderWords(), true);
   Add(words, RtfTableWords(), false);
   Add(words, RtfDestinationWords(), false);
   Add(words, RtfTextWords(), false);

@@ -22,17 +22,20 @@ using RtfHandler = void (*)(RtfParser& parser, RtfArgument argument);
 struct RtfWord {
   std::string_view Name;
   RtfHandler Handle = nullptr;
+  bool IsCharacter = false;
 };
 
 std::span<const RtfWord> RtfCharacterWords();
 std::span<const RtfWord> RtfParagraphWords();
+std::span<const RtfWord> RtfBorderWords();
 std::span<const RtfWord> RtfTableWords();
 std::span<const RtfWord> RtfDestinationWords();
 std::span<const RtfWord> RtfTextWords();
 
 struct KnownRtfWord {
   RtfHandler Handle = nullptr;
-  bool IsFormat = false;  // sets a character or paragraph property, so that a style may hold it
+  bool IsFormat = false;     // sets a character or paragraph property, so that a style may hold it
+  bool IsCharacter = false;  // stands for a character
 };
 
 // Null for a word that is not known.
