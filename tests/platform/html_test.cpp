@@ -5,6 +5,9 @@
 #include "platform/richtext/PageReader.h"
 #include "platform/rtf_pages.h"
 
+#include <QTextBlock>
+#include <QTextTable>
+
 namespace {
 
 RichPage Html(const QByteArray& bytes, PictureLoader loader = {}) {
@@ -30,6 +33,15 @@ const HtmlRow kRows[] = {
     {"StylesAreNoText", "<style>p { color: red }</style><p>a</p>", "a"},
     {"CommentsGo", "<p>a<!-- <b>x</b> -->b<!-- open", "ab"},
     {"FramesAndForms", "<iframe src=x>in</iframe><form><input value=x>a</form>", "ina"},
+    {"WordProcessorsMarks", "<p>a<xml><o:x>x</o:x></xml><o:p></o:p><![if !vml]>b<![endif]></p>", "ab"},
+    {"HiddenThings", "<p>a<span style='DISPLAY: none'>x<b>y</b></span>b<p style='display:none'>z<p>c",
+     "ab c"},
+    {"HiddenTable", "<p>a<div style='display:none'><table><tr><td>x</div>y</table></div>b", "ab"},
+    {"ChoicesAndDrawings", "<p>a<select><option>x</select><svg><text>y</text></svg>b", "ab"},
+    {"UnclosedDrawing", "<p>a<svg>b", "ab"},
+    {"ClosedAtOnce", "<p>a<script src='x'/>b<a name='n'/>c<br/>d</p>", "abc d"},
+    {"BareEntities", "<p>&copy 2004 &#8217s AT&T &lt;b &nosuch</p>", "\u00A9 2004 \u2019s AT&T <b &nosuch"},
+    {"NoCharacters", "<p>a\xEF\xB7\x95\xEF\xB7\x96z</p>", "az"},
     {"LessThan", "<p>1 < 2 <3</p>", "1 < 2 <3"},
     {"UnclosedQuote", "<p title=\"x>a</p><p>b</p>", "a b"},
     {"UnclosedTag", "<p>a</p><p", "a"},
@@ -42,6 +54,9 @@ const HtmlRow kRows[] = {
      "<meta http-equiv=Content-Type content=\"text/html; charset=Shift_JIS\"><p>\x83\x65</p>", "\u30C6"},
     {"CharsetFalselyUtf8", "<meta charset=utf-8><p>\xE9</p>", "\u00E9"},
     {"CharsetFalselyUtf16", "<meta charset=utf-16><p>a</p>", "a"},
+    {"CharsetInDeclaration", "<?xml version='1.0' encoding='windows-1251'?><link href='x'/><p>\xCF</p>",
+     "\u041F"},
+    {"CharsetNamedTooNarrow", "<meta charset=iso-8859-1><p>\x93</p>", "\u201C"},
     {"CharsetUnknown", "<meta charset=no-such-thing><p>\xE9</p>", "\u00E9"},
 };
 INSTANTIATE_TEST_SUITE_P(All, HtmlText, ::testing::ValuesIn(kRows),
@@ -58,6 +73,113 @@ TEST(HtmlLinks, HaveKindAndTarget) {
   EXPECT_EQ(LinkOfHref(FormatOf(page, "none").anchorHref()).Kind, 0);
   EXPECT_EQ(page.PlaceOf("more here"), page.Document->find("there").selectionStart());
   EXPECT_EQ(page.PlaceOf("OLD"), page.Document->find("older").selectionStart());
+}
+
+struct PlaceRow {
+  const char* What;
+  QByteArray Html;
+};
+
+class HtmlPlaces : public ::testing::TestWithParam<PlaceRow> {};
+
+TEST_P(HtmlPlaces, StandBeforeTheNextText) {
+  const RichPage page = Html("<p>x</p>" + GetParam().Html);
+  const QTextCursor here = page.Document->find("here");
+  ASSERT_FALSE(here.isNull());
+  EXPECT_EQ(page.PlaceOf("p"), here.selectionStart());
+  EXPECT_EQ(page.Document->toPlainText().count(QChar(0xFDD5)), 0);
+}
+
+const PlaceRow kPlaces[] = {
+    {"EmptyBeforeHeading", "<a name=p></a><h2>here</h2>"},
+    {"HeadingItself", "<h2 id=p>here</h2>"},
+    {"EmptyParagraph", "<p><a name=p></a></p><p>here</p>"},
+    {"AroundAParagraph", "<a name=p><p>here</p></a>"},
+    {"TwoInARow", "<a name=q></a><a name=P></a><p>here</p>"},
+    {"Table", "<table id=p><tr><td>here</td></tr></table>"},
+    {"Row", "<table><tr id=p><td><b>here</b></td></tr></table>"},
+    {"TextOutOfItsTable", "<table><tr><td id=q>cell</td></tr><span id=p>here</span></table>"},
+    {"List", "<ul id=p><li>here</ul>"},
+    {"Closed", "<a id='p'/>\n<pre>here</pre>"},
+    {"FirstOfTwo", "<p id=p>here</p><p id=p>there</p>"},
+};
+INSTANTIATE_TEST_SUITE_P(All, HtmlPlaces, ::testing::ValuesIn(kPlaces),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(HtmlPlaces, BehindTheTextAreItsEnd) {
+  const RichPage page = Html("<p>a</p><a name=end></a>");
+  EXPECT_EQ(page.PlaceOf("end"), page.Document->characterCount() - 1);
+}
+
+// Left margin, first line, colours of letters and paper, points.
+QString LookOf(const RichPage& page) {
+  const QTextBlock block = page.Document->find("x").block();
+  const QTextCharFormat letters = FormatOf(page, "x");
+  return QStringLiteral("%1 %2 %3 %4 %5")
+      .arg(block.blockFormat().leftMargin())
+      .arg(block.blockFormat().textIndent())
+      .arg(letters.foreground().color().name(), page.PaperColour.name())
+      .arg(letters.fontPointSize());
+}
+
+struct LookRow {
+  const char* What;
+  QByteArray Html;
+  QString Look;
+};
+
+class HtmlLooks : public ::testing::TestWithParam<LookRow> {};
+
+TEST_P(HtmlLooks, FollowTheStyles) {
+  EXPECT_EQ(LookOf(Html(GetParam().Html)), GetParam().Look);
+}
+
+const LookRow kLooks[] = {
+    {"LengthsOfPaper", "<p style='margin-left:.5in;text-indent:-18.0pt'>x", "48 -24 #000000 #ffffff 0"},
+    {"LetterSizeInInches", "<p style='font-size:0.25in'>x", "0 0 #000000 #ffffff 18"},
+    {"QuotedFontInAStyle", "<p style='font-family:&quot;A; B&quot;;color:red'>x", "0 0 #ff0000 #ffffff 0"},
+    {"SheetOfAWordProcessor",
+     "<style><!-- /* a */ @font-face {font-family:A; panose-1:2 15;} @import x; p.M, li.M {mso-x:\"\"; "
+     "margin-left:36.0pt; color:navy;} @page S {size:8in} @list l0:level1 {a:b} --></style><p class=M>x",
+     "48 0 #000080 #ffffff 0"},
+    {"ColourWithoutHash", "<font color=C40001>x</font>", "0 0 #c40001 #ffffff 0"},
+    {"ColourOfNothing", "<body bgcolor='3D#ffffff'><font color='#12'>x</font>", "0 0 #000000 #ffffff 0"},
+    {"LettersOfABody", "<body bgcolor=#000000 text=white>x", "0 0 #ffffff #000000 0"},
+    {"SystemsColour", "<p style='color:windowtext;background-color:nonsense'>x", "0 0 #000000 #ffffff 0"},
+};
+INSTANTIATE_TEST_SUITE_P(All, HtmlLooks, ::testing::ValuesIn(kLooks),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(HtmlLooks, TakeABorderInAnyOrder) {
+  const RichPage page =
+      Html("<table><tr><td style='border:solid red .5pt;padding:0in 7.5pt'>x</td></tr></table>");
+  const auto cell = QTextCursor(page.Document->find("x")).currentTable()->cellAt(0, 0).format();
+  EXPECT_EQ(cell.toTableCellFormat().topBorder(), 1);
+  EXPECT_EQ(cell.toTableCellFormat().topBorderBrush().color(), QColor(Qt::red));
+  EXPECT_EQ(cell.toTableCellFormat().leftPadding(), 10);
+}
+
+TEST(HtmlLooks, GrowWithTheScale) {
+  QImage picture(30, 20, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  PageMetrics twice;
+  twice.PixelsPerTwip = 2.0 / 15;
+  const RichPage page =
+      ReadHtml("<p style='margin-left:10px;font-size:9pt'>x<img src=a></p><table><tr><td width=100>y</table>",
+               twice, "page.htm", [&picture](const QString&) { return picture; });
+  EXPECT_EQ(LookOf(page), "20 0 #000000 #ffffff 18");
+  const QTextImageFormat image = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
+  EXPECT_EQ(QSizeF(image.width(), image.height()), QSizeF(60, 40));
+  const auto columns =
+      QTextCursor(page.Document->find("y")).currentTable()->format().columnWidthConstraints();
+  EXPECT_EQ(columns.first().rawValue(), 200);
+}
+
+TEST(HtmlPictures, AreWordsWhereTheyAreMissing) {
+  const RichPage page = Html(
+      "<p>a <img src=none.png alt='B &amp; C'> <img src=none.png> <a href=x><img src=n alt=link></a></p>");
+  EXPECT_EQ(page.Document->toPlainText(), QStringLiteral("a B & C \uFFFC link"));
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "link").anchorHref()), (PageLink{1, "x"}));
 }
 
 TEST(HtmlPictures, ComeFromTheLoaderAlone) {
@@ -103,6 +225,12 @@ const BombRow kBombs[] = {
     {"EndsAcrossTables", QByteArray("<div><table><tr><td></div>").repeated(2000)},
     {"Cells",
      "<table><tr>" + QByteArray("<td>").repeated(20'000) + QByteArray("<tr>").repeated(20'000) + "</table>"},
+    {"Places", QByteArray("<a name=x></a>x").repeated(10'000)},
+    {"Styles",
+     QByteArray("<p style='margin:1pt 2cm;font:9pt \"A\";color:red;border:1pt solid'>a").repeated(5'000)},
+    {"SheetWithoutEnd", "<style>" + QByteArray("@a;@b{").repeated(50'000) + "</style>"},
+    {"Hidden", QByteArray("<div style='display:none'>x</div><p style='display:none'>").repeated(5'000)},
+    {"SilentThings", QByteArray("<svg><xml><select>").repeated(20'000)},
     {"NestedTables",
      QByteArray("<table><tr><td>").repeated(5000) + QByteArray("</td></tr></table>").repeated(5000)},
     {"NestedBlocks", QByteArray("<div>").repeated(50'000) + QByteArray("</div>").repeated(50'000)},

@@ -1,9 +1,10 @@
 #include "platform/richtext/HtmlFilter.h"
 
+#include "platform/richtext/HtmlStyle.h"
 #include "platform/richtext/HtmlTag.h"
+#include "platform/richtext/HtmlWriter.h"
 
 #include <QSet>
-#include <QStringList>
 #include <algorithm>
 #include <vector>
 
@@ -20,11 +21,6 @@ constexpr qint64 kMostStyleTries = 1'000'000;
 
 using Names = QSet<QString>;
 
-const Names& VoidTags() {
-  static const Names names = {"br", "hr", "img", "input", "col", "area", "wbr"};
-  return names;
-}
-
 // Their end may be left out, so an open one says nothing about the depth.
 const Names& LooseTags() {
   static const Names names = {"p", "li", "dt", "dd", "tr", "td", "th", "thead", "tbody", "tfoot", "option"};
@@ -33,26 +29,55 @@ const Names& LooseTags() {
 
 // Tags without effect here; what stands between them is shown like any text.
 const Names& DroppedTags() {
-  static const Names names = {"link",   "base",   "meta",     "object",  "embed", "applet",
-                              "iframe", "frame",  "frameset", "param",   "form",  "input",
-                              "select", "option", "button",   "textarea"};
+  static const Names names = {"link",     "base",  "meta", "object", "embed",  "applet", "iframe",  "frame",
+                              "frameset", "param", "form", "input",  "option", "button", "textarea"};
   return names;
+}
+
+// Between these stands nothing that a page shows.
+const Names& SilentTags() {
+  static const Names names = {"script", "style", "title", "xml", "svg", "template", "select"};
+  return names;
+}
+
+// These end a hidden paragraph whose own end was left out.
+const Names& BlockTags() {
+  static const Names names = {"p",  "div", "table", "tr", "td", "th",  "li",         "ul", "ol", "dl",
+                              "h1", "h2",  "h3",    "h4", "h5", "pre", "blockquote", "hr", "h6", "center"};
+  return names;
+}
+
+bool HidesItself(const HtmlTag& tag) {
+  static const Names names = {"span", "div",    "p",    "a",  "b",  "i",  "u",
+                              "em",   "strong", "font", "ul", "ol", "pre"};
+  if (!names.contains(tag.Name)) return false;
+  return tag.Value(QStringLiteral("style"))
+      .remove(u' ')
+      .contains(QLatin1String("display:none"), Qt::CaseInsensitive);
+}
+
+// The colour of a page's letters is an attribute that the document's reader does not know.
+void StyleLetters(HtmlTag& body) {
+  const QString colour = HtmlColour(body.Value(QStringLiteral("text")));
+  if (colour.isEmpty()) return;
+  const QString style = QLatin1String("color:") + colour + u';' + body.Value(QStringLiteral("style"));
+  body.Attributes.prepend({QStringLiteral("style"), style});
 }
 
 class Filter {
  public:
-  explicit Filter(const QString& html) : html_(html), tags_(html.count(u'<')) {}
+  Filter(const QString& html, const PictureCheck& hasPicture)
+      : html_(html), hasPicture_(hasPicture), writer_(html.size()), tags_(html.count(u'<')) {}
 
-  QString Run() {
-    out_.reserve(html_.size());
+  FilteredHtml Run() {
     while (at_ < html_.size()) {
       const qsizetype tag = html_.indexOf(u'<', at_);
-      out_ += QStringView(html_).mid(at_, (tag < 0 ? html_.size() : tag) - at_);
+      writer_.Text(QStringView(html_).mid(at_, (tag < 0 ? html_.size() : tag) - at_));
       if (tag < 0) break;
       at_ = tag;
       ReadMarkup();
     }
-    return out_;
+    return writer_.Take();
   }
 
  private:
@@ -77,7 +102,7 @@ class Filter {
       return;
     }
     if (name >= html_.size() || !html_[name].isLetter()) {
-      out_ += QLatin1String("&lt;");
+      writer_.Text(u"&lt;");
       ++at_;
       return;
     }
@@ -119,32 +144,81 @@ class Filter {
 
   void Handle(HtmlTag tag) {
     const QString& word = tag.Name;
-    if (word == u"script" || word == u"style" || word == u"title") {
-      if (!tag.IsEnd) HandleRawText(word);
+    if (isParagraphHidden_ && BlockTags().contains(word)) ShowAgain();
+    if (!tag.IsEnd) NotePlace(tag);
+    if (word == u"body" && !tag.IsEnd) StyleLetters(tag);
+    if (SilentTags().contains(word)) {
+      if (!tag.IsEnd && !tag.IsClosed) HandleSilent(word);
     } else if (DroppedTags().contains(word)) {
       return;
     } else if (word == u"table" || word == u"tr" || word == u"td" || word == u"th") {
       HandleTable(tag);
-    } else if (VoidTags().contains(word) || LooseTags().contains(word)) {
-      out_ += tag.Text();
+    } else if (word == u"img") {
+      HandlePicture(tag);
+    } else if (tag.IsVoid() || LooseTags().contains(word)) {
+      HandleLoose(tag);
     } else if (tag.IsEnd) {
       Close(tag);
+    } else if (tag.IsClosed) {
+      writer_.Tag(tag);
     } else if (open_.size() < kDeepestNesting) {
+      if (!writer_.IsHidden() && HidesItself(tag)) Hide();
       open_.append(word);
-      out_ += tag.Text();
+      writer_.Tag(tag);
     }
   }
 
-  void HandleRawText(const QString& word) {
+  void NotePlace(const HtmlTag& tag) {
+    writer_.Name(tag.Value(QStringLiteral("id")));
+    if (tag.Name == u"a") writer_.Name(tag.Value(QStringLiteral("name")));
+  }
+
+  void Hide() {
+    hiddenFrom_ = open_.size();
+    writer_.SetHidden(true);
+  }
+
+  void ShowAgain() {
+    hiddenFrom_ = kNone;
+    isParagraphHidden_ = false;
+    writer_.SetHidden(false);
+  }
+
+  void HandleLoose(const HtmlTag& tag) {
+    writer_.Tag(tag);
+    if (tag.IsEnd || writer_.IsHidden() || !HidesItself(tag)) return;
+    isParagraphHidden_ = true;
+    writer_.SetHidden(true);
+  }
+
+  void HandlePicture(const HtmlTag& tag) {
+    const QString words = tag.Value(QStringLiteral("alt")).trimmed();
+    if (writer_.IsHidden()) return;
+    if (words.isEmpty() || hasPicture_(tag.Value(QStringLiteral("src")))) {
+      writer_.Tag(tag);
+    } else {
+      writer_.Text(words.toHtmlEscaped());
+    }
+  }
+
+  void HandleSilent(const QString& word) {
+    if (endless_.contains(word)) return;
     qsizetype end = html_.indexOf(QLatin1String("</") + word, at_, Qt::CaseInsensitive);
-    if (end < 0) end = html_.size();
-    QString text = html_.mid(at_, end - at_);
+    if (end < 0) {
+      endless_.insert(word);
+      // A script goes on to the end of the page; the other things do without an end.
+      if (word != u"script" && word != u"style" && word != u"title") return;
+      end = html_.size();
+    }
+    const QString text = html_.mid(at_, end - at_);
     at_ = TagEnd(end);
-    if (word != u"style") return;
+    if (word == u"style") WriteStyle(HtmlStyleSheet(text));
+  }
+
+  void WriteStyle(const QString& sheet) {
     // Tags in it would be taken for tags of the page.
-    text.remove(QLatin1String("<!--")).remove(QLatin1String("-->"));
-    if (text.contains(u'<') || text.contains(u'@') || !MayTry(text)) return;
-    out_ += QLatin1String("<style>") + text + QLatin1String("</style>");
+    if (sheet.isEmpty() || sheet.contains(u'<') || !MayTry(sheet)) return;
+    writer_.Markup(QString(QLatin1String("<style>") + sheet + QLatin1String("</style>")));
   }
 
   bool MayTry(QStringView sheet) {
@@ -158,7 +232,9 @@ class Filter {
     const qsizetype opened = open_.lastIndexOf(tag.Name);
     if (opened < 0 || (!isTable && opened < open_.lastIndexOf(QStringLiteral("table")))) return;
     open_.resize(opened);
-    out_ += tag.Text();
+    if (opened < hiddenFrom_) ShowAgain();
+    writer_.Tag(tag);
+    if (opened == hiddenFrom_) ShowAgain();
   }
 
   void HandleTable(HtmlTag& tag) {
@@ -179,7 +255,7 @@ class Filter {
       table.RowColumns += span;
       table.Columns = std::max(table.Columns, table.RowColumns);
     }
-    if (table.IsKept) out_ += tag.Text();
+    if (table.IsKept) writer_.Tag(tag);
   }
 
   void BeginTable(const HtmlTag& tag) {
@@ -188,7 +264,7 @@ class Filter {
     tables_.push_back({0, 0, isKept, isKept});
     if (isKept) {
       open_.append(tag.Name);
-      out_ += tag.Text();
+      writer_.Tag(tag);
     }
   }
 
@@ -202,7 +278,8 @@ class Filter {
   static constexpr qsizetype kNone = -2;
 
   const QString& html_;
-  QString out_;
+  const PictureCheck& hasPicture_;
+  HtmlWriter writer_;
   qsizetype at_ = 0;
   qsizetype nextDouble_ = -1;
   qsizetype nextSingle_ = -1;
@@ -210,6 +287,9 @@ class Filter {
   qint64 styleRules_ = 0;
   std::vector<qsizetype> strayQuotes_;  // of the tag at hand
   QStringList open_;
+  qsizetype hiddenFrom_ = kNone;  // the depth of what hides all that is in it
+  bool isParagraphHidden_ = false;
+  Names endless_;  // of the silent ones, those without an end from here on
   std::vector<Table> tables_;
   int tableCount_ = 0;
   qint64 cells_ = 0;
@@ -217,6 +297,6 @@ class Filter {
 
 }  // namespace
 
-QString FilterHtml(const QString& html) {
-  return Filter(html).Run();
+FilteredHtml FilterHtml(const QString& html, const PictureCheck& hasPicture) {
+  return Filter(html, hasPicture).Run();
 }

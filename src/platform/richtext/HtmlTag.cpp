@@ -1,5 +1,7 @@
 #include "platform/richtext/HtmlTag.h"
 
+#include "platform/richtext/HtmlStyle.h"
+
 #include <QSet>
 #include <algorithm>
 
@@ -13,6 +15,25 @@ const QSet<QString>& UsefulAttributes() {
       "dir",   "face", "height",  "href",   "id",          "lang",        "name",   "nowrap", "rowspan",
       "size",  "src",  "start",   "style",  "title",       "type",        "valign", "width"};
   return names;
+}
+
+// The entities that stand in the values of attributes.
+QString Resolved(QString value) {
+  if (!value.contains(u'&')) return value;
+  value.replace(QLatin1String("&quot;"), QLatin1String("\""));
+  value.replace(QLatin1String("&#34;"), QLatin1String("\""));
+  value.replace(QLatin1String("&apos;"), QLatin1String("'"));
+  value.replace(QLatin1String("&#39;"), QLatin1String("'"));
+  value.replace(QLatin1String("&lt;"), QLatin1String("<"));
+  value.replace(QLatin1String("&gt;"), QLatin1String(">"));
+  return value.replace(QLatin1String("&amp;"), QLatin1String("&"));
+}
+
+// What the document's reader is to be told; empty for nothing.
+QString ShownValue(const QString& name, const QString& value) {
+  if (name == u"color" || name == u"bgcolor") return HtmlColour(value);
+  if (name == u"style") return HtmlDeclarations(Resolved(value)).replace(u'&', QLatin1String("&amp;"));
+  return value;
 }
 
 bool IsNameCharacter(QChar c) {
@@ -35,6 +56,7 @@ class TagReader {
       } else if (text_[at_] == u'"' || text_[at_] == u'\'') {
         ReadQuoted();  // a value without a name
       } else {
+        tag.IsClosed = text_[at_] == u'/' || (tag.IsClosed && text_[at_] == u'>');
         ++at_;
       }
     }
@@ -95,6 +117,11 @@ HtmlTag ParseHtmlTag(QStringView text) {
   return TagReader(text).Read();
 }
 
+bool HtmlTag::IsVoid() const {
+  static const QSet<QString> names = {"br", "hr", "img", "input", "col", "area", "wbr"};
+  return names.contains(Name);
+}
+
 int HtmlTag::HoldNumber(const QString& attribute, int most) {
   for (auto& [name, value] : Attributes) {
     if (name != attribute) continue;
@@ -106,12 +133,19 @@ int HtmlTag::HoldNumber(const QString& attribute, int most) {
   return 1;
 }
 
+QString HtmlTag::Value(const QString& attribute) const {
+  const auto found = std::find_if(Attributes.begin(), Attributes.end(),
+                                  [&attribute](const auto& its) { return its.first == attribute; });
+  return found == Attributes.end() ? QString() : Resolved(found->second);
+}
+
 QString HtmlTag::Text() const {
   QString text = IsEnd ? QStringLiteral("</") : QStringLiteral("<");
   text += Name;
   for (const auto& [name, value] : Attributes) {
     if (IsEnd || !UsefulAttributes().contains(name)) continue;
-    QString quoted = value;
+    QString quoted = ShownValue(name, value);
+    if (quoted.isEmpty() && !value.isEmpty()) continue;
     quoted.replace(u'"', QLatin1String("&quot;"));
     quoted.replace(u'<', QLatin1String("&lt;"));
     quoted.replace(u'>', QLatin1String("&gt;"));

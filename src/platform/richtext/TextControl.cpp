@@ -45,8 +45,12 @@ PictureLoader LoaderBeside(const QString& programPath) {
   return [folder, state = std::make_shared<State>()](const QString& name) {
     if (++state->Files > kMostPictureFiles) return QImage();
     QImage picture;
-    IgnoreErrors(
-        [&] { picture = DecodePicture(ReadProgramFile(folder + name, kPageLimit), {}, state->Budget); });
+    // Word processors write the name as an address has it, "my%20till.png".
+    for (const QString& file : {name, QUrl::fromPercentEncoding(name.toUtf8())}) {
+      if (!picture.isNull()) break;
+      IgnoreErrors(
+          [&] { picture = DecodePicture(ReadProgramFile(folder + file, kPageLimit), {}, state->Budget); });
+    }
     return picture;
   };
 }
