@@ -1,8 +1,11 @@
 #include <QGuiApplication>
+#include <QImage>
 #include <QTextDocument>
+#include <cstdlib>
 
 #include "Bytes.h"
 #include "platform/RunTimeError.h"
+#include "platform/richtext/HtmlFilter.h"
 #include "platform/richtext/PageReader.h"
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
@@ -11,10 +14,23 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   return 0;
 }
 
+static QImage PictureOf(const QString& name) {
+  QImage picture(name.size() % 2 == 0 ? QSize(7, 3) : QSize(), QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  return picture;
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const QByteArray bytes = BytesOf(data, size);
   IsHtml(bytes);
-  const RichPage page = ReadHtml(bytes, {}, QStringLiteral("input"));
+  PageMetrics metrics;
+  if (size % 2 == 0) metrics.PixelsPerTwip = 1.0 / 12;
+  const RichPage page = ReadHtml(bytes, metrics, QStringLiteral("input"), PictureOf);
+  for (const int position : page.Places) {
+    if (position < 0 || position >= page.Document->characterCount()) std::abort();
+  }
+  qsizetype number = 0;
+  if (FindPlaceMark(page.Document->toPlainText(), 0, number) >= 0) std::abort();
   page.Document->setTextWidth(998);
   page.Document->size();
   return 0;
