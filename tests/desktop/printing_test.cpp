@@ -218,13 +218,20 @@ TEST_F(PrintingTest, APictureFillsTheSheetOneWay) {
   for (const auto& row : rows) {
     QPixmap picture(row.Picture);
     picture.fill(Qt::red);
-    PrintPictureToFitPage(*OpenCurrentPrinter(), picture);
+    const auto printer = OpenCurrentPrinter();
+    printer->setPageMargins({18, 36, 24, 30}, QPageLayout::Point);
+    PrintPictureToFitPage(*printer, picture);
     const PrintedPage page(Printed());
     EXPECT_EQ(page.Picture.size(), row.Picture);
     EXPECT_EQ(page.Sheet.width() > page.Sheet.height(), row.Lying) << row.Picture.height();
-    const QSizeF whole = page.Sheet - 2 * QSizeF(page.Place.left(), page.Place.top());
+    // A lying sheet keeps the larger of two margins, since it may be turned either way.
+    const QRectF area =
+        QRectF({}, page.Sheet)
+            .marginsRemoved(row.Lying ? QMarginsF{36, 24, 36, 24} : QMarginsF{18, 36, 24, 30});
+    EXPECT_NEAR(page.Place.left(), area.left(), 1);
+    EXPECT_NEAR(page.Place.top(), area.top(), 1);
     EXPECT_NEAR(row.FullWidth ? page.Place.width() : page.Place.height(),
-                row.FullWidth ? whole.width() : whole.height(), 1);
+                row.FullWidth ? area.width() : area.height(), 1);
     EXPECT_NEAR(page.Place.width() / page.Place.height(),
                 static_cast<double>(row.Picture.width()) / row.Picture.height(), 0.01);
   }
