@@ -95,6 +95,8 @@ TEST_F(OpenerTest, SaysWhatIsWrongWithAFileWithoutAskingTheDesktop) {
   QFile::link(store.Path("nothing"), store.Path("dangling.txt"));
   mkfifo(QFile::encodeName(store.Path("fifo")).constData(), 0600);
   store.Write("locked.txt", "x");
+  store.Write("page.HTM", "x");
+  store.Write("letter.doc", "{\\rtf1 x}");
   chmod(QFile::encodeName(store.Path("locked.txt")).constData(), 0);
   const struct {
     QString Verb, File, Folder;
@@ -111,6 +113,8 @@ TEST_F(OpenerTest, SaysWhatIsWrongWithAFileWithoutAskingTheDesktop) {
       {"open", "fifo", {}, ShellResult::kNoFile},
       {"open", "mailto:x@example.com", {}, ShellResult::kNoFile},
       {"print", "http://www.example.com", {}, ShellResult::kNoFolder},
+      {"print", "page.htm", {}, ShellResult::kNoProgram},  // its source would be printed
+      {"print", "letter.doc", {}, ShellResult::kNoProgram},
       {"edit", "Repository\\1\\List of goods.txt", {}, ShellResult::kNoProgram},
       // Root may read anything.
       {"open", "locked.txt", {}, geteuid() == 0 ? ShellResult::kStarted : ShellResult::kNoPermission},

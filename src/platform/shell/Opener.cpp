@@ -21,6 +21,7 @@ constexpr int kPatience = 1000;  // ms until a program that still runs counts as
 
 const QString kOpener = QStringLiteral("xdg-open");
 const QString kPrinter = QStringLiteral("lp");
+constexpr QByteArrayView kRtfBegin("{\\rtf");
 constexpr std::array kSchemes{u"http:", u"https:", u"ftp:", u"gopher:"};
 constexpr std::array kHostNames{u"www.", u"w3."};  // addresses that leave their scheme out
 
@@ -53,6 +54,14 @@ int LookAt(const QString& realPath) {
     return QFileInfo(QFileInfo(realPath).path()).isDir() ? ShellResult::kNoFile : ShellResult::kNoFolder;
   }
   return QFileInfo(realPath).isFile() ? 0 : ShellResult::kNoFile;
+}
+
+// CUPS takes such a document for plain text: its source would be printed.
+bool WouldPrintSource(const QString& realPath) {
+  const QString suffix = QFileInfo(realPath).suffix().toLower();
+  QFile file(realPath);
+  return suffix == u"htm" || suffix == u"html" ||
+         (file.open(QIODevice::ReadOnly) && file.read(kRtfBegin.size()) == kRtfBegin);
 }
 
 int ResultOf(const QString& program, const QProcess& process) {
@@ -104,6 +113,7 @@ int Execute(const ShellCall& call) {
   }
   const QString file = ContainedPath(call.File);
   if (const int fault = LookAt(file); fault != 0) return fault;
+  if (!opens && WouldPrintSource(file)) return ShellResult::kNoProgram;
   return Run(opens ? kOpener : kPrinter, file, folder);
 }
 

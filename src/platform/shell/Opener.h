@@ -27,10 +27,10 @@ struct ShellCall {
   int ShowState = 1;   // how the window is wanted. The desktop's opener can't be told
 };
 
-// "open" hands the file to xdg-open, "print" to the system's default printer; no other verb has a program.
-// A file that leaves the program folder, and one that is no regular file, counts as missing. A file that
-// could be run is handed on like any other, never run. Waits a second at most: what still runs then has
-// opened.
+// "open" hands the file to xdg-open, "print" to the system's default printer, which takes no RTF and no HTML;
+// no other verb has a program. A file that leaves the program folder, and one that is no regular file, counts
+// as missing. A file that could be run is handed on like any other, never run. Waits a second at most: what
+// still runs then has opened.
 int ShellExecuteA(const ShellCall& call);
 
 // Tests answer the opener themselves; an empty function brings the desktop's back.
