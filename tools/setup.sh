@@ -11,7 +11,9 @@ packages_of() {
     test) echo libgtest-dev strace; packages_of visit ;;
     bench) echo libbenchmark-dev libx11-dev ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;
-    visit) echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils ;;
+    visit)
+      echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils
+      echo cups-daemon cups-client cups-filters poppler-utils ;;
     *) echo "setup: no such group: $1" >&2; return 1 ;;
   esac
 }

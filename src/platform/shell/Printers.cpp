@@ -24,7 +24,10 @@ class DesktopPrinters final : public PrinterSystem {
   }
   QString DefaultPrinter() override { return QPrinterInfo::defaultPrinterName(); }
   void SetDefaultPrinter(const QString& deviceName) override {
-    QProcess::execute(kDefaultSetter, {QStringLiteral("-d"), deviceName});
+    QProcess setter;
+    setter.setStandardOutputFile(QProcess::nullDevice());  // it lists the printer's options
+    setter.start(kDefaultSetter, {QStringLiteral("-d"), deviceName});
+    setter.waitForFinished();
   }
   std::unique_ptr<QPrinter> Open(const QString& deviceName) override {
     return std::make_unique<QPrinter>(QPrinterInfo::printerInfo(deviceName), QPrinter::HighResolution);
