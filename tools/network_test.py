@@ -2,7 +2,7 @@
 """Shows that the program opens no network connection: the scripted visit under strace.
 
 Usage: network_test.py STORE. Every socket that the program or a child of it opens must be a local one, and
-every address the X server, the session's message buses, the sound server, the C library's own services, or
+every address the X server, the message buses, the sound server, CUPS, the C library's own services, or
 the program's bell for a second start. Exits with 1 and the lines of the trace at fault when there is another, and
 with 77 where nothing may be traced.
 """
@@ -28,6 +28,8 @@ ALLOWED = [
     (re.compile(r"/run/systemd/userdb/[\w.-]+"), "the C library's user names"),
     (re.compile(r"/.*/at-spi/bus[\w.-]*|@?/tmp/dbus-\w+"), "the accessibility bus"),
     (re.compile(r"/.*/pulse(-\w+)?/native"), "the sound server"),
+    (re.compile(r"/.*/cups-\w+/socket"), "CUPS"),
+    (re.compile(r"/.*/cups-\w+/system-bus"), "the system bus, by CUPS, for the printers nearby"),
     (re.compile(r"@tallowmere-[0-9a-f]{16}"), "the program's bell for a second start"),
 ]
 CALL = re.compile(r"^\d+\s+(?:<\.\.\. )?(\w+)")

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """A learner's visit, scripted: the real program under Xvfb, driven by keys and clicks.
 
-Usage: visit.py STORE OUT [DPI]. OUT gets the pictures and the learner's files. Says what it checked and
+Usage: visit.py STORE OUT [DPI]. OUT gets the pictures, the learner's files and what was printed. Says what it checked and
 exits with 1 when something was not as it must be.
 """
 
@@ -9,10 +9,12 @@ import shutil
 import sys
 import time
 from collections.abc import Sequence
+from contextlib import ExitStack
 from pathlib import Path
 
 import visit_movies
 import visit_progress
+from private_cups import PrivateCups, missing_packages
 from program_run import (CLOSE_WINDOW, COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, PROGRESS, REGISTER,
                          SPLASH)
 from store_files import USER_DATA, read_courses
@@ -21,6 +23,7 @@ from visit_desktop import Desktop, Window, differing_pixels, wait_for
 from visit_glossary import look_up_a_word
 from visit_links import Links, NotedOpener
 from visit_menus import MenuVisit
+from visit_printing import print_page_and_attachment
 from visit_reference import use_the_references, watch_the_trademark_pages
 from visit_tests import TestVisit
 
@@ -151,7 +154,7 @@ class Visit:
         wait_for(lambda: program.poll() is not None, "the end of the program")
         self.check("the program ends well", program.returncode == 0)
 
-    def run(self, opener: NotedOpener) -> None:
+    def run(self, opener: NotedOpener, cups: PrivateCups | None) -> None:
         program = self.desktop.start(self.store / "tallowmere")
         self.choose_course("01-course-choice")
         self.register()
@@ -164,6 +167,8 @@ class Visit:
         MenuVisit(self, last).run()
         look_up_a_word(self)
         use_the_references(self, opener)
+        if cups is not None:
+            print_page_and_attachment(self, cups)
         links.answer_the_survey()
         self.leave("09-exit-question")
         wait_for(lambda: program.poll() is not None, "the end of the program")
@@ -180,9 +185,16 @@ def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> 
     # The visit plays on a copy, so that the store's own learners are left alone.
     playground = out / "store"
     shutil.copytree(store, playground, ignore=shutil.ignore_patterns("data"))
-    with Desktop(out, dpi, wrapper) as desktop:
+    with ExitStack() as stack:
+        desktop = stack.enter_context(Desktop(out, dpi, wrapper))
+        cups = None
+        if missing := missing_packages():
+            print(f"nothing is printed without {', '.join(missing)}")
+        else:
+            cups = stack.enter_context(PrivateCups(out / "printed"))
+            desktop.environment.update(cups.variables)
         visit = Visit(desktop, playground)
-        visit.run(NotedOpener(desktop, out))
+        visit.run(NotedOpener(desktop, out), cups)
     shutil.move(playground / "data", out / "learner")
     shutil.rmtree(playground)
     shutil.rmtree(out / "bin")
