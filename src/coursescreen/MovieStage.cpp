@@ -1,7 +1,5 @@
 #include "coursescreen/MovieStage.h"
 
-#include <optional>
-
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/TextTable.h"
@@ -12,7 +10,6 @@
 #include "platform/forms/Screen.h"
 #include "platform/movies/MoviePlayer.h"
 #include "platform/movies/PlayerPlugins.h"
-#include "platform/registry/Registry.h"
 #include "platform/richtext/TextControl.h"
 
 namespace {
@@ -23,23 +20,6 @@ const QString kFrameName = QStringLiteral("ImageFrame");
 const QString kFlashName = QStringLiteral("ShockwaveFlash1");
 const QString kOtherName = QStringLiteral("ShockwaveCtl1");  // of both others: never two at once
 const QString kSizeCommand = QStringLiteral("size");
-
-// The default value of a player's key, empty when the player was never installed.
-QString ReadClass(const char* key) {
-  const RegistryKey* opened = LocalMachine().OpenKey(QString::fromLatin1(key));
-  if (opened == nullptr) return {};
-  const std::optional<RegistryValue> value = Registry::QueryValue(*opened, {});
-  return value ? value->Text : QString();
-}
-QString ReadFlashClass() {
-  return ReadClass("SOFTWARE\\Classes\\ShockwaveFlash.ShockwaveFlash\\CurVer");
-}
-QString ReadShockwaveClass() {
-  return ReadClass("SOFTWARE\\Classes\\SWCtl.SWCtl\\CurVer");
-}
-QString ReadMediaClass() {
-  return ReadClass("SOFTWARE\\Classes\\MediaPlayer.MediaPlayer\\CurVer");
-}
 
 // The file of the movie; empty when the name leads out of the program folder.
 QString MovieFile() {
@@ -148,7 +128,7 @@ void MovieStage::FillFrame(MoviePlayer& player) const {
 
 void MovieStage::InsertFlashMovie() {
   try {
-    flashClass_ = ReadFlashClass();
+    flashClass_ = InstalledClass(kFlashPlayer);
     MoviePlayer& movie = AddPlayerToFrame(flashClass_, kFlashName);
     objSWF_ = &movie;
     movie.Command = [this, &movie](const QString& command, const QString& arguments) {
@@ -181,7 +161,7 @@ void MovieStage::TakeSize(MoviePlayer& movie, const QString& arguments) {
 
 void MovieStage::InsertDirectorMovie() {
   try {
-    shockwaveClass_ = ReadShockwaveClass();
+    shockwaveClass_ = InstalledClass(kShockwavePlayer);
     MoviePlayer& movie = AddPlayerToFrame(shockwaveClass_, kOtherName);
     objDir_ = &movie;
     movie.SetMovie(MovieFile());
@@ -195,7 +175,7 @@ void MovieStage::InsertDirectorMovie() {
 
 void MovieStage::InsertVideo() {
   IgnoreErrors([this] {
-    mediaClass_ = ReadMediaClass();
+    mediaClass_ = InstalledClass(kMediaPlayer);
     MoviePlayer& movie = AddPlayerToFrame(mediaClass_, kOtherName);
     objVideo_ = &movie;
     movie.ShowControlBar(false);

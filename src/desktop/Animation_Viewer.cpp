@@ -5,11 +5,14 @@
 #include "platform/files/Paths.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
+#include "platform/movies/MoviePlayer.h"
+#include "platform/movies/PlayerPlugins.h"
 
 namespace {
 
 namespace Layout {  // pixels, on every display
 constexpr double Width = 340, Height = 150;
+constexpr QRect Animation1{50, 22, 240, 72};
 constexpr Place Label1{24, 108, 292, 24};
 constexpr double Points = 10;
 }  // namespace Layout
@@ -36,12 +39,28 @@ Animation_Viewer::Animation_Viewer()
   label1_->setAlignment(Qt::AlignCenter);
 }
 
+Animation_Viewer::~Animation_Viewer() = default;
+
 void Animation_Viewer::LoadAnimatedGif(const QString& file, const QString& title, const QString& label) {
   SetCaption(title);
   label1_->SetCaption(label);
   if (!ProgramFileExists(file)) throw RunTimeError(Describe("file-missing", file));
+  IgnoreErrors([&] { Play(file); });  // without a player the picture stands still
+}
+
+void Animation_Viewer::Play(const QString& file) {
+  animation1_.reset(&AddPlayer(*picture1_, InstalledClass(kMediaPlayer), QStringLiteral("Animation1")));
+  animation1_->setAccessibleName(label1_->Caption());
+  animation1_->setGeometry(Layout::Animation1);
+  animation1_->SetEndless(true);
+  animation1_->SetMovie(ContainedPath(file));
+  animation1_->show();
 }
 
 void Animation_Viewer::CloseAnimatedGif() {
   Unload();
+}
+
+void Animation_Viewer::Form_Unload() {
+  animation1_.reset();
 }
