@@ -1,0 +1,288 @@
+// The movies of a page: which player an object gets, where it plays, and when it ends.
+#include <QDir>
+#include <QScrollBar>
+#include <QTextDocument>
+
+#include "frame/ProgramState.h"
+#include "platform/forms/Screen.h"
+#include "platform/movies/MoviePlayer.h"
+#include "platform/richtext/TextControl.h"
+#include "support/Program.h"
+
+namespace {
+
+const QString kNoFlash =
+    "This page contains a Macromedia Flashmovie.  Please make sure the Flash player is installed on this "
+    "machine (https://ruffle.rs).";
+const QString kNoShockwave =
+    "This page contains a Macromedia Shockwave movie.  Please make sure the Shockwave player is installed on "
+    "this machine (http://www.shockwave.example.com).";
+constexpr const char* kFlash = "ShockwaveFlash1";
+constexpr const char* kOther = "ShockwaveCtl1";
+
+class MoviesTest : public ProgramTest {
+ protected:
+  MoviesTest() {
+    AddTwoModules();
+    store.AddCourse("Cash desk", "rt0101rt0102");
+    Took();
+  }
+  ~MoviesTest() override { qApp->setProperty("noMovies", false); }
+
+  void Install() const {
+    store.Write("players/about.txt", "no plugin");
+    QFile::copy(TALLOWMERE_PLAYER, store.Path("players/recording.so"));
+    store.Write("registry/players.reg",
+                "REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\ShockwaveFlash.ShockwaveFlash\\CurVer]\n"
+                "@=\"ShockwaveFlash.ShockwaveFlash.6\"\n"
+                "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\SWCtl.SWCtl\\CurVer]\n@=\"swctl.SWCTL.10\"\n"
+                "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Classes\\MediaPlayer.MediaPlayer\\CurVer]\n"
+                "@=\"MediaPlayer.MediaPlayer\"\n");
+  }
+  static QString Object(const QString& data) {
+    return "{\\object\\objemb\\objw3000\\objh1500{\\*\\objname " + data + "}}";
+  }
+  void WritePage(const QString& text, const QString& page = "rt0101/0001.txm") const {
+    store.Write(page, PageFile(text));
+  }
+  // Shows the first page anew, with an object of that data text.
+  void ShowObject(const QString& data) {
+    WritePage("before " + Object(data) + " behind");
+    Default<Form1>().InitNewCourse();
+    Gui::Settle();
+  }
+  // What the players were told since the last call.
+  static QStringList Took() {
+    const QStringList notes = qApp->property("movies").toStringList();
+    qApp->setProperty("movies", QStringList());
+    return notes;
+  }
+  static TextControl& PageView() { return *Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1"); }
+  static QWidget& ImageFrame() { return *Gui::Find(Default<Form1>(), "ImageFrame"); }
+  static MoviePlayer& Player(const char* name) { return *Gui::Find<MoviePlayer>(Default<Form1>(), name); }
+  static QString Movie(const QString& file) { return gAppPath + "/rt0101/Movies/" + file; }
+};
+
+TEST_F(MoviesTest, TheNameInTheDataTextChoosesThePlayer) {
+  Install();
+  ReadAs("Ann", "Lee");
+  const auto flash = [](const QString& file) {
+    return QStringList{"ShockwaveFlash1 fit 2", "ShockwaveFlash1 movie " + file, "ShockwaveFlash1 stop"};
+  };
+  const auto director = [](const QString& file) {
+    return QStringList{"ShockwaveCtl1 movie " + file, "ShockwaveCtl1 fit 2", "ShockwaveCtl1 back 16777215"};
+  };
+  const auto video = [](const QString& file) {
+    return QStringList{"ShockwaveCtl1 bar 0", "ShockwaveCtl1 movie " + file};
+  };
+  const QStringList none;
+  const struct {
+    QString Data, Name;
+    QStringList Told;
+  } rows[] = {
+      {"intro.swf,400", "intro.swf", flash(Movie("intro.swf"))},
+      {"a.swf.dcr.wmv", "a.swf.dcr.wmv", flash(Movie("a.swf.dcr.wmv"))},
+      {"clip.wmv,see x.swf", "clip.wmv", flash(Movie("clip.wmv"))},
+      {"b.wmv.dcr", "b.wmv.dcr", director(Movie("b.wmv.dcr"))},
+      {"CLIP.wmv,", "CLIP.wmv", video(Movie("clip.wmv"))},  // the file's own spelling
+      {"..\\\\..\\\\..\\\\out\\\\film.wmv", "..\\..\\..\\out\\film.wmv", video({})},
+      {"none.wmv", "none.wmv", video(Movie("none.wmv"))},
+      {"intro.SWF", "intro.SWF", none},
+      {"picture.gif", "picture.gif", none},
+  };
+  for (const auto& file : {"intro.swf", "a.swf.dcr.wmv", "clip.wmv", "b.wmv.dcr"})
+    store.Write("rt0101/Movies/" + QString(file), "x");
+  store.Write(store.PathBeside("out/film.wmv"), "x");
+  for (const auto& row : rows) {
+    Took();
+    ShowObject(row.Data);
+    EXPECT_EQ(gMovieName, row.Name);
+    QStringList told = Took();
+    told.erase(
+        std::remove_if(told.begin(), told.end(), [](const QString& note) { return note.endsWith("gone"); }),
+        told.end());
+    if (told.value(0).endsWith("stop")) told.removeFirst();  // the movie before
+    EXPECT_EQ(told, row.Told) << row.Data.toStdString();
+  }
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+enum class Missing { InTheRegistry, AmongThePlugins, AtItsMaking };
+
+class MissingPlayerTest : public MoviesTest, public ::testing::WithParamInterface<Missing> {};
+
+TEST_P(MissingPlayerTest, IsToldAndLeavesThePageUsable) {
+  if (GetParam() != Missing::InTheRegistry) Install();
+  if (GetParam() == Missing::AmongThePlugins) QDir(store.Path("players")).removeRecursively();
+  qApp->setProperty("noMovies", GetParam() == Missing::AtItsMaking);
+  ReadAs("Ann", "Lee");
+  for (const auto& [data, told] :
+       {std::pair{"a.swf", kNoFlash}, {"a.dcr", kNoShockwave}, {"a.wmv", QString()}}) {
+    ShowObject(data);
+    EXPECT_EQ(messages.Take().join('|'), told) << data;
+    EXPECT_TRUE(PageText().endsWith("behind"));
+    Gui::Click(Default<Form1>(), "NextBtn");
+    EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  }
+  EXPECT_EQ(Took(), QStringList());
+}
+
+INSTANTIATE_TEST_SUITE_P(Movies, MissingPlayerTest,
+                         ::testing::Values(Missing::InTheRegistry, Missing::AmongThePlugins,
+                                           Missing::AtItsMaking));
+
+TEST_F(MoviesTest, AFlashMovieShowsOnceItHasToldItsSize) {
+  Install();
+  ReadAs("Ann", "Lee");
+  ShowObject("intro.swf");
+  MoviePlayer& movie = Player(kFlash);
+  const QSize given = ImageFrame().size();
+  Took();
+  for (const auto& [command, arguments] : {std::pair{"size", "640"},
+                                           {"size", "x"},
+                                           {"size", "axb"},
+                                           {"size", "0x5"},
+                                           {"size", "99999x1"},
+                                           {"Size", "10x10"},
+                                           {"quit", "10x10"},
+                                           {"size", ""}}) {
+    movie.Command(command, arguments);
+    EXPECT_FALSE(movie.isVisible()) << command << arguments;
+    EXPECT_EQ(ImageFrame().size(), given) << arguments;
+  }
+  EXPECT_EQ(Took(), QStringList());
+  movie.Command("size", "320x240");
+  EXPECT_TRUE(movie.isVisible());
+  EXPECT_EQ(ImageFrame().size(), QSize(320, 240));
+  EXPECT_EQ(movie.geometry(), QRect(0, 0, 320, 240));
+  EXPECT_EQ(Took(), QStringList({"ShockwaveFlash1 fit 2", "ShockwaveFlash1 play"}));
+  Default<Form1>().resize(Default<Form1>().size() + QSize(0, 40));  // a new layout keeps the movie's size
+  EXPECT_EQ(ImageFrame().size(), QSize(320, 240));
+}
+
+TEST_F(MoviesTest, EveryWayToAnotherPageEndsTheMovie) {
+  Install();
+  const QString link = "{\\field{\\*\\fldinst HYPERLINK \"rt0102\\\\0001.txm_\"}{\\fldrslt goods}} ";
+  WritePage(link + Object("clip.wmv"), "rt0101/0002.txm");
+  Form1& screen = ReadAs("Ann", "Lee");
+  const auto click = [&screen](const char* name) { return [&screen, name] { Gui::Click(screen, name); }; };
+  const auto clickLink = [&screen] {
+    QTextCursor cursor = PageView().document()->find("goods");
+    cursor.setPosition(cursor.selectionStart() + 1);
+    QTest::mouseClick(screen.windowHandle(), Qt::LeftButton, {},
+                      PageView().viewport()->mapTo(&screen, PageView().cursorRect(cursor).center()));
+  };
+  const struct {
+    const char* Way;
+    std::function<void()> Leave;
+  } rows[] = {
+      {"next", click("NextBtn")},
+      {"previous", click("Prev")},
+      {"return", click("Return_Btn")},
+      {"link", clickLink},
+      {"topic", [&] { screen.Pages().JumpToTopic(0, "Greeting"); }},
+      {"module", [&] { screen.Pages().JumpToModule(1); }},
+      {"resume", [&] { screen.Pages().LoadModuleAtPage(1, "0002.txm"); }},
+      {"page that can't be shown", [&] { screen.Pages().LoadModuleAtPage(0, {}); }},
+      {"another course", [&] { screen.InitNewCourse(); }},
+  };
+  for (const auto& row : rows) {
+    screen.InitNewCourse();
+    Gui::Click(screen, "NextBtn");
+    Gui::Settle();
+    Took();
+    ASSERT_TRUE(Player(kOther).isVisible()) << row.Way;
+    row.Leave();
+    Gui::Settle();
+    EXPECT_EQ(Took(), QStringList({"ShockwaveCtl1 stop", "ShockwaveCtl1 gone"})) << row.Way;
+    EXPECT_FALSE(ImageFrame().isVisible()) << row.Way;
+  }
+  messages.Take();
+  WritePage(Object("a.wmv"));
+  screen.InitNewCourse();
+  Took();
+  Gui::Click(screen, "NextBtn");  // from a movie to a movie
+  Gui::Settle();
+  EXPECT_EQ(
+      Took().filter(QRegularExpression("stop|gone|movie")),
+      QStringList({"ShockwaveCtl1 stop", "ShockwaveCtl1 movie " + Movie("clip.wmv"), "ShockwaveCtl1 gone"}));
+  screen.Unload();
+  EXPECT_TRUE(Took().contains("ShockwaveCtl1 stop"));
+}
+
+TEST_F(MoviesTest, AFileThatALinkShowsLeavesTheMovieWhereItIs) {
+  Install();
+  store.Write("handbook.txm", "{\\rtf1 the handbook}");
+  WritePage("{\\field{\\*\\fldinst HYPERLINK \"handbook.txm\" \\\\l \"x\"}{\\fldrslt help}}\\par " +
+            Object("clip.wmv"));
+  Form1& screen = ReadAs("Ann", "Lee");
+  screen.InitNewCourse();
+  Gui::Settle();
+  const QRect place = ImageFrame().geometry();
+  Took();
+  PageView().FollowLink(0);
+  Gui::Settle();
+  EXPECT_EQ(PageText(), "the handbook");
+  EXPECT_EQ(Took(), QStringList());
+  EXPECT_TRUE(Player(kOther).isVisible());
+  EXPECT_EQ(ImageFrame().geometry(), place);
+}
+
+TEST_F(MoviesTest, OfTwoMoviesOnAPageTheLastPlaysAndNoneStays) {
+  Install();
+  ReadAs("Ann", "Lee");
+  WritePage(Object("a.dcr") + "\\par " + Object("b.wmv"));
+  Default<Form1>().InitNewCourse();
+  Gui::Settle();
+  EXPECT_EQ(PageView().viewport()->findChildren<QWidget*>("ImageFrame").size(), 1);
+  EXPECT_EQ(Took().filter(QRegularExpression("stop|gone|movie")),
+            QStringList({"ShockwaveCtl1 movie " + Movie("a.dcr"), "ShockwaveCtl1 stop",
+                         "ShockwaveCtl1 movie " + Movie("b.wmv"), "ShockwaveCtl1 gone"}));
+  Gui::Click(Default<Form1>(), "NextBtn");
+  Gui::Settle();
+  EXPECT_EQ(Took(), QStringList({"ShockwaveCtl1 stop", "ShockwaveCtl1 gone"}));
+}
+
+TEST_F(MoviesTest, TheFrameStandsWhereTheObjectStandsAndScrollsWithIt) {
+  Install();
+  ReadAs("Ann", "Lee");
+  const QString lines = QString("line\\par ").repeated(30);
+  WritePage(lines + Object("clip.wmv") + "\\par " + lines);
+  Default<Form1>().InitNewCourse();
+  const int id = PageView().Objects().value(0).Id;
+  for (const int scrolled : {0, 40, 200}) {
+    PageView().verticalScrollBar()->setValue(scrolled);
+    EXPECT_EQ(ImageFrame().geometry(), PageView().ObjectRect(id)) << scrolled;
+    EXPECT_EQ(Player(kOther).geometry(), ImageFrame().rect()) << scrolled;
+    EXPECT_EQ(PageView().verticalScrollBar()->value(), scrolled);
+  }
+}
+
+TEST_F(MoviesTest, WhoTurnsToAMovieClosesTheMenusAndMakesItCurrent) {
+  Install();
+  Form1& screen = ReadAs("Ann", "Lee");
+  ShowObject("clip.wmv");
+  const int id = PageView().Objects().value(0).Id;
+  // The data text makes its object current only where the page is not shown at its design scale.
+  EXPECT_EQ(PageView().CurrentObject(), Screen::TwipsPerPixelX() == 15 ? 0 : id);
+  EXPECT_FALSE(gActiveObjectSet);  // a fresh page has none
+  const auto open = [&screen] {
+    Gui::Click(screen, "toolBar_But");
+    EXPECT_TRUE(Gui::Find(screen, "toolBar_Slice(0)")->isVisible());
+  };
+  open();
+  Player(kOther).Entered();
+  EXPECT_FALSE(Gui::Find(screen, "toolBar_Slice(0)")->isVisible());
+  open();
+  PageView().SetCurrentObject(0);
+  Gui::Click(screen, kOther);
+  EXPECT_FALSE(Gui::Find(screen, "toolBar_Slice(0)")->isVisible());
+  EXPECT_EQ(PageView().CurrentObject(), id);
+  EXPECT_TRUE(gActiveObjectSet);
+  EXPECT_EQ(gActiveObjectId, id);
+  QTest::mouseClick(screen.windowHandle(), Qt::LeftButton, {},
+                    PageView().viewport()->mapTo(&screen, QPoint(2, PageView().viewport()->height() - 2)));
+  EXPECT_EQ(PageView().CurrentObject(), 0);
+}
+
+}  // namespace
