@@ -32,6 +32,8 @@ ROOT = Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build/bench"
 STARTS = 15                # of each program
 MOST_START_RATIO = 1.5     # of the start of an empty window
+# The figures that a benchmark may report, by the ends of their names, and their units.
+UNITS = {"p50_ms": "ms", "p99_ms": "ms", "_mb": "MB", "_threads": "", "_processes": ""}
 MOST_MEMORY = 64           # MB of 1024 kB
 # A place of the display within both first windows, which stand centred: the coloured band at the left edge
 # of the course choice. Nobody but the program paints this colour.
@@ -168,9 +170,11 @@ def measure_inside(desktop: Desktop, folder: Path) -> list[Result]:
         name = run["name"].split("/iterations")[0]
         if run.get("error_occurred"):
             raise SystemExit(f"bench: {name}: {run['error_message']}")
-        for figure in sorted(key for key in run if key.endswith(("p50_ms", "p99_ms"))):
-            aim = run.get(figure.replace("_ms", "_aim_ms"))
-            results.append(Result(f"{name} {figure.removesuffix('_ms').replace('_', ' ')}", run[figure], "ms", aim))
+        for figure in sorted(key for key in run if key.endswith(tuple(UNITS))):
+            unit = next(UNITS[end] for end in UNITS if figure.endswith(end))
+            aim = run.get(figure.replace("_ms", "_aim_ms") if unit == "ms" else f"{figure}_aim")
+            words = figure.removesuffix("_ms").removesuffix("_mb").replace("_", " ")
+            results.append(Result(f"{name} {words}", run[figure], unit, aim))
     return results
 
 

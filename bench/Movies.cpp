@@ -1,0 +1,124 @@
+// The movies of the demo courses: from the turn of the page to the movie's first picture, the way off the
+// page, and what fifty visits leave behind.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+
+#include "Reader.h"
+#include "Times.h"
+#include "coursescreen/Form1.h"
+#include "support/Gui.h"
+
+namespace {
+
+constexpr double kFirstPictureAim = 500;  // ms
+constexpr double kLeaveAim = 100;         // ms: a click that feels answered
+constexpr int kVisits = 50;
+constexpr int kPatience = 20000;  // ms
+
+struct Movie {
+  const char* Page;    // how the page's name in the reader ends
+  const char* Player;  // the object name of the player
+};
+
+size_t PageOf(const Reader& reader, const Movie& movie) {
+  for (size_t page = 0; page < reader.Pages(); ++page) {
+    if (reader.Name(page).endsWith(QLatin1String(movie.Page))) return page;
+  }
+  qFatal("no page %s", movie.Page);
+}
+
+// More than one colour, on a grid that is finer than what any movie shows.
+bool HasPicture(const Form1& screen, const Movie& movie) {
+  auto* player = screen.findChild<QWidget*>(QLatin1String(movie.Player));
+  if (player == nullptr || !player->isVisible()) return false;
+  const QImage shown = player->grab().toImage();
+  const QRgb corner = shown.pixel(0, 0);
+  for (int y = 0; y < shown.height(); y += 8) {
+    for (int x = 0; x < shown.width(); x += 8) {
+      if (shown.pixel(x, y) != corner) return true;
+    }
+  }
+  return false;
+}
+
+bool AwaitPicture(const Form1& screen, const Movie& movie) {
+  const QDeadlineTimer end(kPatience);
+  while (!HasPicture(screen, movie)) {
+    if (end.hasExpired()) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+  }
+  return true;
+}
+
+// What the process holds.
+struct Holdings {
+  int Threads = 0, Processes = 0;
+  double Megabytes = 0;
+
+  static Holdings Now() {
+    Holdings now;
+    const QDir tasks(QStringLiteral("/proc/self/task"));
+    for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+      ++now.Threads;
+      now.Processes +=
+          static_cast<int>(ReadAll(tasks.filePath(task + QStringLiteral("/children"))).count(' '));
+    }
+    const QByteArray pages = ReadAll(QStringLiteral("/proc/self/statm")).split(' ').value(1);
+    now.Megabytes = pages.toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024 * 1024);
+    return now;
+  }
+
+ private:
+  static QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+};
+
+void ReportLeft(benchmark::State& state, const char* name, double left, double aim) {
+  state.counters[std::string("left_") + name] = left;
+  state.counters[std::string("left_") + name + "_aim"] = aim;
+}
+
+void MoviePage(benchmark::State& state, const Movie& movie) {
+  PutTemporaryFoldersIn(kTmpfs);
+  Reader reader;
+  Form1& screen = *LoadedForm<Form1>();
+  const size_t page = PageOf(reader, movie);
+  Times first, leave;
+  const auto visit = [&](auto&& turn) {
+    reader.PressBefore(page);
+    turn();
+    const auto start = std::chrono::steady_clock::now();
+    screen.PrevPage();
+    Gui::Settle();
+    const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+    return taken.count();
+  };
+  const auto turn = [&] {
+    reader.Release();
+    if (!AwaitPicture(screen, movie)) state.SkipWithError("no picture came");
+  };
+  Times cold;
+  visit([&] { cold.Take(state, turn); });  // loads the player
+  cold.Report(state, "first_visit_");
+  const Holdings before = Holdings::Now();
+  for (auto _ : state)
+    leave.Add(visit([&] { first.Take(state, turn); }));
+  const Holdings after = Holdings::Now();
+  first.ReportTailAim(state, kFirstPictureAim, "first_picture_");
+  leave.ReportTailAim(state, kLeaveAim, "leave_");
+  ReportLeft(state, "threads", after.Threads - before.Threads, 1);
+  ReportLeft(state, "processes", after.Processes - before.Processes, 1);
+  ReportLeft(state, "mb", after.Megabytes - before.Megabytes, 5);
+}
+
+}  // namespace
+
+BENCHMARK_CAPTURE(MoviePage, video, Movie{"rt0202, 0002.txm", "ShockwaveCtl1"})
+    ->UseManualTime()
+    ->Iterations(kVisits)
+    ->Unit(benchmark::kMillisecond);
