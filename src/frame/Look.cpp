@@ -27,6 +27,10 @@ QListWidget, QPlainTextEdit { background: #FFFFFF; color: #333333; border: 1px s
   border-radius: 3px; padding: 4px; }
 QListWidget::item { padding: 2px; }
 QListWidget:focus, QPlainTextEdit:focus { border: 2px solid #6666FF; padding: 3px; }
+QMenu { background: #FFFFFF; color: #333333; border: 1px solid #4747B2; padding: 3px; }
+QMenu::item { padding: 4px 22px 4px 14px; }
+QMenu::item:selected { background: #CCCCFF; color: #000000; }
+QMenu::item:disabled { color: #999999; background: #FFFFFF; }
 QToolTip { background: #FFFFC0; color: #000000; border: 1px solid #999999; font: 9pt "Arial"; }
 QScrollBar:vertical { background: #F2F2FA; width: 16px; margin: 0; }
 QScrollBar::handle:vertical { background: #B3B3F2; border-radius: 4px; min-height: 32px; margin: 2px; }

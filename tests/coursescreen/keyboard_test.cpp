@@ -2,11 +2,14 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QScrollBar>
 
+#include "content/PageList.h"
 #include "coursescreen/CourseScreenTest.h"
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "platform/forms/ComboBox.h"
+#include "platform/richtext/TextControl.h"
 
 namespace {
 
@@ -91,6 +94,32 @@ TEST_F(KeyboardTest, AltMayBeLetGoOfBeforeItsKey) {
   QTest::keyRelease(Screen1().windowHandle(), Qt::Key_Left);
   EXPECT_EQ(PageText(), "rt0101 0001.txm");
   EXPECT_FALSE(Button("Return_Btn").Enabled());  // a return, and not a page back
+}
+
+TEST_F(KeyboardTest, ThePageScrollsAndGrowsWhereverTheFocusIs) {
+  Form1& screen = Read();
+  store.Write("rt0101/0002.txm",
+              QByteArray(30, ' ') + "{\\rtf1 " + QByteArray("a\\par ").repeated(300) + "}");
+  Gui::Key(screen, Qt::Key_Right);
+  auto& page = *Gui::Find<TextControl>(screen, "TXTextControl1");
+  const QScrollBar& bar = *page.verticalScrollBar();
+  for (Control* control : {static_cast<Control*>(&page), static_cast<Control*>(&Button("Modules"))}) {
+    control->SetFocus();
+    const double height = page.document()->size().height();
+    Gui::Key(screen, Qt::Key_PageDown);
+    EXPECT_GT(bar.value(), 0);
+    Gui::Key(screen, Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    Gui::Key(screen, Qt::Key_PageUp);
+    EXPECT_LT(bar.value(), bar.maximum());
+    Gui::Key(screen, Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+    Gui::Key(screen, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(page.document()->size().height(), height);
+    Gui::Key(screen, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(page.document()->size().height(), height);
+  }
+  EXPECT_EQ(gPageList.GetCurrentPageName(), "0002.txm");
 }
 
 TEST_F(KeyboardTest, AHeldKeyTurnsOnePageAtItsRelease) {

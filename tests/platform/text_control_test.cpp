@@ -2,10 +2,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 
 #include "platform/forms/Screen.h"
 #include "platform/forms/TextBox.h"
+#include "platform/richtext/PageZoom.h"
 #include "platform/richtext/TextControl.h"
 #include "platform/rtf_pages.h"
 #include "support/Gui.h"
@@ -46,6 +49,7 @@ class TextControlTest : public ::testing::Test {
     Gui::Settle();
   }
   ~TextControlTest() override {
+    PageZoom::Reset();
     form_.Unload();
     Gui::Settle();
   }
@@ -219,6 +223,10 @@ TEST_F(TextControlTest, ShowsPicturesOfAnHtmlPageOnlyFromTheProgramFolder) {
   store_.Write("rt01/p.htm", "<html><p><img src='red.png'></p></html>");
   Page().Load("rt01\\p.htm", 0, 3);
   EXPECT_EQ(Page().viewport()->grab().toImage().pixelColor(25, 25), QColor(Qt::red));
+  store_.Write("rt01/my red.png", PictureBytes({40, 40}, "png"));
+  store_.Write("rt01/p.htm", "<html><p><img src='my%20red.png'></p></html>");
+  Page().Load("rt01\\p.htm", 0, 3);
+  EXPECT_EQ(Page().viewport()->grab().toImage().pixelColor(25, 25), QColor(Qt::red));
   store_.Write("rt01/p.htm", "<html><p><img src='../../outside.png' width=40 height=40></p></html>");
   Page().Load("rt01\\p.htm", 0, 3);
   EXPECT_NE(Page().viewport()->grab().toImage().pixelColor(25, 25), QColor(Qt::red));
@@ -346,6 +354,101 @@ TEST_F(TextControlTest, RaisesNoEventsOfObjectsWhenOnlyTheScaleChanges) {
   TakeLog();
   Page().SetPageWidth(18000);
   EXPECT_EQ(TakeLog(), QStringList());
+}
+
+TEST_F(TextControlTest, CopiesTheWordsOfADraggedSelectionAlone) {
+  Load("first words\\par " + kObjects + " last words\\par");
+  const auto point = [this](const QString& word) {
+    QTextCursor cursor = Page().document()->find(word);
+    cursor.setPosition(cursor.selectionStart());
+    return Page().viewport()->mapTo(&form_, Page().cursorRect(cursor).center());
+  };
+  QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, point("words"));
+  QTest::mouseMove(form_.windowHandle(), point("last"));
+  QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, point("last"));
+  Gui::Key(form_, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("words\ntop\n\nx\n"));
+  EXPECT_FALSE(QApplication::clipboard()->mimeData()->hasHtml());
+}
+
+TEST_F(TextControlTest, OffersToCopyAndToSelectAllInItsMenu) {
+  Load("all the words");
+  const auto open = [this] {
+    const QPoint point = Page().viewport()->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, point, Page().viewport()->mapToGlobal(point));
+    QApplication::sendEvent(Page().viewport(), &event);
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  };
+  const auto press = [](QMenu& menu, int item) {
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(item)).center());
+    Gui::Settle();
+  };
+  QMenu* menu = open();
+  ASSERT_NE(menu, nullptr);
+  EXPECT_EQ(menu->actions().at(0)->text(), QStringLiteral("Copy"));
+  EXPECT_FALSE(menu->actions().at(0)->isEnabled());
+  press(*menu, 1);
+  menu = open();
+  ASSERT_NE(menu, nullptr);
+  press(*menu, 0);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("all the words"));
+}
+
+TEST_F(TextControlTest, ChangesTheSizeOfAllPagesByCtrlAndAKey) {
+  auto* other = new TextControl(&form_, QStringLiteral("Other"));
+  Load("\\fs24 x\\par" + kObjects);
+  other->Load("rt01\\0001.txm", 30, 3);
+  const double own = SizeOf("x");
+  const QRect object = Page().ObjectRect(1);
+  TakeLog();
+  Page().SetFocus();
+  const struct {
+    Qt::Key Key;
+    int Times;
+    double Percent;
+  } rows[] = {{Qt::Key_Plus, 1, 110}, {Qt::Key_Equal, 2, 150}, {Qt::Key_Plus, 9, 300},
+              {Qt::Key_0, 1, 100},    {Qt::Key_Minus, 1, 90},  {Qt::Key_Minus, 9, 50}};
+  for (const auto& row : rows) {
+    for (int i = 0; i < row.Times; ++i)
+      Gui::Key(form_, row.Key, Qt::ControlModifier);
+    const double part = row.Percent / 100;
+    EXPECT_NEAR(SizeOf("x"), own * part, 0.3) << row.Percent;
+    EXPECT_NEAR(Page().ObjectRect(1).width(), object.width() * part, 1) << row.Percent;
+    EXPECT_EQ(other->ObjectRect(1).size(), Page().ObjectRect(1).size()) << row.Percent;
+  }
+  EXPECT_EQ(TakeLog(), QStringList());
+  Load("\\fs24 x\\par");
+  EXPECT_NEAR(SizeOf("x"), own / 2, 0.1);
+}
+
+TEST_F(TextControlTest, KeepsItsPlaceAndSelectionWhenTheSizeChanges) {
+  Load(LongPage() + kLinks);
+  Page().SetFocus();
+  Page().FocusLink(1);
+  Page().GoToPlace("more");
+  const auto top = [this] {
+    QTextCursor there = Page().document()->find("here it is");
+    there.setPosition(there.selectionStart());
+    return Page().cursorRect(there).top();
+  };
+  ASSERT_EQ(top(), 0);
+  for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_0}) {
+    Gui::Key(form_, key, Qt::ControlModifier);
+    EXPECT_NEAR(top(), 0, 1);
+    EXPECT_EQ(Page().FocusedLink(), 1);
+  }
+}
+
+TEST_F(TextControlTest, ChangesTheSizeByCtrlAndTheWheel) {
+  Load("\\fs24 x\\par");
+  const double own = SizeOf("x");
+  const QPoint middle = Page().rect().center();
+  for (const int turned : {120, -120, -120}) {
+    QWheelEvent wheel(middle, form_.mapToGlobal(middle), {}, {0, turned}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(Page().viewport(), &wheel);
+  }
+  EXPECT_NEAR(SizeOf("x"), own * 0.9, 0.3);
 }
 
 }  // namespace

@@ -7,13 +7,18 @@
 #include "platform/richtext/PageAccess.h"
 #include "platform/richtext/PageLink.h"
 #include "platform/richtext/PageReader.h"
+#include "platform/richtext/PageZoom.h"
 #include "platform/richtext/PicturePixels.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QTextFrame>
 #include <QTextLayout>
 #include <QUrl>
@@ -23,6 +28,7 @@
 
 namespace {
 
+constexpr int kTopLine = 4;             // pixels; what is seen there counts as the top of what is read
 constexpr int kMostPictureFiles = 500;  // of one page
 constexpr QRgb kFocusBack = 0xFFCCCCFF, kFocusEdge = 0xFF4747B2, kFocusText = 0xFF000000;
 
@@ -55,6 +61,12 @@ PictureLoader LoaderBeside(const QString& programPath) {
   };
 }
 
+// All views, which change their size together.
+QList<TextControl*>& Views() {
+  static QList<TextControl*> views;
+  return views;
+}
+
 }  // namespace
 
 TextControl::TextControl(QWidget* container, const QString& name)
@@ -62,7 +74,6 @@ TextControl::TextControl(QWidget* container, const QString& name)
   Watch(viewport());
   setOpenLinks(false);
   setFrameShape(QFrame::NoFrame);
-  setContextMenuPolicy(Qt::NoContextMenu);
   verticalScrollBar()->setStyleSheet(kScrollBarLook);
   horizontalScrollBar()->setStyleSheet(kScrollBarLook);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -74,9 +85,11 @@ TextControl::TextControl(QWidget* container, const QString& name)
   page_.Document = std::make_unique<QTextDocument>();
   setDocument(page_.Document.get());
   SetLook();
+  Views().append(this);
 }
 
 TextControl::~TextControl() {
+  Views().removeOne(this);
   // The view must let go of the page's document before that goes, and tells nobody of it.
   page_.Objects.clear();
   setDocument(nullptr);
@@ -86,7 +99,8 @@ PageMetrics TextControl::Metrics() const {
   PageMetrics metrics;
   metrics.LogicalDpi = logicalDpiY();
   const double own = 1.0 / Screen::TwipsPerPixelX();
-  metrics.PixelsPerTwip = pageWidth_ > 0 && width() > 0 ? width() / pageWidth_ : own;
+  const double shown = pageWidth_ > 0 && width() > 0 ? width() / pageWidth_ : own;
+  metrics.PixelsPerTwip = shown * PageZoom::Factor();
   return metrics;
 }
 
@@ -134,15 +148,30 @@ void TextControl::ShowPage(RichPage&& page) {
   releasedAt_ = -1;
 }
 
-// The same page at another scale, scrolled to the same part of it.
+// The same page at another scale: the words at the top stay there, and so does what is selected.
 void TextControl::ShowAgain() {
   if (source_.Bytes.isEmpty()) return;
-  const QScrollBar& bar = *verticalScrollBar();
-  const double part = bar.maximum() > 0 ? static_cast<double>(bar.value()) / bar.maximum() : 0;
+  const bool isAtTop = verticalScrollBar()->value() == 0;
+  QTextCursor top = cursorForPosition({0, kTopLine});
+  const int above = cursorRect(top).top();
+  const QTextCursor selected = textCursor();
   if (!IgnoreErrors([this] { ShowPage(Read()); })) return;  // keeps the layout it has
   document()->size();
-  verticalScrollBar()->setValue(static_cast<int>(std::lround(part * verticalScrollBar()->maximum())));
+  const auto place = [this](int position) { return std::min(position, document()->characterCount() - 1); };
+  QTextCursor cursor(document());
+  cursor.setPosition(place(selected.anchor()));
+  cursor.setPosition(place(selected.position()), QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+  ShowLinkFocus();
+  cursor.setPosition(place(top.position()));
+  const int to = verticalScrollBar()->value() + cursorRect(cursor).top() - above;
+  verticalScrollBar()->setValue(isAtTop ? 0 : to);
   TellMoved();
+}
+
+void TextControl::ShowAllAgain() {
+  for (TextControl* view : std::as_const(Views()))
+    view->ShowAgain();
 }
 
 // A table that stands out into the right margin hides nothing: the page is not scrolled sideways for it.
@@ -213,6 +242,53 @@ QRect TextControl::ObjectRect(int id) const {
     return {caret.left(), bottom - height, static_cast<int>(std::lround(box.width())), height};
   }
   return {};
+}
+
+bool TextControl::TakeKey(QKeyEvent& key) {
+  if (PageZoom::FollowsKey(key)) {
+    ShowAllAgain();
+    return true;
+  }
+  if ((key.modifiers() & ~Qt::KeypadModifier) != 0) return false;
+  QScrollBar& bar = *verticalScrollBar();
+  switch (key.key()) {
+    case Qt::Key_PageUp: bar.triggerAction(QScrollBar::SliderPageStepSub); return true;
+    case Qt::Key_PageDown: bar.triggerAction(QScrollBar::SliderPageStepAdd); return true;
+    case Qt::Key_Home: bar.triggerAction(QScrollBar::SliderToMinimum); return true;
+    case Qt::Key_End: bar.triggerAction(QScrollBar::SliderToMaximum); return true;
+    default: return false;
+  }
+}
+
+void TextControl::keyPressEvent(QKeyEvent* event) {
+  if (!TakeKey(*event)) QTextBrowser::keyPressEvent(event);
+}
+
+void TextControl::wheelEvent(QWheelEvent* event) {
+  if ((event->modifiers() & Qt::ControlModifier) == 0) {
+    QTextBrowser::wheelEvent(event);
+    return;
+  }
+  const int turned = event->angleDelta().y();
+  if (turned != 0) turned > 0 ? PageZoom::Larger() : PageZoom::Smaller();
+  ShowAllAgain();
+  event->accept();
+}
+
+void TextControl::contextMenuEvent(QContextMenuEvent* event) {
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  QAction* copying = menu->addAction(Describe("page-copy"), this, &TextControl::copy);
+  copying->setEnabled(textCursor().hasSelection());
+  menu->addAction(Describe("page-select-all"), this, &TextControl::selectAll);
+  menu->popup(event->globalPos());
+}
+
+// The words alone: who pastes them has no use for the page's links and looks.
+QMimeData* TextControl::createMimeDataFromSelection() const {
+  auto* words = new QMimeData;
+  words->setText(textCursor().selection().toPlainText().remove(QChar::ObjectReplacementCharacter));
+  return words;
 }
 
 QVariant TextControl::loadResource(int, const QUrl&) {

@@ -73,6 +73,10 @@ class TextControl : public QTextBrowser, public Control {
   // Brings the page to the screen at once.
   void Refresh();
 
+  // A key that was pressed elsewhere and that the page understands all the same: Page Up, Page Down, Home
+  // and End scroll it; Ctrl with plus, minus and 0 changes the size of all pages. False for other keys.
+  bool TakeKey(QKeyEvent& key);
+
   // The words of the page, one line a paragraph; objects and pictures are U+FFFC.
   QString PlainText() const { return toPlainText(); }
 
@@ -91,6 +95,10 @@ class TextControl : public QTextBrowser, public Control {
 
  protected:
   QVariant loadResource(int type, const QUrl& name) override;
+  QMimeData* createMimeDataFromSelection() const override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -105,6 +113,7 @@ class TextControl : public QTextBrowser, public Control {
   RichPage Read() const;
   void ShowPage(RichPage&& page);
   void ShowAgain();
+  static void ShowAllAgain();
   void SetLook();
   void FitHorizontalBar();
   void TellMoved();
