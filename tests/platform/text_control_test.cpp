@@ -439,6 +439,19 @@ TEST_F(TextControlTest, KeepsItsPlaceAndSelectionWhenTheSizeChanges) {
   }
 }
 
+TEST_F(TextControlTest, GrowsItsLettersAndNotItsTables) {
+  Load("\\trowd\\cellx4000\\cellx8000\\pard\\intbl a\\cell b\\cell\\row\\pard\\ri1500 x\\par");
+  const auto width = [this] { return Page().document()->size().width(); };
+  const double own = width();
+  const double margin = Page().document()->find("x").blockFormat().rightMargin();
+  Page().SetFocus();
+  for (int i = 0; i < 4; ++i)
+    Gui::Key(form_, Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_NEAR(width(), own, 1);
+  EXPECT_FALSE(Page().horizontalScrollBar()->isVisible());
+  EXPECT_NEAR(Page().document()->find("x").blockFormat().rightMargin(), margin, 0.1);
+}
+
 TEST_F(TextControlTest, ChangesTheSizeByCtrlAndTheWheel) {
   Load("\\fs24 x\\par");
   const double own = SizeOf("x");

@@ -2,6 +2,7 @@
 #pragma once
 
 class QKeyEvent;
+class QTextDocument;
 
 namespace PageZoom {
 
@@ -15,5 +16,9 @@ void Reset();
 
 // Ctrl with plus, minus or 0. False, and no change, for any other key.
 bool FollowsKey(const QKeyEvent& key);
+
+// On a page that was read larger than its own size: gives its rim, its tables and the space at the right of
+// its lines the widths back that they have at that size. The letters grow, and nothing runs out of the view.
+void KeepWidths(QTextDocument& page);
 
 }  // namespace PageZoom

@@ -131,8 +131,10 @@ void TextControl::Load(const QString& programPath, int offset, int format) {
 }
 
 RichPage TextControl::Read() const {
-  return ReadPage(source_.Bytes, source_.Offset, Metrics(), source_.ProgramPath,
-                  LoaderBeside(source_.ProgramPath));
+  RichPage page = ReadPage(source_.Bytes, source_.Offset, Metrics(), source_.ProgramPath,
+                           LoaderBeside(source_.ProgramPath));
+  PageZoom::KeepWidths(*page.Document);
+  return page;
 }
 
 void TextControl::ShowPage(RichPage&& page) {
