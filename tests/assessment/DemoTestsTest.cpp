@@ -53,7 +53,7 @@ void ForEachTest(Visit&& visit) {
       for (qsizetype page = 0; page < types.size(); ++page) {
         if (types.at(page) != "Test") continue;
         ASSERT_TRUE(LoadTestFile(names.at(page))) << TestFilePath(names.at(page)).toStdString();
-        visit(names.at(page), page + 1 == types.size());
+        visit(names.at(page));
       }
     }
   }
@@ -64,7 +64,7 @@ void ForEachTest(Visit&& visit) {
 TEST(DemoTests, EveryQuestionHasACorrectAnswerAndAPageToReadAgain) {
   const DemoTests demo;
   int tests = 0;
-  ForEachTest([&tests](const QString& page, bool /*isLastPage*/) {
+  ForEachTest([&tests](const QString& page) {
     ++tests;
     for (const QuestionRecord& question : gQuestions) {
       const std::string where = TestFilePath(page).toStdString() + ": " + question.QuestionText.toStdString();
@@ -81,33 +81,4 @@ TEST(DemoTests, EveryQuestionHasACorrectAnswerAndAPageToReadAgain) {
     }
   });
   EXPECT_GT(tests, 0);
-}
-
-TEST(DemoTests, TheyShowWhatATestCanBe) {
-  const DemoTests demo;
-  QMap<QString, int> found;
-  ForEachTest([&](const QString&, bool isLastPage) {
-    ++found[IsPracticeTest() ? "practice test" : "scored test"];
-    if (isLastPage && gCurrentModule == LastModule()) ++found["test at the end of a course"];
-    for (const QuestionRecord& question : gQuestions) {
-      const QString all = question.QuestionText + question.Explanation;
-      const auto count = [&](const char* what, bool holds) { found[what] += holds ? 1 : 0; };
-      count("boxes", IsMultipleChoice(question));
-      count("one choice", !IsMultipleChoice(question));
-      count("a question that takes several lines", question.QuestionText.size() > 400);
-      count("an explanation that takes several lines", question.Explanation.size() > 400);
-      count("quotes", all.contains('"'));
-      count("no explanation", question.Explanation.isEmpty());
-      count("no review link", question.ReviewLink.isEmpty());
-      count("a review link into another module",
-            !question.ReviewLink.isEmpty() && !question.ReviewLink.startsWith(CurrentModule().ModuleId));
-      count("letters outside ASCII",
-            std::any_of(all.begin(), all.end(), [](QChar c) { return c.unicode() > 127 && c.isLetter(); }));
-      for (const AnswerRecord& answer : question.Answers)
-        count("an answer that takes several lines", answer.AnswerText.size() > 150);
-    }
-  });
-  EXPECT_EQ(found.size(), 13);
-  for (auto kind = found.begin(); kind != found.end(); ++kind)
-    EXPECT_GE(kind.value(), 1) << kind.key().toStdString();
 }

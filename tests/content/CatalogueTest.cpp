@@ -106,15 +106,6 @@ TEST(Catalogue, AMissingOneIsToldFromAnEmptyOne) {
   EXPECT_EQ(empty.Load("[+]\n\"DataRoot\"=\"x\""), CatalogueResult::NoCourses);
 }
 
-TEST(Catalogue, AModuleOutsideTheProgramFolderIsNotInstalled) {
-  Catalogue catalogue;
-  catalogue.Map("Other", "a\r\nInside\r\nb\r\n");
-  SetProgramFolder(catalogue.Program.Path("RT0101"));
-  QString name = "old";
-  EXPECT_FALSE(IsModuleInstalled(name, "..\\Other"));
-  EXPECT_EQ(name, "");
-}
-
 TEST(RegistryValues, AreTextsOrTheFirstNumberOfBinaries) {
   const struct {
     QByteArray Data;

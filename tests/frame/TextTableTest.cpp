@@ -9,16 +9,9 @@ TEST(TextTable, BlanksQuotesAndMisspellingsArePartOfAText) {
     int Number;
     const char* Text;
   } cases[] = {
-      {kResToolbar, "Toolbar"},
       {kResReturnTo, "Return to "},
       {kResResultOutOf, " out of "},
       {kResAboutVersion, "Tallowmere Manager    version "},
-      {kResNameIllegalCharacters, "Name can not contain the following characters:   \\ / : * ? \" < > |"},
-      {kResResolutionAfter, ".  Would you like to continue?"},
-      {kResReviewPageNotFound, "The remediation page could not be located.  The module my not be installed."},
-      {kResPageHasFlash,
-       "This page contains a Macromedia Flashmovie.  Please make sure the Flash player is installed on this "
-       "machine (https://ruffle.rs)."},
       {109, ""},
   };
   for (const auto& c : cases)

@@ -36,81 +36,39 @@ TEST(ViewedList, GrowsByWhatIsNotInIt) {
 }
 
 TEST(Progress, APageTurnKeepsTheFilesForm) {
-  const QByteArray old =
-      Resume("RT0101", "0001.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_");
+  const QByteArray before = Resume("RT0101", "0009.txm"), now = Resume("RT0101", "0002.txm");
+  const QByteArray old = before + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_");
+  const QByteArray same = now + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_");
   const struct {
     const char* What;
     QByteArray Before;
-    const char* Module;
-    const char* Topic;
-    TestFields Tests;
+    const char *Module, *Topic;
     QByteArray After;
+    TestFields Tests = {};
   } cases[] = {
-      {"a new module is appended, and the resume line stays",
-       Resume("RT0101", "0009.txm"),
-       "RT0102",
-       "A",
-       {},
-       Resume("RT0101", "0009.txm") + Line("RT0102", "_A_")},
-      {"a new module without a topic",
-       Resume("RT0101", "0009.txm"),
-       "RT0102",
-       "",
-       {},
-       Resume("RT0101", "0009.txm") + Line("RT0102", "__")},
-      {"a new module with a result", Resume("RT0101", "0009.txm"), "RT0102", "A", kRun,
-       Resume("RT0101", "0009.txm") + Line("RT0102", "_A_", kRunBytes)},
-      {"a new topic",
-       old,
-       "RT0101",
-       "B",
-       {},
-       Resume("RT0101", "0002.txm") + Line("RT0101", "_A__B_", kRunBytes) + Line("RT0102", "_X_")},
-      {"the same topic",
-       old,
-       "RT0102",
-       "X",
-       {},
-       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_")},
-      {"no topic",
-       old,
-       "RT0102",
-       "",
-       {},
-       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_")},
-      {"a result", old, "RT0102", "X", kRun,
-       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_", kRunBytes)},
+      {"a new module is appended, and the resume line stays", before, "RT0102", "A",
+       before + Line("RT0102", "_A_")},
+      {"a new module without a topic", before, "RT0102", "", before + Line("RT0102", "__")},
+      {"a new module with a result", before, "RT0102", "A", before + Line("RT0102", "_A_", kRunBytes), kRun},
+      {"a new topic", old, "RT0101", "B", now + Line("RT0101", "_A__B_", kRunBytes) + Line("RT0102", "_X_")},
+      {"the same topic", old, "RT0102", "X", same},
+      {"no topic", old, "RT0102", "", same},
+      {"a result", old, "RT0102", "X",
+       now + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_", kRunBytes), kRun},
       {"a result without attempts changes no field",
        old,
        "RT0101",
        "A",
-       {"", "1", "1", "1", "1", "1", "1", "1"},
-       Resume("RT0101", "0002.txm") + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_")},
-      {"a topic with quotes does not break the line",
-       Resume("RT0101", "0009.txm"),
-       "RT0102",
-       "The \"B\"",
-       {},
-       Resume("RT0101", "0009.txm") + Line("RT0102", "_The 'B'_")},
-      {"a topic with quotes is found again",
-       Resume("RT0101", "0009.txm") + Line("RT0102", "_The 'B'_"),
-       "RT0102",
-       "The \"B\"",
-       {},
-       Resume("RT0101", "0002.txm") + Line("RT0102", "_The 'B'_")},
-      {"an empty file", "", "RT0101", "A", {}, Resume("RT0101", "0002.txm") + Line("RT0101", "_A_")},
-      {"a last line without its end",
-       Resume("RT0101", "0009.txm") + Line("RT0101", "_A_").chopped(2),
-       "RT0102",
-       "B",
-       {},
-       Resume("RT0101", "0009.txm") + Line("RT0101", "_A_") + Line("RT0102", "_B_")},
-      {"blank lines at the end",
-       Resume("RT0101", "0009.txm") + "\r\n\r\n",
-       "RT0102",
-       "B",
-       {},
-       Resume("RT0101", "0009.txm") + Line("RT0102", "_B_")},
+       same,
+       {"", "1", "1", "1", "1", "1", "1", "1"}},
+      {"a topic with quotes does not break the line", before, "RT0102", "The \"B\"",
+       before + Line("RT0102", "_The 'B'_")},
+      {"a topic with quotes is found again", before + Line("RT0102", "_The 'B'_"), "RT0102", "The \"B\"",
+       now + Line("RT0102", "_The 'B'_")},
+      {"an empty file", "", "RT0101", "A", now + Line("RT0101", "_A_")},
+      {"a last line without its end", before + Line("RT0101", "_A_").chopped(2), "RT0102", "B",
+       before + Line("RT0101", "_A_") + Line("RT0102", "_B_")},
+      {"blank lines at the end", before + "\r\n\r\n", "RT0102", "B", before + Line("RT0102", "_B_")},
   };
   for (const auto& c : cases) {
     const LearnerStore store;
@@ -281,12 +239,4 @@ TEST(AllModules, AModuleOfNoCourseIsAnError) {
   const LearnerStore store;
   store.EnterAllModules(0);
   EXPECT_EQ(ErrorOf([] { Record("RT0999", "A"); }), "No course lists the module \"RT0999\".");
-}
-
-TEST(ProgressPath, ACourseCannotTakeAnotherFilesPlace) {
-  const LearnerStore store;
-  for (const char* name : {"User", "USER", ".saving", "..", "a/b", "a\\b", ""}) {
-    EXPECT_EQ(ErrorOf([&] { ProgressPath("Ann Lee", name); }),
-              QString("The name \"%1\" cannot be used for a file or folder.").arg(name));
-  }
 }

@@ -2,25 +2,6 @@
 
 #include "LearnerStore.h"
 
-TEST(UserStore, RegistrationMakesTheFoldersAndSignsIn) {
-  const LearnerStore store;
-  EXPECT_EQ(ListUsers(), QStringList());
-  CreateUser("Bo", "Ek", "bo@ek.se");
-  EXPECT_EQ(ListUsers(), QStringList("Bo Ek"));
-  EXPECT_EQ(store.Program.Read("data/Tallowmere Manager 1.0/UserData/Bo Ek/User"),
-            "\"Bo\",\"Ek\",\"bo@ek.se\"\r\n");
-  EXPECT_EQ(gUserFirstName + gUserLastName + gUserEmail, "BoEkbo@ek.se");
-}
-
-TEST(UserStore, ASecondRegistrationKeepsTheOtherFiles) {
-  const LearnerStore store;
-  CreateUser("Ann", "Lee", "old@a.b");
-  store.Write("Selling", "\"RT0101\",\"0001.txm\"\r\n");
-  CreateUser("Ann", "Lee", "new@a.b");
-  EXPECT_EQ(store.Read("User"), "\"Ann\",\"Lee\",\"new@a.b\"\r\n");
-  EXPECT_EQ(store.Names(), QStringList({"Selling", "User"}));
-}
-
 TEST(UserStore, ListsFoldersOnly) {
   const LearnerStore store;
   store.Program.Write("data/Tallowmere Manager 1.0/UserData/notes", "");
@@ -62,13 +43,6 @@ TEST(UserStore, ANameNeverLeavesTheUserDataFolder) {
   EXPECT_EQ(ListUsers(), QStringList());
 }
 
-TEST(UserStore, NobodyIsNotRegistered) {
-  const LearnerStore store;
-  CreateUser("", "", "a@b.c");
-  EXPECT_EQ(store.Program.Names("."), QStringList());
-  EXPECT_EQ(gUserFirstName, "");
-}
-
 TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
   const struct {
     const char* First;
@@ -90,16 +64,6 @@ TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
     EXPECT_EQ(gUserEmail, "new@a.b");
     EXPECT_EQ(ReadUserFile(c.Folder).Email, "new@a.b");
   }
-}
-
-TEST(UserStore, ARefusedRenameLeavesTheRecordAheadOfTheFolder) {
-  const LearnerStore store;
-  CreateUser("Bo", "Ek", "bo@ek.se");
-  CreateUser("Ann", "Lee", "ann@a.b");
-  EXPECT_FALSE(UpdateUser("Bo", "Ek", "new@a.b"));
-  EXPECT_EQ(store.Read("User"), "\"Bo\",\"Ek\",\"new@a.b\",\"\",\"\"\r\n");
-  EXPECT_EQ(gUserFirstName, "Ann");
-  EXPECT_EQ(gUserEmail, "ann@a.b");
 }
 
 TEST(UserStore, ARecordThatCannotBeReadNamesItsFile) {

@@ -2,6 +2,8 @@
 // courses and learners can write use it.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <QFile>
 #include <QImage>
 
@@ -10,9 +12,28 @@
 
 class OutOfBoundsTest : public ProgramTest {
  protected:
+  OutOfBoundsTest() { AddTwoModules(); }
+
   // A link below the program folder.
   void Link(const QString& target, const QString& name) const {
     if (!QFile::link(target, store.Path(name))) qFatal("cannot link %s", qPrintable(name));
+  }
+
+  // Links, devices and pipes in a folder of the store that all end in `suffix`. Told are their names up to
+  // it; the links lead to the file `name` + `suffix` outside.
+  QStringList AddTraps(const QString& prefix, const QString& name, const QString& suffix) const {
+    const QString target = outside.Folder() + '/' + name + suffix;
+    const QString last = prefix.section('/', -1);
+    Link(target, prefix + "link" + suffix);
+    Link(last + "link" + suffix, prefix + "chain" + suffix);
+    Link(QString("../").repeated(prefix.count('/') + 1) + "out/" + name + suffix,
+         prefix + "relative" + suffix);
+    Link(outside.Folder() + "/nothing", prefix + "dangling" + suffix);
+    Link(last + "loop" + suffix, prefix + "loop" + suffix);
+    Link("/dev/zero", prefix + "zero" + suffix);
+    mkfifo(QFile::encodeName(store.Path(prefix + "fifo" + suffix)).constData(), 0600);
+    QFile::link(outside.Folder(), store.Path(prefix + "folder"));
+    return {"link", "LINK", "chain", "relative", "dangling", "loop", "zero", "fifo", "folder/" + name};
   }
 
   // Nothing outside was opened or changed, and nothing of it shows.

@@ -94,6 +94,46 @@ QStringList Outside::Events() {
   return seen;
 }
 
+QStringList Outside::WaysTo(const QString& name, const QString& up) const {
+  const QString steps = up + u"out/"_qs + name, whole = folder_ + u'/' + name, nul(QChar::Null);
+  const auto with = [&steps](const QString& part, const QString& other) {
+    return QString(steps).replace(part, other);
+  };
+  return {steps,
+          with(u"/"_qs, u"\\"_qs),
+          with(u"../"_qs, u"..\\"_qs),
+          with(u"out"_qs, u"OUT"_qs),
+          u"./"_qs + with(u"../"_qs, u".././/"_qs),
+          u"nowhere/../"_qs + steps,
+          u"x/../"_qs.repeated(1000) + steps,
+          whole,
+          u"/../.."_qs + whole,
+          u"file://"_qs + whole,
+          u"file:"_qs + steps,
+          u"FILE://localhost"_qs + whole,
+          u"\\\\localhost"_qs + whole,
+          u"//?/"_qs + whole,
+          u":/tallowmere/descriptions.txt"_qs,
+          u"qrc:/tallowmere/descriptions.txt"_qs,
+          with(u".."_qs, u"%2e%2e"_qs),
+          with(u"/"_qs, u"%2f"_qs),
+          with(u"../"_qs, u"．．／"_qs),
+          with(u"/"_qs, u"\u2215"_qs),
+          u"\u202E"_qs + steps,
+          u"\u0001\u001B[2J"_qs + steps,
+          u"~/"_qs + name,
+          u"~"_qs + whole,
+          u"~root/"_qs + name,
+          u"$HOME/"_qs + name,
+          u"C:\\"_qs + name,
+          u"CON"_qs,
+          u"/dev/zero"_qs,
+          name + nul,
+          whole + nul,
+          nul + whole,
+          QString(5000, u'n')};
+}
+
 QStringList Outside::Touched() {
   QStringList touched = Events();
   const QHash<QString, QByteArray> now = Content();

@@ -18,6 +18,9 @@ class Outside {
   Outside& operator=(const Outside&) = delete;
 
   const QString& Folder() const { return folder_; }
+  // Every spelling of the way to a file of the folder that a course or a learner might try; the steps `up`
+  // ("../../") lead to the folder that it stands in.
+  QStringList WaysTo(const QString& name, const QString& up) const;
   // What was opened, made, changed or removed since the last call; a look at what is there is no reading.
   QStringList Touched();
 

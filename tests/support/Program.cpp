@@ -40,6 +40,8 @@ QByteArray ProgramTest::Progress(const QString& learner, const QString& course) 
 }
 
 void ProgramTest::OneCopyAgain() {
+  Gui::Settle();
+  quits = 0;
   OneCopy::Release();
   ResetProgramState();
   FormLife::Begin([this] { ++quits; });

@@ -23,7 +23,7 @@ class ProgramTest : public ::testing::Test {
   bool Start();
   // Lets the splash go; what the sign-in screens need is done by the script meanwhile.
   void PassSplash();
-  // After an end: the program can be started once more.
+  // After an end: the program can be started once more, and its ends count anew.
   void OneCopyAgain();
   // Starts with one learner, who signs in and closes the check-progress screen.
   Form1& ReadAs(const QString& firstName, const QString& lastName);
@@ -39,4 +39,13 @@ class ProgramTest : public ::testing::Test {
   Messages messages;
   Gui::Script script;
   int quits = 0;
+};
+
+// One course, "Cash desk", of the two modules.
+class CourseTest : public ProgramTest {
+ protected:
+  CourseTest() {
+    AddTwoModules();
+    store.AddCourse(QStringLiteral("Cash desk"), QStringLiteral("rt0101rt0102"));
+  }
 };

@@ -13,6 +13,7 @@
 #include "platform/forms/SkinButton.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
+#include "support/Errors.h"
 #include "support/Gui.h"
 #include "support/HandClock.h"
 #include "support/Messages.h"
@@ -31,17 +32,10 @@ class LoggedForm : public Form {
     button = new SkinButton(this, QStringLiteral("Button"), DialogButtonImages(), QStringLiteral("Words"));
     button->PlaceAt({150, 150, 1335, 495});
     button->Show(SkinButton::Look::Off);
-    other = new SkinButton(this, QStringLiteral("Other"), DialogButtonImages(), QStringLiteral("OtherWords"));
-    other->PlaceAt({1500, 150, 1335, 495});
-    other->Show(SkinButton::Look::Off);
-    family.Add(button);
-    family.Add(other);
     timer.SetInterval(100);
   }
 
   SkinButton* button;
-  SkinButton* other;
-  ButtonFamily family;
   Timer timer{this, QStringLiteral("Timer1")};
   bool mayClose = true;
   QString failure;  // the handler that fails
@@ -200,49 +194,6 @@ TEST_F(FormsTest, AFormSeesTheReleaseOnlyOfAKeyWhosePressItSaw) {
   EXPECT_EQ(TakeLog(), QStringList{"1 key 1000004"});
 }
 
-TEST_F(FormsTest, AHeldKeyIsOneRelease) {
-  First& form = Default<First>();
-  form.Show();
-  TakeLog();
-  const auto send = [&](QEvent::Type type, bool repeat) {
-    QKeyEvent event(type, Qt::Key_Right, {}, {}, repeat);
-    QApplication::sendEvent(form.windowHandle(), &event);
-  };
-  send(QEvent::KeyPress, false);
-  for (int i = 0; i < 3; ++i) {
-    send(QEvent::KeyRelease, true);
-    send(QEvent::KeyPress, true);
-  }
-  send(QEvent::KeyRelease, false);
-  EXPECT_EQ(TakeLog().size(), 1);
-}
-
-TEST_F(FormsTest, TheMouseOverAButtonLightsItAloneAndASkippedOneStaysDisabled) {
-  First& form = Default<First>();
-  form.Show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-  Gui::MoveTo(form, "Button");
-  EXPECT_EQ(form.family.Lit(), form.button);
-  EXPECT_EQ(form.MousePointer(), kPointerHand);
-  Gui::MoveTo(form, "Other");
-  EXPECT_EQ(form.family.Lit(), form.other);
-  EXPECT_EQ(form.button->Caption()->ForeColor(), SkinButton::kPlainText);
-  form.button->SetEnabled(false);
-  form.button->Show(SkinButton::Look::Disabled);
-  form.family.PutOut();
-  EXPECT_EQ(form.button->Shown(), SkinButton::Look::Disabled);
-  EXPECT_EQ(form.other->Shown(), SkinButton::Look::Off);
-}
-
-TEST_F(FormsTest, AClickOnTheCaptionIsAClickOnTheButton) {
-  First& form = Default<First>();
-  form.Show();
-  int clicks = 0;
-  form.button->Click = [&] { ++clicks; };
-  Gui::Click(form, "Words");
-  EXPECT_EQ(clicks, 1);
-}
-
 TEST_F(FormsTest, AReleaseOutsideIsAMouseUpButNoClick) {
   First& form = Default<First>();
   form.Show();
@@ -295,12 +246,7 @@ TEST_F(FormsTest, AFormIsFittedToTheDisplayOnce) {
 TEST_F(FormsTest, AMissingPictureNamesItsFileAndKeepsTheOldOne) {
   First& form = Default<First>();
   const QString before = form.button->Picture();
-  try {
-    form.button->SetPicture(SkinPicture("nowhere.jpg"));
-    FAIL() << "no error";
-  } catch (const RunTimeError& error) {
-    EXPECT_TRUE(error.Description().contains("nowhere.jpg"));
-  }
+  EXPECT_TRUE(ErrorOf([&] { form.button->SetPicture(SkinPicture("nowhere.jpg")); }).contains("nowhere.jpg"));
   EXPECT_EQ(form.button->Picture(), before);
 }
 

@@ -101,23 +101,6 @@ TEST_F(StatusTest, ItComesAfterTheSignInWithTheModulesAndTheOverallFigure) {
   EXPECT_EQ(messages.Take(), QStringList());
 }
 
-TEST_F(StatusTest, TheControlsStandAtTheirPlaces) {
-  Read();
-  Open([](Form& form) {
-    struct Row {
-      const char* Name;
-      QRect Place;  // pixels, the same on every display
-    };
-    for (const Row& row :
-         {Row{"MSFlexGrid1(0)", {192, 96, 364, 377}}, Row{"MSFlexGrid1(1)", {564, 96, 364, 377}},
-          Row{"ccrpProgressBar1", {21, 331, 152, 24}}, Row{"Text1", {116, 206, 58, 24}},
-          Row{"Text2", {116, 241, 58, 24}}, Row{"Picture3", {116, 414, 58, 24}},
-          Row{"Picture1", {116, 449, 58, 24}}, Row{"Prog_Help", {740, 483, 89, 33}},
-          Row{"Prog_Cancel", {841, 483, 89, 33}}})
-      EXPECT_EQ(Gui::Find(form, row.Name)->geometry(), row.Place) << row.Name;
-  });
-}
-
 TEST_F(StatusTest, TheMouseOverAModuleShowsItsTopicsAndResultsHalfARowEarly) {
   Read();
   Open([](Form& form) {

@@ -18,13 +18,11 @@ const QString kNotInAllModules =
     "This option is not available while the Tallowmere Manager is in ALL MODULES mode.";
 const QString kNotInstalled = "Link points to a module not currently installed.";
 
-class LinksTest : public ProgramTest {
+class PageLinksTest : public CourseTest {
  protected:
-  LinksTest() {
-    AddTwoModules();
-    store.AddCourse("Cash desk", "rt0101rt0102", "7");
-    store.Write("Repository/7/list.txt", "x");
-    store.Write("Repository/7/Hidden/Extra List.txt", "x");
+  PageLinksTest() {
+    store.Write("Repository/1/list.txt", "x");
+    store.Write("Repository/1/Hidden/Extra List.txt", "x");
   }
 
   // The first page of the course is one link.
@@ -58,8 +56,8 @@ class LinksTest : public ProgramTest {
   Opened opened;
 };
 
-TEST_F(LinksTest, ATargetSaysByItsFormWhatIsOpened) {
-  const QString repository = "open " + store.Path() + "\\Repository\\7";
+TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
+  const QString repository = "open " + store.Path() + "\\Repository\\1";
   const struct {
     QString Target, Opened;
     bool Minimises;
@@ -94,7 +92,7 @@ TEST_F(LinksTest, ATargetSaysByItsFormWhatIsOpened) {
   EXPECT_EQ(messages.Take(), QStringList("Repository path not found.  Repository may not be installed."));
 }
 
-TEST_F(LinksTest, TheSurveyAndTheDocumentsNeedACourseThatIsWhole) {
+TEST_F(PageLinksTest, TheSurveyAndTheDocumentsNeedACourseThatIsWhole) {
   Read();
   const struct {
     QString Target, Text;
@@ -123,7 +121,7 @@ TEST_F(LinksTest, TheSurveyAndTheDocumentsNeedACourseThatIsWhole) {
   }
 }
 
-TEST_F(LinksTest, APageOfAnotherModuleIsShownAndLeftAgain) {
+TEST_F(PageLinksTest, APageOfAnotherModuleIsShownAndLeftAgain) {
   WriteLink("\"RT0102\\0002.txm_\"", "to the goods");
   Read();
   EXPECT_EQ(LookOf("Return_Btn"), Look::Disabled);
@@ -139,7 +137,7 @@ TEST_F(LinksTest, APageOfAnotherModuleIsShownAndLeftAgain) {
   EXPECT_EQ(LookOf("Prev"), Look::Disabled);
 }
 
-TEST_F(LinksTest, ATargetThatIsNoPageOfTheCourseIsToldAndLeavesAReturnPoint) {
+TEST_F(PageLinksTest, ATargetThatIsNoPageOfTheCourseIsToldAndLeavesAReturnPoint) {
   Read();
   Form1& screen = Default<Form1>();
   for (const char* target :
@@ -159,7 +157,7 @@ TEST_F(LinksTest, ATargetThatIsNoPageOfTheCourseIsToldAndLeavesAReturnPoint) {
   EXPECT_EQ(LookOf("Return_Btn"), Look::Disabled);
 }
 
-TEST_F(LinksTest, TheSkipLinkIsKnownByItsWordsAndRunsOutAtTheLastModule) {
+TEST_F(PageLinksTest, TheSkipLinkIsKnownByItsWordsAndRunsOutAtTheLastModule) {
   WriteLink("\"rt9999\\0009.txm_\"", kSkip);
   store.Write("rt0102/0002.txm", Page("\"x.txm\"", kSkip));
   Read();
@@ -172,7 +170,7 @@ TEST_F(LinksTest, TheSkipLinkIsKnownByItsWordsAndRunsOutAtTheLastModule) {
   EXPECT_EQ(PageText(), kSkip);
 }
 
-TEST_F(LinksTest, APlaceIsShownOnThisPageOrInAFileAndIsNoJump) {
+TEST_F(PageLinksTest, APlaceIsShownOnThisPageOrInAFileAndIsNoJump) {
   const QByteArray lines = QByteArray("line\\par ").repeated(200);
   store.Write("handbook.txm",
               "{\\rtf1 start\\par " + lines + "{\\*\\bkmkstart Fire}on fire\\par " + lines + "}");
@@ -193,7 +191,7 @@ TEST_F(LinksTest, APlaceIsShownOnThisPageOrInAFileAndIsNoJump) {
   EXPECT_EQ(messages.Take(), QStringList());
 }
 
-TEST_F(LinksTest, AFileThatIsMissingIsToldAndThePageStays) {
+TEST_F(PageLinksTest, AFileThatIsMissingIsToldAndThePageStays) {
   Read();
   for (const auto& [target, told] : {std::pair{"none.txm#x", "none.txm"}, {"#.txm", "it is not a file"}}) {
     WriteLink('"' + QLatin1String(target) + '"', "the handbook");

@@ -66,35 +66,12 @@ TEST_F(HelpTest, EachOpeningShowsItsOwnDocumentAndEveryWayOutHidesTheForm) {
   }
 }
 
-TEST_F(HelpTest, TheButtonIsLitWhileItHasTheFocusAndGoesOutUnderThePointerElsewhere) {
-  script.When("Help", [](Form& help) {
-    const auto* close = Gui::Find<SkinButton>(help, "Command1");
-    for (int i = 0; i < 2; ++i) {
-      Gui::MoveTo(help, "Command1");
-      EXPECT_EQ(close->Shown(), SkinButton::Look::On);
-      EXPECT_EQ(help.MousePointer(), kPointerHand);
-      QTest::mouseMove(help.windowHandle(), QPoint(4, 4));
-      EXPECT_EQ(close->Shown(), SkinButton::Look::Off);
-      EXPECT_EQ(help.MousePointer(), kPointerDefault);
-    }
-    Gui::Click(help, "Command1");
-  });
-  OpenHelp(File("One"), owner);
-}
-
 TEST_F(HelpTest, AMissingDocumentIsAnErrorOfTheCallerThatNamesIt) {
   script.When("Help", [](Form& help) { Gui::Click(help, "Command1"); });
   OpenHelp(File("One"), owner);
   EXPECT_TRUE(ErrorOf([&] { OpenHelp(File("No"), owner); }).contains("NoHelp.rtf"));
   EXPECT_FALSE(Default<Help>().Shown());
   EXPECT_EQ(Shown(Default<Help>()), "document One");
-}
-
-TEST_F(HelpTest, TheHiddenFormDoesNotKeepTheProgram) {
-  script.When("Help", [](Form& help) { help.close(); });
-  OpenHelp(File("One"), owner);
-  owner->close();
-  EXPECT_EQ(quits, 1);
 }
 
 }  // namespace

@@ -232,19 +232,6 @@ TEST_F(GlossaryTest, KeysFindALetterAndWorkTheButtons) {
   EXPECT_EQ(form.focusWidget(), &Strip(form));
 }
 
-TEST_F(GlossaryTest, TheToolbarOpensItOverTheCourse) {
-  Read(Groups("AB"));
-  script.When("Glossary", [](Form& form) {
-    EXPECT_EQ(form.windowHandle()->transientParent(), Default<Form1>().windowHandle());
-    EXPECT_TRUE(form.isModal());
-    EXPECT_EQ(Letters(form), "ABZ");
-    Gui::Click(form, "Glos_Close");
-  });
-  Gui::Click(Default<Form1>(), "toolBar_But");
-  Gui::Click(Default<Form1>(), "toolBar_Slice(3)");
-  EXPECT_FALSE(LoadedForm<Glossary>()->Shown());
-}
-
 TEST_F(GlossaryTest, CloseAndTheCloseBoxKeepTheGlossary) {
   Glossary& form = Open(Groups("AB"));
   Gui::Click(form, "Glos_Close");
@@ -321,27 +308,6 @@ TEST_F(GlossaryTest, ALargeOneIsReadInPartsAndWholeWhenItShows) {
   EXPECT_EQ(List(form).Rows(), 10 * (2 + 1000 * 3) + 2);
   EXPECT_EQ(Letters(form), "ABCDEFGHIJZ");
   EXPECT_EQ(form.Document().Text().count("Meaning."), 10000);
-}
-
-TEST_F(GlossaryTest, AnotherCourseBringsItsOwn) {
-  store.AddCourse("Goods", "rt0102");
-  store.Write("Glossary/Glossary Goods.txt", "^G%Gap~An empty place.^Z");
-  store.Write("Glossary.txt", Groups("AB"));
-  store.AddLearner("Ann", "Lee");
-  const auto choose = [this](int course) {
-    auto& choice = Default<CourseSelection>();
-    Gui::Find<ComboBox>(choice, "CourseList")->SetListIndex(course);
-    clock.Advance(100);
-    Gui::Click(choice, "BeginCourse");
-    PassSplash();
-  };
-  script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
-  ASSERT_TRUE(Start());
-  choose(0);
-  EXPECT_EQ(Letters(*LoadedForm<Glossary>()), "ABZ");
-  Default<CourseSelection>();
-  choose(1);
-  EXPECT_EQ(Letters(*LoadedForm<Glossary>()), "GZ");
 }
 
 }  // namespace

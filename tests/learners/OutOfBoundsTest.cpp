@@ -12,7 +12,6 @@
 #include "learners/UserStore.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
-#include "platform/forms/ComboBox.h"
 #include "platform/forms/TextBox.h"
 #include "signin/NewUserLogin.h"
 #include "support/OutOfBounds.h"
@@ -29,10 +28,7 @@ QStringList NamesIn(const QString& folder) {
 // One course, "Cash desk", that the learner Ann Lee has open at its first page.
 class OutOfBoundsLearner : public OutOfBoundsTest {
  protected:
-  OutOfBoundsLearner() {
-    AddTwoModules();
-    store.AddCourse("Cash desk", "rt0101rt0102");
-  }
+  OutOfBoundsLearner() { store.AddCourse("Cash desk", "rt0101rt0102"); }
 
   // The state of the program behind the sign-in, without its screens.
   void OpenCourse(const QString& name = "Cash desk") {
@@ -46,6 +42,20 @@ class OutOfBoundsLearner : public OutOfBoundsTest {
     gPageList.LoadExistingList(gAppPath + "\\rt0101\\Map.txt", moduleName);
   }
 
+  // Where a link with that name may lead; the steps `up` lead to the folder of the store.
+  QStringList Targets(const QString& name, const QString& up) const {
+    return {outside.Folder() + '/' + name,
+            up + "../out/" + name,
+            outside.Folder() + "/new",
+            outside.Folder(),
+            store.Path("rt0101"),
+            up + "rt0101",
+            "/",
+            "/dev/zero",
+            "/proc/self/cwd",
+            "chain",
+            name};
+  }
   // Everything that is done with a progress file; false when it is refused.
   static bool UseProgressFile() {
     const bool written = IgnoreErrors([] { WriteResumeLine(); });
@@ -59,89 +69,40 @@ class OutOfBoundsLearner : public OutOfBoundsTest {
 };
 
 TEST_F(OutOfBoundsLearner, ACourseNameIsTheNameOfOneFileInTheLearnersFolder) {
-  struct Row {
-    QString Name;
-    bool IsKept;
-  };
-  const Row rows[] = {
-      {"..", false},
-      {".", false},
-      {"", false},
-      {"../Cash desk", false},
-      {"..\\Cash desk", false},
-      {"../../../../out/Cash desk", false},
-      {"..\\..\\..\\..\\out\\new", false},
-      {"..\\../..\\../OUT/NEW", false},
-      {outside.Folder() + "/Cash desk", false},
-      {"file://" + outside.Folder() + "/new", false},
-      {"\\\\localhost\\new", false},
-      {"/dev/null", false},
-      {"User", false},
-      {"USER", false},
-      {"uſer", false},  // the same letter without regard to case
-      {".saving", false},
-      {".SAVING", false},
-      {"Cash" + kNul, false},
-      {kNul, false},
-      {QString(256, u'n'), false},
-      {QString(86, u'田'), false},
-      {QString(5000, u'n'), false},
-      {"Cash desk/", false},
-      {QString(255, u'n'), true},
-      {"...", true},
-      {".. ", true},
-      {"User.", true},
-      {"User ", true},
-      {"CON", true},
-      {"COM1.txt", true},
-      {"~", true},
-      {"~root", true},
-      {"$HOME", true},
-      {"%2e%2e%2fout", true},
-      {"．．／out", true},
-      {"..\u2215out", true},
-      {":new", true},
-      {"qrc:", true},
-      {"C:", true},
-      {"-rf", true},
-      {"*", true},
-      {"\u0001\u001B[2J\u007F", true},
-      {"\u202Eresu", true},
-  };
-  for (const Row& row : rows) {
-    const std::string what = row.Name.left(80).toStdString();
-    OpenCourse(row.Name);
+  // "uſer" is "User" without regard to case.
+  const QStringList refused = outside.WaysTo("Cash desk", "../../../../").filter("/") +
+                              QString(". .. User USER uſer .saving .SAVING ..\\Cash Cash/").split(' ') +
+                              QStringList{"", kNul, QString(256, u'n'), QString(86, u'田')};
+  const QStringList kept =
+      QString(
+          "... User. CON COM1.txt ~ ~root $HOME %2e%2e%2fout ．．／out ..\u2215out :new qrc: "
+          "C: -rf * \u0001\u001B[2J\u007F \u202Eresu")
+          .split(' ') +
+      QStringList{".. ", "User ", QString(255, u'n')};
+  for (const QString& name : refused + kept) {
+    SCOPED_TRACE(name.left(80).toStdString());
+    const bool isKept = kept.contains(name);
+    OpenCourse(name);
     CreateUser("Ann", "Lee", "a@b.c");
-    EXPECT_EQ(UseProgressFile(), row.IsKept) << what;
+    EXPECT_EQ(UseProgressFile(), isKept);
     QStringList expected{"User"};
-    if (row.IsKept) expected.append(row.Name);
-    QStringList names = NamesIn(store.DataPath("Ann Lee"));
+    if (isKept) expected.append(name);
     expected.sort();
+    QStringList names = NamesIn(store.DataPath("Ann Lee"));
     names.sort();
-    EXPECT_EQ(names, expected) << what;
-    EXPECT_EQ(store.Read(store.DataPath("Ann Lee/User")), "\"Ann\",\"Lee\",\"a@b.c\"\r\n") << what;
-    EXPECT_EQ(NamesIn(store.DataPath()), QStringList("Ann Lee")) << what;
-    ExpectUntouched(row.Name);
+    EXPECT_EQ(names, expected);
+    EXPECT_EQ(store.Read(store.DataPath("Ann Lee/User")), "\"Ann\",\"Lee\",\"a@b.c\"\r\n");
+    EXPECT_EQ(NamesIn(store.DataPath()), QStringList("Ann Lee"));
+    ExpectUntouched(name);
     QDir(store.DataPath()).removeRecursively();
   }
 }
 
 TEST_F(OutOfBoundsLearner, AProgressFileThatLeadsOutIsNeitherReadNorWritten) {
   store.Write("rt0101/kept", "kept");
-  const QString targets[] = {
-      outside.Folder() + "/Cash desk",
-      outside.Folder() + "/CASH DESK",
-      outside.Folder() + "/new",
-      "../../../../../out/Cash desk",
-      store.Path("rt0101/kept"),  // outside the data folder is enough
-      "../../../../rt0101/kept",
-      "Cash desk",
-      "/dev/zero",
-      "/proc/self/environ",
-      outside.Folder(),
-      "chain",
-  };
-  for (const QString& target : targets) {
+  // Outside the data folder is enough.
+  for (const QString& target :
+       Targets("Cash desk", "../../../../") + QStringList("../../../../rt0101/kept")) {
     OpenCourse();
     CreateUser("Ann", "Lee", "a@b.c");
     Link(outside.Folder() + "/Cash desk", kUserData + "Ann Lee/chain");
@@ -154,22 +115,8 @@ TEST_F(OutOfBoundsLearner, AProgressFileThatLeadsOutIsNeitherReadNorWritten) {
 }
 
 TEST_F(OutOfBoundsLearner, ALearnersFolderThatLeadsOutIsNoLearner) {
-  const QString targets[] = {
-      outside.Folder() + "/Eve Hill",
-      outside.Folder(),
-      "../../../../out/Eve Hill",
-      "../../../../OUT/Eve Hill",
-      outside.Folder() + "/nothing",
-      store.Path("rt0101"),
-      "../../../rt0101",
-      "/",
-      "/dev",
-      "/proc/self/cwd",
-      "chain",
-      "Bo Ek",
-      outside.Folder() + "/User",
-  };
-  for (const QString& target : targets) {
+  for (const QString& target :
+       Targets("Eve Hill", "../../../") + QStringList{"Bo Ek", outside.Folder() + "/User"}) {
     const std::string what = target.toStdString();
     OpenCourse();
     CreateUser("Ann", "Lee", "a@b.c");
@@ -211,15 +158,7 @@ TEST_F(OutOfBoundsLearner, AFolderOnTheWayThatLeadsOutHoldsNoLearners) {
 }
 
 TEST_F(OutOfBoundsLearner, ARecordThatLeadsOutIsNeitherReadNorWritten) {
-  const QString targets[] = {outside.Folder() + "/User",
-                             "../../../../../out/Eve Hill/User",
-                             outside.Folder() + "/new",
-                             "User",
-                             "/dev/zero",
-                             outside.Folder(),
-                             "pipe",
-                             "folder"};
-  for (const QString& target : targets) {
+  for (const QString& target : Targets("User", "../../../../") + QStringList{"pipe", "folder"}) {
     OpenCourse();
     CreateUser("Ann", "Lee", "a@b.c");
     QFile::remove(store.DataPath("Ann Lee/User"));
@@ -257,71 +196,42 @@ TEST_F(OutOfBoundsLearner, TheNamesInARecordLeadNowhere) {
                                               {"．．／", "Hill"},
                                               {":", ":"}};
   for (const auto& [first, last] : rows) {
+    SCOPED_TRACE(first.left(80).toStdString());
     store.Write(store.DataPath("Ann Lee/User"),
                 "\xEF\xBB\xBF\"" + first.toUtf8() + "\",\"" + last.toUtf8() + "\",\"a@b.c\"\r\n");
     ReadAs("Ann", "Lee").NextPage();
-    EXPECT_EQ(NamesIn(store.DataPath()), QStringList("Ann Lee")) << first.left(80).toStdString();
+    EXPECT_EQ(NamesIn(store.DataPath()), QStringList("Ann Lee"));
     EXPECT_EQ(NamesIn(store.DataPath("Ann Lee")), QStringList({"Cash desk", "User"}));
     EXPECT_TRUE(NamesIn(store.PathBeside("")).size() == 2) << "beside the store lies the outside alone";
     ExpectUntouched(first);
     QDir(store.DataPath()).removeRecursively();
     Default<Form1>().Unload();
-    Gui::Settle();
     OneCopyAgain();
   }
 }
 
-struct Name {
-  QString Typed;
-  bool IsKept;
-};
-
 // Names as a learner may type or paste them; the boxes take 32 characters.
-QList<Name> TypedNames() {
-  return {
-      {"../Ann", false},
-      {"..\\Ann", false},
-      {"/tmp/Ann", false},
-      {"C:\\Ann", false},
-      {"\\\\host\\Ann", false},
-      {"file://Ann", false},
-      {":Ann", false},
-      {"Ann|sh", false},
-      {"Ann*", false},
-      {" ..", false},
-      {"..", true},
-      {".", true},
-      {"...", true},
-      {"~", true},
-      {"~root", true},
-      {"$HOME", true},
-      {"`id`", true},
-      {"-rf", true},
-      {"CON", true},
-      {"COM1", true},
-      {"NUL.txt", true},
-      {"%2e%2e%2fout", true},
-      {"．．／out", true},
-      {"..\u2215out", true},
-      {"..\u2044..\u2044out", true},
-      {"\u202Eeve", true},
-      {"Ann\u0001\u001B[2J", true},
-      {"Ann.", true},
-      {QString(40, u'田'), true},
-  };
-}
+const QStringList kRefused =
+    QString("../Ann ..\\Ann /tmp/Ann C:\\Ann \\\\host\\Ann file://Ann :Ann Ann|sh Ann*").split(' ') +
+    QStringList(" ..");
+const QStringList kKept =
+    QString(
+        ".. . ... ~ ~root $HOME `id` -rf CON NUL.txt %2e%2e%2fout ．．／out ..\u2215out \u202Eeve "
+        "Ann\u0001\u001B[2J Ann. 田田田田田田田田田田田田田田田田田田田田田田田田田田田田田田田田田田")
+        .split(' ');
 
 TEST_F(OutOfBoundsLearner, ARegisteredNameIsTheNameOfOneFolder) {
   ReadAs("Ann", "Lee");
-  for (const Name& name : TypedNames()) {
+  for (const QString& name : kRefused + kKept) {
+    SCOPED_TRACE(name.toStdString());
+    const bool isKept = kKept.contains(name);
     for (const bool isFirst : {true, false}) {
       auto& form = Default<NewUserLogin>();
       form.InitNewUserForm();
       form.Show();
       EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
-      const std::pair<const char*, QString> entries[] = {{"LoginBox", isFirst ? name.Typed : "Bo"},
-                                                         {"LastNameBox", isFirst ? "Ek" : name.Typed},
-                                                         {"EMailBox", "b@c.d"}};
+      const std::pair<const char*, QString> entries[] = {
+          {"LoginBox", isFirst ? name : "Bo"}, {"LastNameBox", isFirst ? "Ek" : name}, {"EMailBox", "b@c.d"}};
       for (const auto& [box, text] : entries) {
         Gui::Click(form, box);
         Gui::Type(form, text);
@@ -332,14 +242,14 @@ TEST_F(OutOfBoundsLearner, ARegisteredNameIsTheNameOfOneFolder) {
       Gui::Click(form, "SignIn_Btn");
       Gui::Settle();
       QStringList expected{"Ann Lee"};
-      if (name.IsKept) expected.append(folder);
+      if (isKept) expected.append(folder);
       QStringList names = NamesIn(store.DataPath());
       expected.sort();
       names.sort();
-      EXPECT_EQ(names, expected) << name.Typed.toStdString();
-      EXPECT_EQ(messages.Take().isEmpty(), name.IsKept) << name.Typed.toStdString();
-      ExpectUntouched(name.Typed);
-      if (name.IsKept) QDir(store.DataPath(folder)).removeRecursively();
+      EXPECT_EQ(names, expected);
+      EXPECT_EQ(messages.Take().isEmpty(), isKept);
+      ExpectUntouched(name);
+      if (isKept) QDir(store.DataPath(folder)).removeRecursively();
       if (auto* open = LoadedForm<NewUserLogin>()) open->Unload();
       Gui::Settle();
     }
@@ -348,18 +258,20 @@ TEST_F(OutOfBoundsLearner, ARegisteredNameIsTheNameOfOneFolder) {
 
 TEST_F(OutOfBoundsLearner, ANameInTheProfileMovesTheFolderWithinItsOwn) {
   ReadAs("Ann", "Lee");
-  for (const Name& name : TypedNames()) {
+  for (const QString& name : kRefused + kKept) {
+    SCOPED_TRACE(name.toStdString());
+    const bool isKept = kKept.contains(name);
     auto& box = Default<ProfileBox>();
-    box.Fill(name.Typed, "Lee", "a@b.c");
+    box.Fill(name, "Lee", "a@b.c");
     box.Show();
     Gui::Click(box, "OkayBut");
     const QString first = Gui::Find<TextBox>(box, "FirstNameField")->Text();
-    const QString folder = name.IsKept ? first + " Lee" : QString("Ann Lee");
-    EXPECT_EQ(NamesIn(store.DataPath()), QStringList(folder)) << name.Typed.toStdString();
-    EXPECT_EQ(messages.Take().isEmpty(), name.IsKept) << name.Typed.toStdString();
-    ExpectUntouched(name.Typed);
+    const QString folder = isKept ? first + " Lee" : QString("Ann Lee");
+    EXPECT_EQ(NamesIn(store.DataPath()), QStringList(folder));
+    EXPECT_EQ(messages.Take().isEmpty(), isKept);
+    ExpectUntouched(name);
     UpdateUser("Ann", "Lee", "a@b.c");
-    ASSERT_EQ(NamesIn(store.DataPath()), QStringList("Ann Lee")) << name.Typed.toStdString();
+    ASSERT_EQ(NamesIn(store.DataPath()), QStringList("Ann Lee"));
     box.Unload();
     Gui::Settle();
   }
@@ -387,52 +299,37 @@ TEST_F(OutOfBoundsLearner, TheDataLiesWhereTheInstallationSaysAndNowhereElse) {
   Link(store.PathBeside("elsewhere"), "link");
   Link(outside.Folder() + "/nothing", "dangling");
   Link("loop", "loop");
-  struct Row {
-    QString Root;
-    QString Folder;  // where the data comes to lie; empty: it is refused
-  };
-  const Row rows[] = {
-      {"", store.Path("data")},
-      {"learners", store.Path("learners")},
-      {"../elsewhere", store.PathBeside("elsewhere")},
-      {"..\\\\elsewhere", store.PathBeside("elsewhere")},
-      {store.PathBeside("elsewhere"), store.PathBeside("elsewhere")},
-      {"link", store.PathBeside("elsewhere")},
-      {"~", store.Path("~")},
-      {"%2e%2e", store.Path("%2e%2e")},
-      {"．．", store.Path("．．")},
-      {"$HOME", store.Path("$HOME")},
-      {"CON", store.Path("CON")},
-      {"... ", store.Path("... ")},
-      {"~/data", {}},
-      {"%2e%2e/out", {}},
-      {"file://" + outside.Folder(), {}},
-      {"\\\\\\\\localhost\\\\share", {}},
-      {"C:\\\\data", {}},
-      {"/dev/null", {}},
-      {"/proc/self", {}},
-      {"dangling", {}},
-      {"loop", {}},
-      {QString(300, u'd'), {}},
-      {QString("d/").repeated(2500), {}},
-  };
-  for (const Row& row : rows) {
-    const QString key = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0]";
+  const QString elsewhere = store.PathBeside("elsewhere");
+  // Where the data comes to lie; empty: it is refused.
+  QList<QPair<QString, QString>> rows{{"", store.Path("data")}, {"learners", store.Path("learners")}};
+  for (const QString& root :
+       {QString("../elsewhere"), QString("..\\\\elsewhere"), elsewhere, QString("link")})
+    rows.append({root, elsewhere});
+  for (const char* root : {"~", "%2e%2e", "．．", "$HOME", "CON", "... "})
+    rows.append({root, store.Path(root)});
+  for (const QString& root : {QString("~/data"), QString("%2e%2e/out"), "file://" + outside.Folder(),
+                              QString("\\\\\\\\localhost\\\\share"), QString("C:\\\\data"),
+                              QString("/dev/null"), QString("/proc/self"), QString("dangling"),
+                              QString("loop"), QString(300, u'd'), QString("d/").repeated(2500)})
+    rows.append({root, {}});
+  for (const auto& [root, folder] : rows) {
+    SCOPED_TRACE(root.left(80).toStdString());
     store.Write("registry/courses.reg",
-                "\xEF\xBB\xBF" + ("REGEDIT4\n" + key + "\n\"DataRoot\"=\"" + row.Root + "\"\n").toUtf8());
-    const std::string what = row.Root.left(80).toStdString();
+                "\xEF\xBB\xBFREGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager "
+                "1.0]\n\"DataRoot\"=\"" +
+                    root.toUtf8() + "\"\n");
     const QStringList before = NamesIn(store.Path()) + NamesIn(store.PathBeside(""));
     OpenCourse();
-    EXPECT_EQ(IgnoreErrors([] { CreateUser("Ann", "Lee", "a@b.c"); }), !row.Folder.isEmpty()) << what;
-    if (row.Folder.isEmpty()) {
-      EXPECT_EQ(NamesIn(store.Path()) + NamesIn(store.PathBeside("")), before) << what;
+    EXPECT_EQ(IgnoreErrors([] { CreateUser("Ann", "Lee", "a@b.c"); }), !folder.isEmpty());
+    if (folder.isEmpty()) {
+      EXPECT_EQ(NamesIn(store.Path()) + NamesIn(store.PathBeside("")), before);
     } else {
-      EXPECT_EQ(NamesIn(row.Folder), QStringList("Tallowmere Manager 1.0")) << what;
-      EXPECT_EQ(ListUsers(), QStringList("Ann Lee")) << what;
-      QDir(row.Folder + "/Tallowmere Manager 1.0").removeRecursively();
-      if (row.Folder != store.PathBeside("elsewhere")) QDir(row.Folder).removeRecursively();
+      EXPECT_EQ(NamesIn(folder), QStringList("Tallowmere Manager 1.0"));
+      EXPECT_EQ(ListUsers(), QStringList("Ann Lee"));
+      QDir(folder + "/Tallowmere Manager 1.0").removeRecursively();
+      if (folder != elsewhere) QDir(folder).removeRecursively();
     }
-    ExpectUntouched(row.Root);
+    ExpectUntouched(root);
   }
 }
 

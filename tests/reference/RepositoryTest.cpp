@@ -20,11 +20,9 @@ namespace {
 
 using Look = SkinButton::Look;
 
-class RepositoryTest : public ProgramTest {
+class RepositoryTest : public CourseTest {
  protected:
   RepositoryTest() {
-    AddTwoModules();
-    store.AddCourse("Cash desk", "rt0101rt0102", "1");
     store.Write("Repository/1/guide.doc", "the guide");
     store.Write("Repository/1/list.txt", "the list");
     AnswerSaveDialogs([this](const SaveDialogCall& call) {
@@ -105,7 +103,7 @@ TEST_F(RepositoryTest, TheButtonsFollowTheSelectionWithinATenthOfASecond) {
   EXPECT_EQ(Looks(repository), QList<Look>({kDisabled, kDisabled, kDisabled, kOff, kOff}));
 }
 
-TEST_F(RepositoryTest, TheTabKeyReachesEveryButton) {
+TEST_F(RepositoryTest, TheTabKeyReachesEveryButtonAndHelpComesBack) {
   Repository& repository = OpenAndSelect();
   QStringList reached;
   for (int i = 0; i < 6; ++i) {
@@ -113,6 +111,10 @@ TEST_F(RepositoryTest, TheTabKeyReachesEveryButton) {
     Gui::Key(repository, Qt::Key_Tab);
   }
   EXPECT_EQ(reached, QStringList({"List1", "View_Btn", "Print_Btn", "Detach_Btn", "Help_Btn", "Cancel_Btn"}));
+  store.Write("RepositoryHelp.rtf", "{\\rtf1 help\\par}");
+  script.When("Help", [](Form& help) { Gui::Click(help, "Command1"); });
+  Gui::Click(repository, "Help_Btn");
+  EXPECT_EQ(FormLife::Active(), &repository);
 }
 
 TEST_F(RepositoryTest, PrintAsksForAPrinterAndPrintsTheAttachment) {
@@ -142,14 +144,6 @@ TEST_F(RepositoryTest, AnAttachmentIsOpenedByTheButtonByEnterAndByADoubleClick) 
   Gui::Key(repository, Qt::Key_Return);  // the list has the focus
   EXPECT_EQ(opened.Take(), QStringList());
   EXPECT_EQ(messages.Take(), QStringList());
-}
-
-TEST_F(RepositoryTest, AnAttachmentThatHasGoneIsToldInTheOpenersWords) {
-  Repository& repository = OpenAndSelect();
-  QFile::remove(store.Path("Repository/1/guide.doc"));
-  opened.Result = ShellResult::kNoFile;
-  Gui::Click(repository, "View_Btn");
-  EXPECT_EQ(messages.Take(), QStringList("The repository file could not be located."));
 }
 
 TEST_F(RepositoryTest, DetachCopiesAndAsksBeforeItOverwrites) {
@@ -190,11 +184,14 @@ TEST_F(RepositoryTest, DetachCopiesAndAsksBeforeItOverwrites) {
   EXPECT_EQ(asked.size(), 6);
 }
 
-TEST_F(RepositoryTest, AnAttachmentThatHasGoneLeavesTheOlderCopy) {
+TEST_F(RepositoryTest, AnAttachmentThatHasGoneIsToldAndLeavesTheOlderCopy) {
   Repository& repository = OpenAndSelect();
+  QFile::remove(store.Path("Repository/1/guide.doc"));
+  opened.Result = ShellResult::kNoFile;
+  Gui::Click(repository, "View_Btn");
+  EXPECT_EQ(messages.Take(), QStringList("The repository file could not be located."));
   target = store.PathBeside("copy.doc");
   store.Write(target, "old");
-  QFile::remove(store.Path("Repository/1/guide.doc"));
   messages.Answer({MsgAnswer::Yes});
   Gui::Click(repository, "Detach_Btn");
   EXPECT_EQ(store.Read(target), "old");
@@ -280,18 +277,6 @@ TEST_F(RepositoryTest, AMissingFolderIsToldAndAnEmptyOneIsNot) {
     EXPECT_EQ(LoadedForm<Repository>(), nullptr);
     OneCopyAgain();
   }
-}
-
-TEST_F(RepositoryTest, HelpOpensOverItAndComesBackToIt) {
-  store.Write("RepositoryHelp.rtf", "{\\rtf1 help\\par}");
-  Repository& repository = Open();
-  script.When("Help", [&](Form& help) {
-    EXPECT_EQ(help.windowHandle()->transientParent(), repository.windowHandle());
-    Gui::Click(help, "Command1");
-  });
-  Gui::Click(repository, "Help_Btn");
-  EXPECT_EQ(FormLife::Active(), &repository);
-  EXPECT_EQ(messages.Take(), QStringList());
 }
 
 }  // namespace

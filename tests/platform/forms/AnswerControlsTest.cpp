@@ -1,5 +1,5 @@
 // The controls of a question: answers that wrap and can be unticked, the frame, the scroll bar; labels that
-// follow their caption; a form that is dragged.
+// follow their caption.
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -166,15 +166,6 @@ TEST_F(AnswerControlsTest, TheWheelOverAViewportTurnsItsBarWhileThatShows) {
   form.bar->SetVisible(false);
   turn();
   EXPECT_EQ(form.bar->Value(), value);
-}
-
-TEST_F(AnswerControlsTest, AFormKnowsWhereItWasDragged) {
-  AnswerForm& form = Shown();
-  form.windowHandle()->setPosition(form.windowHandle()->position() + QPoint(31, 17));
-  Gui::Settle();
-  EXPECT_DOUBLE_EQ(form.Left(), form.pos().x() * Screen::TwipsPerPixelX());
-  EXPECT_DOUBLE_EQ(form.Top(), form.pos().y() * Screen::TwipsPerPixelY());
-  EXPECT_GT(form.Left(), 0);
 }
 
 }  // namespace

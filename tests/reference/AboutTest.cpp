@@ -11,12 +11,8 @@
 
 namespace {
 
-class AboutTest : public ProgramTest {
+class AboutTest : public CourseTest {
  protected:
-  AboutTest() {
-    AddTwoModules();
-    store.AddCourse("Cash desk", "rt0101rt0102");
-  }
   ~AboutTest() override { QCoreApplication::setApplicationVersion({}); }
 
   About& Open() {

@@ -5,8 +5,9 @@
 #include "frame/ProgramState.h"
 #include "learners/ProfileBox.h"
 #include "platform/forms/ComboBox.h"
-#include "platform/forms/Picture.h"
 #include "platform/forms/Screen.h"
+#include "platform/grid/FlexGrid.h"
+#include "reference/Glossary.h"
 #include "support/Program.h"
 
 namespace {
@@ -99,20 +100,6 @@ INSTANTIATE_TEST_SUITE_P(Menus, WindowsTest,
                          ::testing::Values(Windows{1, 37, 37, false}, Windows{2, 74, 74, false},
                                            Windows{10, 370, 370, false}, Windows{11, 366, 366, true}),
                          [](const auto& row) { return "Of" + std::to_string(row.param.Rows); });
-
-TEST_F(MenusTest, SlidingTakesItsTime) {
-  Read(3, 4);
-  const auto taken = [this](const std::function<void()>& act) {
-    const QDateTime before = clock.Now();
-    act();
-    return before.msecsTo(clock.Now());
-  };
-  EXPECT_EQ(taken([] { Click("Modules"); }), 2 * 2 * 15);  // one row less than there are
-  EXPECT_EQ(taken([] { Click("toolBar_But"); }), 12 * 5);
-  Click("Modules");
-  Point("MenuSlice(0)");
-  EXPECT_EQ(taken([this] { clock.Advance(500); }), 500 + 2 * 4 * 20);
-}
 
 TEST_F(MenusTest, ASecondClickCloses) {
   Read(3);
@@ -312,16 +299,6 @@ TEST_F(MenusTest, TopicsOfAScrolledModuleStandAtItsRow) {
   EXPECT_EQ(PlaceOf("Main_Topic_frm").bottom() + 1, rowBottom);
 }
 
-TEST_F(MenusTest, LightingRowsUpReadsNoFileBehindTheFirstTime) {
-  Read(3);
-  OpenTopicsOf(0);
-  Point("TopicSlice(0)");
-  const int reads = PictureReads();
-  for (const char* row : {"MenuSlice(1)", "MenuSlice(2)", "MenuSlice(0)", "TopicSlice(1)", "TopicSlice(0)"})
-    Point(row);
-  EXPECT_EQ(PictureReads(), reads);
-}
-
 TEST_F(MenusTest, TheKeysWorkTheMenusWithTheStatesOfTheMouse) {
   Read(12, 12);
   Gui::Find(Screen1(), "Modules")->setFocus();
@@ -402,19 +379,6 @@ class ToolbarTest : public MenusTest {
   }
 };
 
-TEST_F(ToolbarTest, HasSevenItemsBeneathItsButton) {
-  Form1& screen = ReadOneOf(2);
-  Click("toolBar_But");
-  EXPECT_EQ(PlaceOf("Main_Tool_frm"), QRect(692, 48, 249, 255));
-  QStringList texts;
-  for (int row = 0; row < 7; ++row)
-    texts.append(Gui::Find<Label>(screen, QStringLiteral("Label3(%1)").arg(row))->Caption());
-  EXPECT_EQ(texts, QStringList({"Print page", "Check progress", "Repository", "Glossary", "Edit profile",
-                                "Change course", "About this course"}));
-  Point("toolBar_Slice(5)");
-  EXPECT_EQ(Lit("toolBar_Slice", 7), QStringList{"toolBar_Slice(5)"});
-}
-
 TEST_F(ToolbarTest, WithOneCourseThereIsNoneToChangeTo) {
   ReadOneOf(1);
   Click("toolBar_But");
@@ -441,11 +405,12 @@ TEST_F(ToolbarTest, TheProfileOpensFilled) {
   EXPECT_EQ(LoadedForm<ProfileBox>(), nullptr);
 }
 
-TEST_F(ToolbarTest, TheRepositoryAndTheAboutTextOpenOverTheCourse) {
+TEST_F(ToolbarTest, TheReferenceScreensOpenOverTheCourse) {
   store.Write("Repository/1/guide.doc", "the guide");
   ReadOneOf(2);
-  for (const auto& [slice, name] :
-       {std::pair("toolBar_Slice(2)", "Repository"), {"toolBar_Slice(6)", "About"}}) {
+  for (const auto& [slice, name] : {std::pair("toolBar_Slice(2)", "Repository"),
+                                    {"toolBar_Slice(3)", "Glossary"},
+                                    {"toolBar_Slice(6)", "About"}}) {
     script.When(name, [](Form& form) { form.close(); });
     Click("toolBar_But");
     Click(slice);
@@ -454,17 +419,13 @@ TEST_F(ToolbarTest, TheRepositoryAndTheAboutTextOpenOverTheCourse) {
   EXPECT_EQ(messages.Take(), QStringList());
 }
 
-TEST_F(ToolbarTest, TheRepositoryIsNotForAllModules) {
-  ReadOneOf(2);
-  gAllModules = 1;
-  Click("toolBar_But");
-  Click("toolBar_Slice(2)");
-  EXPECT_EQ(messages.Take(), QStringList{"This option is not available while the Tallowmere Manager is in "
-                                         "ALL MODULES mode."});
-}
-
 TEST_F(ToolbarTest, AnotherCourseComesUpAndTheFirstOneGoesOnWhereItWasLeft) {
+  store.Write("Glossary/Glossary Warehouse.txt", "^W%Wall~An end.^Z");
   ReadOneOf(2);
+  const auto firstLetter = [] {
+    return Gui::Find<FlexGrid>(*LoadedForm<Glossary>(), "MSFlexGrid2")->TextMatrix(0, 0);
+  };
+  EXPECT_EQ(firstLetter(), "");
   Click("NextBtn");
   const auto change = [this](int course) {
     Click("toolBar_But");
@@ -476,11 +437,14 @@ TEST_F(ToolbarTest, AnotherCourseComesUpAndTheFirstOneGoesOnWhereItWasLeft) {
   };
   change(1);
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_EQ(firstLetter(), "W");
   Click("Modules");
   EXPECT_EQ(PlaceOf("Main_Menu_frm").height(), 37);
   EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2(0)")->Caption(), "Goods");
+  EXPECT_EQ(Screen1().findChild<QWidget*>("MenuSlice(1)"), nullptr);
   change(0);
   EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  EXPECT_EQ(firstLetter(), "");
   Click("NextBtn");
   EXPECT_EQ(PageText(), "rt0101 0003.txm");
   EXPECT_TRUE(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0003.txm\""));
@@ -499,20 +463,6 @@ TEST_F(ToolbarTest, ACancelledChoiceLeadsBackToTheCourse) {
   EXPECT_EQ(FormLife::Active(), &screen);
   Click("NextBtn");
   EXPECT_EQ(PageText(), "rt0101 0002.txm");
-}
-
-TEST_F(MenusTest, TheSameScreenTakesTheRowsOfANewCourse) {
-  Form1& screen = Read(12, 3);
-  OpenTopicsOf(0);
-  gCourses.first().Modules.resize(2);
-  screen.InitNewCourse();
-  EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
-  EXPECT_EQ(screen.findChild<QWidget*>("MenuSlice(2)"), nullptr);
-  EXPECT_EQ(screen.findChild<QWidget*>("TopicSlice(1)"), nullptr);
-  OpenTopicsOf(1);
-  EXPECT_EQ(PlaceOf("Main_Menu_frm").height(), 74);
-  Click("TopicSlice(1)");
-  EXPECT_EQ(PageText(), "rt0001 0002.txm");
 }
 
 }  // namespace

@@ -65,41 +65,6 @@ TEST_F(QuestionFormTest, ARunGoesFromAnswerToNextToTheResultAndOn) {
   EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
 }
 
-struct Judging {
-  const char* Name;
-  const char* Flags;
-  QByteArrayList Ticks;
-  bool Correct;
-};
-
-class JudgingTest : public QuestionFormTest, public ::testing::WithParamInterface<Judging> {};
-
-TEST_P(JudgingTest, TheTicksOfTheScreenAreJudged) {
-  WriteTest("1", {Question("Which?", GetParam().Flags)});
-  ReadToTheTest();
-  TakeTest([this](QuestionForm& form) {
-    const bool multiple = QByteArray(GetParam().Flags).count('1') > 1;
-    EXPECT_EQ(Shows(form, "Check1(0)"), multiple);
-    EXPECT_EQ(Shows(form, "Option1(0)"), !multiple);
-    Answer(form, GetParam().Ticks);
-    EXPECT_EQ(Text(form, "Label5"), GetParam().Correct ? "Correct!" : "Incorrect.");
-    EXPECT_EQ(Gui::Find<Label>(form, "Label5")->ForeColor(), 0x000000);
-    messages.Answer({MsgAnswer::Yes});
-    Gui::Key(form, Qt::Key_Escape);
-  });
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    QuestionForm, JudgingTest,
-    ::testing::Values(Judging{"OneRight", "0>>1>>0", {"Option1(1)"}, true},
-                      Judging{"OneChangedToWrong", "0>>1>>0", {"Option1(1)", "Option1(0)"}, false},
-                      Judging{"NothingTicked", "0>>1>>0", {}, false},
-                      Judging{"AllRight", "1>>0>>1", {"Check1(0)", "Check1(2)"}, true},
-                      Judging{"OneMissing", "1>>0>>1", {"Check1(0)"}, false},
-                      Judging{"AllAndAWrongOne", "1>>0>>1", {"Check1(0)", "Check1(1)", "Check1(2)"}, false},
-                      Judging{"NoCorrectAnswerAndNothingTicked", "0>>0>>0", {}, true}),
-    [](const auto& row) { return row.param.Name; });
-
 TEST_F(QuestionFormTest, TheKeyboardAloneTakesAScoredTest) {
   WriteTest("1", {Question("Which?", "0>>1>>0", "", "Colours", "rt0102_0002.txm"),
                   Question("Which two?", "1>>1>>0", "", "Again", "rt0102_0001.txm")});
@@ -194,7 +159,6 @@ TEST_F(QuestionFormTest, ExitAsksAndOnlyYesLeavesWithoutARecord) {
     EXPECT_EQ(PageText(), "rt0102 0001.txm");
     EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
     EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
-    Gui::Settle();
     OneCopyAgain();
   }
 }
@@ -213,7 +177,6 @@ TEST_F(QuestionFormTest, ATestThatCannotBeReadIsToldAndThePageStaysPlain) {
     EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
     Gui::Click(screen, "NextBtn");
     EXPECT_EQ(PageText(), "rt0102 0001.txm");
-    Gui::Settle();
     QDir(store.DataPath()).removeRecursively();
     OneCopyAgain();
   }
@@ -285,26 +248,6 @@ TEST_F(QuestionFormTest, ALongQuestionScrollsToItsVerdictAndTheNextBeginsAtTheTo
   });
 }
 
-TEST_F(QuestionFormTest, TheHeightsFollowTheTextsToTheTwip) {
-  WriteTest("1", {Question("Which?", "0>>1>>0", "Because.")});
-  ReadToTheTest();
-  TakeTest([this](QuestionForm& form) {
-    const auto box = [&](const char* name) { return dynamic_cast<Control*>(Gui::Find(form, name)); };
-    const auto below = [&](const char* name) { return box(name)->Top() + box(name)->Height(); };
-    EXPECT_DOUBLE_EQ(box("Label8")->Top(), below("Label7") + 400);
-    EXPECT_DOUBLE_EQ(box("Frame1")->Top(), below("Label8") + 400);
-    EXPECT_DOUBLE_EQ(box("Option1(0)")->Top(), 240);
-    EXPECT_DOUBLE_EQ(box("Option1(1)")->Top(), below("Option1(0)") + 210);
-    EXPECT_DOUBLE_EQ(box("Frame1")->Height(), below("Option1(2)") + 240);
-    Answer(form, {});
-    EXPECT_DOUBLE_EQ(box("Label5")->Top(), below("Frame1") + 240);
-    EXPECT_DOUBLE_EQ(box("Label6")->Top(), below("Label5") + 240);
-    EXPECT_DOUBLE_EQ(box("Label10")->Top(), below("Label6") + 240);
-    messages.Answer({MsgAnswer::Yes});
-    Gui::Key(form, Qt::Key_Escape);
-  });
-}
-
 TEST_F(QuestionFormTest, APageThatFitsExactlyHasNoScrollBar) {
   Form form(QStringLiteral("Alone"), FormFrame::Framed);
   QuestionPage page(&form);
@@ -315,26 +258,6 @@ TEST_F(QuestionFormTest, APageThatFitsExactlyHasNoScrollBar) {
   page.Resize_Test(1, height + 345);  // one and a half units: halves go to the even number
   EXPECT_TRUE(bar->Visible());
   EXPECT_EQ(bar->Max(), 2);
-}
-
-TEST_F(QuestionFormTest, TheMouseLightsTheButtonsOneAtATime) {
-  WriteTest("1", {Question("Which?", "0>>1>>0")});
-  ReadToTheTest();
-  TakeTest([this](QuestionForm& form) {
-    const auto look = [&](const char* name) { return Gui::Find<SkinButton>(form, name)->Shown(); };
-    const auto colour = [&] { return Gui::Find<Label>(form, "Label2")->ForeColor(); };
-    Gui::MoveTo(form, "Q_But");
-    EXPECT_EQ(look("Q_But"), Look::On);
-    EXPECT_EQ(colour(), 0x000000);
-    Gui::MoveTo(form, "Picture2");
-    EXPECT_EQ(look("Picture2"), Look::On);
-    EXPECT_EQ(look("Q_But"), Look::Off);
-    EXPECT_EQ(colour(), 0xFFFFFF);
-    Gui::MoveTo(form, "Title");
-    EXPECT_EQ(look("Picture2"), Look::Off);
-    messages.Answer({MsgAnswer::Yes});
-    Gui::Key(form, Qt::Key_Escape);
-  });
 }
 
 }  // namespace

@@ -1,0 +1,245 @@
+// What a course can write: no name, path or link in it reaches a file outside the program folder.
+#include <QDir>
+
+#include "content/REGISTRY.h"
+#include "frame/Settings.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/CodePage.h"
+#include "platform/richtext/TextControl.h"
+#include "signin/Resume.h"
+#include "support/OutOfBounds.h"
+
+namespace {
+
+const QString kNul{QChar::Null};
+
+QByteArray Utf8File(const QString& text) {
+  return "\xEF\xBB\xBF" + text.toUtf8();
+}
+
+class OutOfBoundsCourse : public OutOfBoundsTest {
+ protected:
+  OutOfBoundsCourse() { store.AddCourse("Cash desk", "rt0101rt0102"); }
+
+  TextControl& Page() { return *Gui::Find<TextControl>(ReadAs("Ann", "Lee"), "TXTextControl1"); }
+  // The first page still stands, and nothing else came of the attempt.
+  void ExpectFirstPage(const QString& attempt) {
+    EXPECT_EQ(PageText(), "rt0101 0001.txm") << attempt.left(80).toStdString();
+    ExpectUntouched(attempt);
+  }
+};
+
+// Six characters each, as a module list holds them.
+TEST_F(OutOfBoundsCourse, AModuleIdFindsNoFolderOutside) {
+  QDir().mkpath(store.PathBeside("o"));
+  QFile::link(outside.Folder() + "/Map.txt", store.PathBeside("o/Map.txt"));
+  Link(outside.Folder(), "linkto");
+  Link(store.Path("linkto"), "chain1");
+  Link("../out", "relatv");
+  Link("loop01", "loop01");
+  for (const char* id : {"rtmap1", "rtmap2", "rtfifo", "rtzero"})
+    QDir().mkpath(store.Path(QLatin1String(id)));
+  Link(outside.Folder() + "/Map.txt", "rtmap1/Map.txt");
+  Link("../rtmap1/Map.txt", "rtmap2/Map.txt");
+  mkfifo(QFile::encodeName(store.Path("rtfifo/Map.txt")).constData(), 0600);
+  Link("/dev/zero", "rtzero/Map.txt");
+  const auto find = [](const QString& id) {
+    QList<ModuleRecord> modules;
+    bool allInstalled = true;
+    QStringList problems;
+    ParseModuleString(id, modules, "Cash desk", allInstalled, problems);
+    EXPECT_EQ(problems, QStringList()) << id.toStdString();
+    EXPECT_EQ(allInstalled, modules.size() == 1) << id.toStdString();
+    return allInstalled;
+  };
+  const QString ids[] = {
+      "../out",    "..\\out", "../Out",      "..\\OUT",     "./../o",           "/../o/",
+      "\\..\\o/",  ".\\../o", "../o/.",      "//out/",      "\\\\out\\",        "......",
+      "linkto",    "LINKTO",  "chain1",      "relatv",      "%2e%2e",           "loop01",
+      "rtmap1",    "rtmap2",  "rtfifo",      "rtzero",      "~/out/",           "file:/",
+      "．．／out", "..∕out",  "..\u2044out", "\u202E../o/", "\u0001../o\u007F", "../o" + kNul + "/",
+  };
+  for (const QString& id : ids) {
+    ASSERT_EQ(id.size(), 6) << id.toStdString();
+    EXPECT_FALSE(find(id)) << id.toStdString();
+    ExpectUntouched(id);
+  }
+  EXPECT_TRUE(find("rt0101"));
+}
+
+TEST_F(OutOfBoundsCourse, APageNameShowsNoFileOutside) {
+  QStringList names = outside.WaysTo("0001.txm", "../../") +
+                      QStringList{"0001.txm.", "0001.txm ", "0001.txm::$DATA", "0001.txm" + kNul + ".txm"};
+  for (const QString& name : AddTraps("rt0101/", "0001", ".txm"))
+    names.append(name + ".txm");
+  QString map = "map\r\nCustomers\r\nmap\r\n0001.txm*Topic*Greeting\r\n";
+  for (const QString& name : names)
+    map += name + "*Page*\r\n";
+  store.Write("rt0101/Map.txt", Utf8File(map));
+  PageTurning& pages = ReadAs("Ann", "Lee").Pages();
+  for (const QString& name : names) {
+    EXPECT_EQ(pages.LoadModuleAtPage(0, name), QString()) << name.left(80).toStdString();
+    EXPECT_EQ(messages.Take().size(), 1) << name.left(80).toStdString();
+    ExpectFirstPage(name);
+  }
+  pages.LoadModuleAtPage(1, "0002.txm");
+  EXPECT_EQ(PageText(), "rt0102 0002.txm");
+}
+
+TEST_F(OutOfBoundsCourse, AResumeLineOpensNothingThatTheCourseDoesNotList) {
+  ReadAs("Ann", "Lee");
+  QList<QPair<QString, QString>> places{{"rt0101/../../out", "0001.txm"}, {"", ""}};
+  for (const QString& page : outside.WaysTo("0001.txm", "../../"))
+    places.append({"rt0101", page});
+  for (const QString& module : outside.WaysTo("", "../"))
+    places.append({module, "0001.txm"});
+  for (const auto& [module, page] : places) {
+    for (const MissingModule missing : {MissingModule::Keep, MissingModule::StartOver}) {
+      store.Write(store.DataPath("Ann Lee/Cash desk"), Utf8File('"' + module + "\",\"" + page + "\"\r\n"));
+      IgnoreErrors([&] { OpenAtResumePage(missing); });
+      ExpectFirstPage(module + ", " + page);
+    }
+  }
+}
+
+// A page's own pictures and styles; the page lies in a module folder.
+TEST_F(OutOfBoundsCourse, APictureOrStyleOfAPageComesFromTheProgramFolderOnly) {
+  const QString red = outside.Folder() + "/red.png", css = outside.Folder() + "/sheet.css";
+  const QString form = outside.Folder() + "/page.htm";
+  QStringList sources = outside.WaysTo("red.png", "../../") + QStringList{"&#46;&#46;/&#46;&#46;/out/red.png",
+                                                                          "red.png?" + red,
+                                                                          red + "#x",
+                                                                          red + "&#0;",
+                                                                          "&#0;" + red,
+                                                                          "%2e%2e%5c%2e%2e%5cout%5cred.png",
+                                                                          " " + red,
+                                                                          "\t../../out/\nred.png"};
+  for (const QString& name : AddTraps("rt0101/", "red", ".png"))
+    sources.append(name + ".png");
+  QStringList bodies{"<link rel=stylesheet type=text/css href=\"" + css + "\"><p>x</p>",
+                     "<style>@import url(" + css + ");</style><p>x</p>",
+                     "<style>@import \"../../out/sheet.css\";</style><p>x</p>",
+                     "<style>p { background-image: url(" + red + ") }</style><p>x</p>",
+                     "<iframe src=\"" + form + "\"></iframe>",
+                     "<object data=\"" + form + "\"></object>",
+                     "<base href=\"file://" + outside.Folder() + "/\"><img src=\"red.png\" width=600>"};
+  for (const QString& source : sources) {
+    bodies += {"<img src=\"" + source + "\" width=600 height=600>",
+               "<table width=600 background=\"" + source + "\"><tr><td>x</td></tr></table>",
+               "<p style=\"background-image: url(" + source + ")\">x</p>",
+               "<ul style=\"list-style-image: url(" + source + ")\"><li>x</li></ul>"};
+  }
+  TextControl& page = Page();
+  const auto showsRed = [&](const QString& body) {
+    store.Write("rt0101/p.htm", Utf8File("<html><body><p>a page</p>" + body + "</body></html>"));
+    page.Load("rt0101\\p.htm", 0, TextControl::kPageFormat);
+    EXPECT_TRUE(page.PlainText().contains("a page"));
+    return Shows(page.viewport()->grab().toImage(), Qt::red);
+  };
+  for (const QString& body : bodies) {
+    EXPECT_FALSE(showsRed(body)) << body.left(200).toStdString();
+    ExpectUntouched(body);
+  }
+  store.Write("rt0101/near.png", store.Read(red));
+  EXPECT_TRUE(showsRed("<img src=\"near.png\" width=600 height=600>"));
+}
+
+TEST_F(OutOfBoundsCourse, AFieldOfARichTextPageBringsInNoFile) {
+  TextControl& page = Page();
+  const QString red = outside.Folder() + "/red.png", rtf = outside.Folder() + "/page.rtf";
+  const QStringList bodies = {"{\\field{\\*\\fldinst INCLUDEPICTURE \"" + red + "\"}{\\fldrslt }}",
+                              "{\\field{\\*\\fldinst INCLUDETEXT \"" + rtf + "\"}{\\fldrslt }}",
+                              "{\\field{\\*\\fldinst IMPORT \"" + red + "\"}{\\fldrslt }}",
+                              "{\\field{\\*\\fldinst LINK Word \"" + rtf + "\"}{\\fldrslt }}",
+                              "{\\*\\template " + rtf + "}",
+                              "{\\*\\nextfile " + rtf + "}",
+                              "{\\object\\objlink\\objw600\\objh600{\\*\\objname " + red + "}}"};
+  for (const QString& body : bodies) {
+    store.Write("rt0101/p.txm", ("{\\rtf1 a page " + body + "\\par}").toUtf8());
+    page.Load("rt0101\\p.txm", 0, TextControl::kPageFormat);
+    EXPECT_FALSE(Shows(page.viewport()->grab().toImage(), Qt::red)) << body.toStdString();
+    EXPECT_TRUE(page.PlainText().startsWith("a page")) << body.toStdString();
+    ExpectUntouched(body);
+  }
+}
+
+TEST_F(OutOfBoundsCourse, AFileNamedWithItsPlaceIsLoadedFromTheProgramFolderOnly) {
+  store.Write("rt0101/near.htm", "<html><p>near</p></html>");
+  Link("/proc/self", "proc");
+  const QString file = outside.Folder() + "/page.htm";
+  QStringList paths = outside.WaysTo("page.htm", "../") + QStringList{"rt0101\\..\\..\\OUT\\page.htm",
+                                                                      store.Path() + "x/../out/page.htm",
+                                                                      "proc/environ",
+                                                                      "near.htm#" + file,
+                                                                      file + "#place",
+                                                                      "rt0101/near.htm" + kNul + "x",
+                                                                      "/dev/stdin",
+                                                                      ""};
+  for (const QString& name : AddTraps("rt0101/", "page", ".htm"))
+    paths.append("rt0101/" + name + ".htm");
+  TextControl& page = Page();
+  for (const QString& path : paths) {
+    EXPECT_FALSE(IgnoreErrors([&] { page.Load(path, 0, TextControl::kFileAndPlaceFormat); }))
+        << path.left(80).toStdString();
+    ExpectFirstPage(path);
+  }
+  page.Load("RT0101\\..\\rt0101\\near.htm", 0, TextControl::kFileAndPlaceFormat);
+  EXPECT_EQ(PageText(), "near");
+}
+
+// With the real opener, behind which stands a program that shows that it ran.
+TEST_F(OutOfBoundsCourse, ALinkOpensAndShowsNothingOutside) {
+  store.Write("Repository/1/near.txt", "x");
+  Link(outside.Folder(), "Repository/1/Hidden");
+  store.Write("../bin/xdg-open", "#!/bin/sh\n: > '" + QFile::encodeName(store.PathBeside("ran")) + "'\n");
+  QFile::setPermissions(store.PathBeside("bin/xdg-open"), QFile::ReadOwner | QFile::ExeOwner);
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", QFile::encodeName(store.PathBeside("bin")));
+  const QString file = outside.Folder() + "/page.htm";
+  QStringList targets = outside.WaysTo("page.htm", "../../../") + QStringList{"..\\Hidden\\page.htm",
+                                                                              "page.htm",
+                                                                              "",
+                                                                              "..",
+                                                                              "https://www.example.com",
+                                                                              "mailto:x@example.com",
+                                                                              "javascript:x",
+                                                                              "-h",
+                                                                              "..\\..\\..\\bin\\xdg-open",
+                                                                              "near.txt" + kNul,
+                                                                              file + ".txm",
+                                                                              file + "#x.txm",
+                                                                              "../out/0001.txm#x",
+                                                                              "..\\out\\0001.txm#x",
+                                                                              "../out\\0001.txm_",
+                                                                              "#.txm"};
+  for (const QString& name : AddTraps("Repository/1/", "sheet", ".txt"))
+    targets.append(name + ".txt");
+  TextControl& page = Page();
+  for (const QString& target : targets) {
+    page.LinkClicked.Raise(1, 1, target);
+    EXPECT_EQ(messages.Take().size(), 1) << target.left(80).toStdString();
+    EXPECT_FALSE(QFile::exists(store.PathBeside("ran"))) << target.left(80).toStdString();
+    ExpectFirstPage(target);
+  }
+  page.LinkClicked.Raise(1, 1, "near.txt");
+  EXPECT_TRUE(QFile::exists(store.PathBeside("ran")));
+  qputenv("PATH", path);
+}
+
+TEST_F(OutOfBoundsCourse, ACodePageIsATableOfTheSystemAndNoFile) {
+  store.Write("codepage.cnv", "x");
+  QStringList names = outside.WaysTo("codepage", "../") + outside.WaysTo("codepage.cnv", "../");
+  names += {"codepage", "windows-1252," + outside.Folder() + "/codepage", ".."};
+  for (QString name : names) {
+    if (name.contains(kNul)) continue;  // nothing that a registry file can hold
+    store.Write(
+        "registry/courses.reg",
+        Utf8File("REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0]\n\"CodePage\"=\"" +
+                 name.replace("\\", "\\\\") + "\"\n"));
+    EXPECT_EQ(LoadInstallation({store.Path("registry")}).size(), 1) << name.left(80).toStdString();
+    EXPECT_EQ(CodePageName(), QString(kDefaultCodePage)) << name.left(80).toStdString();
+    ExpectUntouched(name);
+  }
+}
+
+}  // namespace
