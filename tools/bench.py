@@ -33,7 +33,7 @@ BUILD = ROOT / "build/bench"
 STARTS = 15                # of each program
 MOST_START_RATIO = 1.5     # of the start of an empty window
 # The figures that a benchmark may report, by the ends of their names, and their units.
-UNITS = {"p50_ms": "ms", "p99_ms": "ms", "_mb": "MB", "_threads": "", "_processes": ""}
+UNITS = {"p50_ms": "ms", "p99_ms": "ms", "_mb": "MB", "ratio": "times", "_threads": "", "_processes": ""}
 MOST_MEMORY = 64           # MB of 1024 kB
 # A place of the display within both first windows, which stand centred: the coloured band at the left edge
 # of the course choice. Nobody but the program paints this colour.

@@ -9,7 +9,7 @@ packages_of() {
     build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation ;;
     players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev ;;
     test) echo libgtest-dev strace; packages_of visit ;;
-    bench) echo libbenchmark-dev libx11-dev ;;
+    bench) echo libbenchmark-dev libx11-dev unrtf ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;
     visit)
       echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils
