@@ -4,6 +4,8 @@
 #include <QScreen>
 #include <QTextTable>
 
+#include <initializer_list>
+
 #include "platform/richtext/PageLink.h"
 #include "platform/rtf_pages.h"
 
@@ -376,6 +378,36 @@ QByteArray HugePng() {
   return png;
 }
 
+QByteArray Words16(std::initializer_list<int> words) {
+  QByteArray bytes;
+  for (const int word : words)
+    bytes += QByteArray(1, static_cast<char>(word)) + static_cast<char>(word >> 8);
+  return bytes;
+}
+
+QByteArray Words32(std::initializer_list<int> words) {
+  QByteArray bytes;
+  for (const int word : words)
+    bytes += Words16({word, word >> 16});
+  return bytes;
+}
+
+// A red square that fills a window of 100 by 100.
+QByteArray ShortMetafile() {
+  return Words16({1, 9, 0x300, 0, 0, 1, 0, 0, 0}) + Words16({5, 0, 0x20C, 100, 100}) +
+         Words16({7, 0, 0x2FC, 0, 0xFF, 0, 0}) + Words16({4, 0, 0x12D, 0}) +
+         Words16({7, 0, 0x41B, 100, 100, 0, 0}) + Words16({3, 0, 0});
+}
+
+// The same by a bitmap of one pixel, on a device of 100 by 100 pixels and millimetres.
+QByteArray LongMetafile() {
+  const QByteArray head = Words32({1, 88, 0, 0, 100, 100, 0, 0, 10000, 10000, 0x464D4520});
+  const QByteArray device = Words32({100, 100, 100, 100});
+  return head + QByteArray(28, '\0') + device +
+         Words32({81, 124, 0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 80, 40, 120, 4, 0, 0xCC0020, 100, 100}) +
+         Words32({40, 1, 1, 0x180001, 0, 0, 0, 0, 0, 0, 0xFF0000}) + Words32({14, 20, 0, 0, 20});
+}
+
 const QByteArray kPng = PictureBytes({8, 4}, "png");
 const QByteArray kBmp = PictureBytes({8, 4}, "bmp");
 const PictureRow kPictures[] = {
@@ -397,6 +429,23 @@ const PictureRow kPictures[] = {
     {"WrongWord", "\\jpegblip", kPng.toHex(), {8, 4}, true},
     {"Metafile", "\\wmetafile8\\picw2540\\pich1270", "0100", {96, 48}, false},
     {"MetafileAtItsGoal", "\\emfblip\\picwgoal300\\pichgoal600", "0100", {20, 40}, false},
+    {"ShortMetafile", "\\wmetafile8\\picwgoal300\\pichgoal600", ShortMetafile().toHex(), {20, 40}, true},
+    {"ShortMetafileCut",
+     "\\wmetafile8\\picwgoal300\\pichgoal600",
+     ShortMetafile().left(40).toHex(),
+     {20, 40},
+     false},
+    {"LongMetafile", "\\emfblip\\picwgoal300\\pichgoal600", LongMetafile().toHex(), {20, 40}, true},
+    {"LongMetafileScaled",
+     "\\emfblip\\picwgoal300\\pichgoal600\\picscalex200\\piccropl150",
+     LongMetafile().toHex(),
+     {20, 40},
+     true},
+    {"LongMetafileCut",
+     "\\emfblip\\picwgoal300\\pichgoal600",
+     LongMetafile().left(150).toHex(),
+     {20, 40},
+     false},
     {"TooSmallToSee", "\\pngblip\\picwgoal1\\pichgoal1\\picscalex1", kPng.toHex(), {1, 1}, true},
     {"Damaged", "\\pngblip\\picwgoal300\\pichgoal300", kPng.left(40).toHex(), {20, 20}, false},
     {"Bomb", "\\pngblip\\picwgoal300\\pichgoal300", HugePng().toHex(), {20, 20}, false},

@@ -31,6 +31,7 @@ RtfParser::RtfParser(std::string_view bytes, const PageMetrics& metrics)
       formats_(header_, metrics_),
       builder_(page_, formats_),
       flow_(builder_),
+      pictures_(metrics),
       states_(1) {}
 
 RichPage RtfParser::Read() {

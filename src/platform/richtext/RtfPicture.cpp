@@ -1,12 +1,15 @@
 #include "platform/richtext/RtfPicture.h"
 
+#include "platform/richtext/Metafile.h"
+
 #include <QPainter>
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr double kLargest = 31680;  // twips
+constexpr double kLargest = 31680;   // twips
+constexpr double kMostDrawn = 3000;  // pixels a side
 constexpr double kTwipsPerStoredPixel = 15;
 constexpr double kTwipsPerHundredthMillimetre = 1440.0 / 2540.0;
 
@@ -82,6 +85,12 @@ QImage RtfPictureDecoder::DecodeStored(const RtfPicture& picture) {
   return budget_.Take({picture.Width, picture.Height}) ? DecodeDeviceBitmap(picture) : QImage();
 }
 
+// Drawn in the size it is shown in: its lines stay sharp.
+QImage RtfPictureDecoder::DecodeDrawn(const RtfPicture& picture, QSizeF twips) {
+  const QSizeF pixels = (twips * metrics_.PixelsPerTwip).boundedTo(QSizeF(kMostDrawn, kMostDrawn));
+  return DrawMetafile(picture.Data, pixels.toSize().expandedTo({1, 1}), budget_);
+}
+
 RtfPictureDecoder::Result RtfPictureDecoder::Decode(const RtfPicture& picture) {
   Result result;
   result.Image = DecodeStored(picture);
@@ -92,18 +101,19 @@ RtfPictureDecoder::Result RtfPictureDecoder::Decode(const RtfPicture& picture) {
     if (stored > 0) return std::min(stored * unit, kLargest);
     return decoded > 0 ? std::min(decoded * kTwipsPerStoredPixel, kLargest) : 480.0;
   };
-  result.Width = shown(picture.GoalWidth, picture.Width, result.Image.width());
-  result.Height = shown(picture.GoalHeight, picture.Height, result.Image.height());
-  const double keptWidth = result.Width - picture.CropLeft - picture.CropRight;
-  const double keptHeight = result.Height - picture.CropTop - picture.CropBottom;
-  const bool isCropped = keptWidth != result.Width || keptHeight != result.Height;
-  if (isCropped && keptWidth > 0 && keptHeight > 0 && !result.Image.isNull()) {
-    result.Image = Cropped(result.Image, picture, result.Width, result.Height);
-    result.Width = std::min(keptWidth, kLargest);
-    result.Height = std::min(keptHeight, kLargest);
-  }
-  result.Width = std::clamp(result.Width * std::clamp(picture.ScaleX, 1, 10'000) / 100.0, 1.0, kLargest);
-  result.Height = std::clamp(result.Height * std::clamp(picture.ScaleY, 1, 10'000) / 100.0, 1.0, kLargest);
-  if (result.Image.isNull()) result.Image = PlaceholderBox(QSizeF(result.Width, result.Height) / 15.0);
+  const double width = shown(picture.GoalWidth, picture.Width, result.Image.width());
+  const double height = shown(picture.GoalHeight, picture.Height, result.Image.height());
+  const double scaleX = std::clamp(picture.ScaleX, 1, 10'000) / 100.0;
+  const double scaleY = std::clamp(picture.ScaleY, 1, 10'000) / 100.0;
+  if (result.Image.isNull() && !picture.Data.isEmpty())
+    result.Image = DecodeDrawn(picture, {width * scaleX, height * scaleY});
+  const double keptWidth = width - picture.CropLeft - picture.CropRight;
+  const double keptHeight = height - picture.CropTop - picture.CropBottom;
+  const bool isCropped = (keptWidth != width || keptHeight != height) && keptWidth > 0 && keptHeight > 0;
+  if (isCropped && !result.Image.isNull()) result.Image = Cropped(result.Image, picture, width, height);
+  result.Width = std::clamp((isCropped ? keptWidth : width) * scaleX, 1.0, kLargest);
+  result.Height = std::clamp((isCropped ? keptHeight : height) * scaleY, 1.0, kLargest);
+  if (result.Image.isNull())
+    result.Image = PlaceholderBox(QSizeF(result.Width, result.Height) * metrics_.PixelsPerTwip);
   return result;
 }

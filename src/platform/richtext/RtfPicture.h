@@ -45,10 +45,15 @@ class RtfPictureDecoder {
     double Height = 0;
   };
 
+  explicit RtfPictureDecoder(const PageMetrics& metrics) : metrics_(metrics) {}
+
   Result Decode(const RtfPicture& picture);
 
  private:
   QImage DecodeStored(const RtfPicture& picture);
+  QImage DecodeDrawn(const RtfPicture& picture, QSizeF twips);
+
+  PageMetrics metrics_;
 
   PixelBudget budget_;
 };
