@@ -458,6 +458,16 @@ const PictureRow kPictures[] = {
 INSTANTIATE_TEST_SUITE_P(All, RtfPictures, ::testing::ValuesIn(kPictures),
                          [](const auto& row) { return std::string(row.param.What); });
 
+TEST(RtfPictures, FillTheirShape) {
+  const RichPage page = ReadBody(
+      "{\\shp{\\*\\shpinst\\shpleft150\\shptop300\\shpright1650\\shpbottom900{\\sp{\\sn "
+      "pib}{\\sv{\\pict\\pngblip " +
+      kPng.toHex() + "}}}}{\\shprslt{\\pict\\wmetafile8 00}}}");
+  EXPECT_EQ(page.Document->toPlainText(), QString("\uFFFC"));
+  const QTextImageFormat format = FormatOf(page, QString(QChar(0xFFFC))).toImageFormat();
+  EXPECT_EQ(QSizeF(format.width(), format.height()), QSizeF(100, 40));
+}
+
 TEST(RtfPictures, AreShownOnceWhenToldTwice) {
   EXPECT_EQ(
       TextOfBody("{\\*\\shppict{\\pict\\pngblip " + kPng.toHex() + "}}{\\nonshppict{\\pict\\wmetafile8 00}}"),

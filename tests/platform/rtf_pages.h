@@ -20,7 +20,7 @@ inline RichPage ReadBody(const QByteArray& body) {
       "{\\f3\\fcharset128 MS Gothic;}{\\f4\\fcharset238 Arial CE;}{\\f5\\fcharset204 Arial Cyr;}"
       "{\\f6\\ftech\\fcharset2 Wingdings;}{\\f7\\fcharset129 Batang;}{\\f8\\fcharset134 SimSun;}"
       "{\\f9\\fcharset136 MingLiU;}{\\f10\\fcharset130 Batang;}{\\f11\\fcharset78 Osaka;}"
-      "{\\f12\\fcharset85 Geneva;}}"
+      "{\\f12\\fcharset85 Geneva;}{\\f13\\fcharset178 Arial;}}"
       "{\\colortbl;\\red255\\green0\\blue0;\\red0\\green128\\blue0;\\red255\\green255\\blue0;}" +
           body + "}",
       {}, QStringLiteral("page"));

@@ -2,6 +2,8 @@
 #include "platform/richtext/RtfParser.h"
 #include "platform/richtext/RtfWords.h"
 
+#include <utility>
+
 namespace {
 
 using P = RtfParser;
@@ -32,6 +34,30 @@ void Shade(P& parser, A argument) {
 }
 
 constexpr int kTwipsPerQuarterPoint = 5;
+
+// A run tells its look for letters of both directions, the one that holds last.
+void BeginRightToLeft(P& parser, A) {
+  RtfState& state = parser.State();
+  if (!std::exchange(state.IsRightToLeft, true)) state.LeftToRight = state.Chars;
+}
+
+void EndRightToLeft(P& parser, A) {
+  RtfState& state = parser.State();
+  if (!std::exchange(state.IsRightToLeft, false)) return;
+  state.Chars.HalfPoints = state.LeftToRight.HalfPoints;
+  state.Chars.IsBold = state.LeftToRight.IsBold;
+  state.Chars.IsItalic = state.LeftToRight.IsItalic;
+  parser.SetFont(state.LeftToRight.Font);
+}
+
+template <RtfHandler Handle>
+void InRightToLeft(P& parser, A argument) {
+  if (parser.State().IsRightToLeft) Handle(parser, argument);
+}
+
+void SetFont(P& parser, A argument) {
+  parser.SetFont(argument.Number);
+}
 
 constexpr RtfWord kWords[] = {
     {"b", Switch<&RtfCharProps::IsBold>},
@@ -82,7 +108,13 @@ constexpr RtfWord kWords[] = {
     {"charscalex", Set<&RtfCharProps::Stretch, 100>},
     {"outl", Switch<&RtfCharProps::IsOutlined>},
     {"mvf", Switch<&RtfCharProps::IsHidden>},
-    {"f", [](P& p, A a) { p.SetFont(a.Number); }},
+    {"f", SetFont},
+    {"rtlch", BeginRightToLeft},
+    {"ltrch", EndRightToLeft},
+    {"af", InRightToLeft<SetFont>},
+    {"afs", InRightToLeft<Set<&RtfCharProps::HalfPoints, 24>>},
+    {"ab", InRightToLeft<Switch<&RtfCharProps::IsBold>>},
+    {"ai", InRightToLeft<Switch<&RtfCharProps::IsItalic>>},
 };
 
 }  // namespace

@@ -89,10 +89,25 @@ void BeginPlace(P& parser, A) {
 }
 
 void BeginBox(P& parser, A) {
+  parser.Shape().IsShown = true;
   parser.SetDestination(D::Body, E::Aside);
   parser.SetPlain();
   parser.State().Para = {};
   parser.Flow().BeginAside(RtfFlow::Aside::Box);
+}
+
+void BeginShape(P& parser, A) {
+  parser.SetDestination(D::Other);
+  parser.Shape() = {};
+}
+
+// What stands in for a shape is for readers that can't show the shape, which here are those that draw none.
+void BeginShapeResult(P& parser, A argument) {
+  if (parser.Shape().IsShown || parser.State().IsBackground) {
+    parser.SetDestination(D::Skip);
+  } else {
+    BeginBox(parser, argument);
+  }
 }
 
 void BeginBackground(P& parser, A) {
@@ -146,10 +161,14 @@ constexpr RtfWord kWords[] = {
     {"objw", [](P& p, A a) { p.SetObjectSize(a.Number, 0); }},
     {"objh", [](P& p, A a) { p.SetObjectSize(0, a.Number); }},
     {"result", [](P& p, A) { p.BeginObjectResult(); }},
-    {"shp", Begin<D::Other>},
-    {"shpgrp", Begin<D::Other>},
+    {"shp", BeginShape},
+    {"shpgrp", BeginShape},
     {"shpinst", Begin<D::Other>},
-    {"shprslt", Begin<D::Skip>},
+    {"shpleft", [](P& p, A a) { p.Shape().Left = a.Number; }},
+    {"shptop", [](P& p, A a) { p.Shape().Top = a.Number; }},
+    {"shpright", [](P& p, A a) { p.Shape().Right = a.Number; }},
+    {"shpbottom", [](P& p, A a) { p.Shape().Bottom = a.Number; }},
+    {"shprslt", BeginShapeResult},
     {"do", Begin<D::Other>},
     {"shptxt", BeginBox},
     {"dptxbxtext", BeginBox},

@@ -255,6 +255,7 @@ void RtfParser::SetPlain() {
   RtfCharProps plain;
   plain.Link = State().Chars.Link;
   State().Chars = plain;
+  State().IsRightToLeft = false;
   State().CodePage = header_.CodePageOf(-1);
 }
 

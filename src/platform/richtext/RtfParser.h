@@ -64,6 +64,8 @@ enum class RtfBorderOf : unsigned char { Nothing, Paragraph, Cell, Row, Page };
 
 struct RtfState {
   RtfCharProps Chars;
+  RtfCharProps LeftToRight;  // what holds again behind letters that run from right to left
+  bool IsRightToLeft = false;
   RtfParaProps Para;
   RtfDestination Destination = RtfDestination::Body;
   RtfDestination Outer = RtfDestination::Body;  // of what is told twice
@@ -106,6 +108,12 @@ class RtfParser {
     bool IsGiven = false;
   };
   ColourParts& Colour() { return colour_; }
+  // A shape on the page. Its places are twips, and mean nothing in a group of shapes.
+  struct ShapeParts {
+    int Left = 0, Top = 0, Right = 0, Bottom = 0;
+    bool IsShown = false;  // its text or picture came
+  };
+  ShapeParts& Shape() { return shape_; }
   RtfFont& Font() { return font_; }
   RtfPicture& Picture() { return picture_; }
   RtfList& List() { return list_; }
@@ -231,6 +239,7 @@ class RtfParser {
   RtfPicture picture_;
   int pictureCount_ = 0;
   bool hasShapePicture_ = false;
+  ShapeParts shape_;
   RtfCellProps nextCell_;
   RtfBorderOf borderOwner_ = RtfBorderOf::Nothing;
   size_t borderSide_ = 0;

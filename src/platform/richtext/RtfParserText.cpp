@@ -255,7 +255,17 @@ void RtfParser::EndPicture() {
   std::swap(picture, picture_);
   if (State().Chars.IsHidden || pictureCount_ >= kMostPictures) return;
   const RtfPictureDecoder::Result decoded = pictures_.Decode(picture);
-  InsertPicture(decoded.Image, decoded.Width, decoded.Height, 0);
+  double width = decoded.Width;
+  double height = decoded.Height;
+  if (IsIn(RtfDestination::ShapeValue)) {  // it fills its shape
+    shape_.IsShown = true;
+    const double shapeWidth = static_cast<double>(shape_.Right) - shape_.Left;
+    const double shapeHeight = static_cast<double>(shape_.Bottom) - shape_.Top;
+    const bool hasSize = shapeWidth > 0 && shapeHeight > 0;
+    if (hasSize) width = std::min<double>(shapeWidth, kLargestObject);
+    if (hasSize) height = std::min<double>(shapeHeight, kLargestObject);
+  }
+  InsertPicture(decoded.Image, width, height, 0);
 }
 
 void RtfParser::InsertPicture(const QImage& image, double width, double height, int objectId) {
