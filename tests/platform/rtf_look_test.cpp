@@ -41,8 +41,13 @@ const CharRow kCharacters[] = {
     {"NoSuper", "\\super a\\nosupersub x",
      [](const F& f) { return f.verticalAlignment() == F::AlignNormal; }},
     {"Size", "\\fs28 x", [](const F& f) { return f.fontPointSize() == 14; }},
+    {"SizeOfNothing", "\\fs40\\fs0 x", [](const F& f) { return f.fontPointSize() == 12; }},
     {"UsualSize", "x", [](const F& f) { return f.fontPointSize() == 12; }},
     {"Font", "\\f1 x", [](const F& f) { return f.fontFamilies().toStringList().first() == u"Courier New"; }},
+    {"FontOfTheAuthorsSystem", "{\\fonttbl{\\f20 Helvetica;}}\\f20 x",
+     [](const F& f) { return f.fontFamilies().toStringList().first() == u"Arial"; }},
+    {"FontNotDescribed", "\\f99 x",
+     [](const F& f) { return f.fontFamilies().toStringList().first() == u"Times New Roman"; }},
     {"DefaultFont", "x", [](const F& f) { return f.fontFamilies().toStringList().first() == u"Arial"; }},
     {"Colour", "\\cf2 x", [](const F& f) { return f.foreground().color() == QColor(0, 128, 0); }},
     {"AutomaticColour", "\\cf0 x", [](const F& f) { return f.foreground().style() == Qt::NoBrush; }},
@@ -54,7 +59,7 @@ const CharRow kCharacters[] = {
      [](const F& f) { return f.fontWeight() != QFont::Bold && !f.fontItalic() && f.fontPointSize() == 12; }},
     {"OtherFontName", "{\\fonttbl{\\f20 Nowhere{\\*\\falt Courier New};}}\\f20 x",
      [](const F& f) {
-       return f.fontFamilies().toStringList() == QStringList({"Nowhere", "Courier New"});
+       return f.fontFamilies().toStringList() == QStringList({"Courier New", "Arial", "Nowhere"});
      }},
     {"UnderlineColour", "\\ul\\ulc1 x", [](const F& f) { return f.underlineColor() == QColor(255, 0, 0); }},
     {"QuarterGrey", "\\chshdng2500 x",
@@ -310,6 +315,21 @@ TEST(RtfTables, HaveRowsOfTheirHeight) {
   };
   EXPECT_NEAR(top("after") - page.Document->rootFrame()->frameFormat().topMargin(), 200, 12);
   EXPECT_GT(top("x"), 70);
+}
+
+TEST(RtfTables, KeepTheSpacesAroundThemAndInTheirCells) {
+  const auto top = [](const QByteArray& before, const QByteArray& within, const QByteArray& behind) {
+    const RichPage page = ReadBody("\\pard" + before + " a\\par\\trowd\\cellx3000\\pard\\intbl" + within +
+                                   " b\\cell\\row\\pard" + behind + " c\\par");
+    page.Document->setTextWidth(500);
+    return page.Document->documentLayout()->blockBoundingRect(BlockOf(page, "c")).top();
+  };
+  const double bare = top("", "", "");
+  EXPECT_NEAR(top("\\sb300", "", "") - bare, 20, 0.5);
+  EXPECT_NEAR(top("\\sa300", "", "") - bare, 20, 0.5);
+  EXPECT_NEAR(top("", "\\sb150", "") - bare, 10, 0.5);
+  EXPECT_NEAR(top("", "\\sa150", "") - bare, 10, 0.5);
+  EXPECT_NEAR(top("", "", "\\sb300") - bare, 20, 0.5);
 }
 
 TEST(RtfTables, TakeTheirShareOfTheWidthOrTheirCellsWidths) {

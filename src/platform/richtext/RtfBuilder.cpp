@@ -64,9 +64,23 @@ const QTextBlockFormat& RtfBuilder::FormatBehindLast(const RtfParaProps& props) 
   return spaced_;
 }
 
+// A document drops the space of a paragraph at the edge of a frame, a page doesn't: that behind a table
+// becomes the table's. That in a cell is the cell's, and that at the top of the page the page's.
+void RtfBuilder::PutSpaceAbove(int twips) {
+  if (twips <= 0) return;
+  if (lastTable_ != nullptr) {
+    QTextTableFormat format = lastTable_->format();
+    format.setBottomMargin(std::max(format.bottomMargin(), formats_.Metrics().Pixels(twips)));
+    lastTable_->setFormat(format);
+  } else if (cursor_.position() == 0) {
+    spaceAtTop_ = twips;
+  }
+}
+
 void RtfBuilder::InsertParagraph(const RtfParagraph& paragraph) {
   const QTextBlockFormat& blockFormat =
       isAtFreshBlock_ ? formats_.BlockFormat(paragraph.Props) : FormatBehindLast(paragraph.Props);
+  if (isAtFreshBlock_) PutSpaceAbove(RtfFormats::SpaceBefore(paragraph.Props));
   last_ = paragraph.Props;
   hasLast_ = true;
   const QTextCharFormat& endFormat = formats_.CharFormat(paragraph.EndFormat);
@@ -143,26 +157,29 @@ void RtfBuilder::InsertTable(const RtfTable& table) {
 void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
   RtfTableGrid grid(table, first, count);
   grid.StretchRows(formats_);
+  QTextTableFormat format = grid.Format(formats_);
+  if (hasLast_ && !isAtFreshBlock_)
+    format.setTopMargin(format.topMargin() + formats_.Metrics().Pixels(RtfFormats::SpaceAfter(last_)));
   if (++tables_ > kMostTables || grid.ColumnCount() == 0) {
     InsertAsText(table, first, count);
     return;
   }
-  QTextTable* const made =
-      cursor_.insertTable(static_cast<int>(count), grid.ColumnCount(), grid.Format(formats_));
+  QTextTable* const made = cursor_.insertTable(static_cast<int>(count), grid.ColumnCount(), format);
   for (const RtfGridCell& cell : grid.Cells()) {
     mergeWork_ += static_cast<long long>(count) * grid.ColumnCount();
     if ((cell.RowSpan > 1 || cell.ColumnSpan > 1) && mergeWork_ < kMostMergeWork) {
       made->mergeCells(cell.Row, cell.Column, cell.RowSpan, cell.ColumnSpan);
     }
     QTextTableCell target = made->cellAt(cell.Row, cell.Column);
-    QTextCharFormat format = EmptyLineFont(cell.Content);
-    format.merge(grid.CellFormat(cell, formats_));
-    target.setFormat(format);
+    QTextCharFormat cellFormat = EmptyLineFont(cell.Content);
+    cellFormat.merge(grid.CellFormat(cell, formats_));
+    target.setFormat(cellFormat);
     if (cell.Content != nullptr) InsertCell(*cell.Content, target.firstCursorPosition());
   }
   cursor_.setPosition(made->lastPosition() + 1);
   isAtFreshBlock_ = true;
   hasLast_ = false;
+  lastTable_ = made;
 }
 
 // The format of a cell gives its first line its height when that has no text.
@@ -180,6 +197,7 @@ void RtfBuilder::InsertCell(const RtfCell& cell, const QTextCursor& at) {
   cursor_ = at;
   isAtFreshBlock_ = true;
   hasLast_ = false;
+  lastTable_ = nullptr;
   for (const RtfBlock& block : cell.Blocks)
     Insert(block);
   if (!cell.Blocks.empty() && isAtFreshBlock_) FlattenBlock();

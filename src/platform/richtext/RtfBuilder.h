@@ -6,6 +6,7 @@
 #include "platform/richtext/RtfModel.h"
 
 #include <QTextCursor>
+#include <QTextTable>
 #include <vector>
 
 class RtfBuilder {
@@ -19,6 +20,9 @@ class RtfBuilder {
   // No more will come. Before it the document's positions are not final.
   void Finish();
 
+  // Above the first paragraph of the page, twips; final after Finish.
+  int SpaceAtTop() const { return spaceAtTop_; }
+
  private:
   void InsertTable(const RtfTable& table);
   void InsertRows(const RtfTable& table, size_t first, size_t count);
@@ -29,6 +33,7 @@ class RtfBuilder {
   void InsertSpans(const RtfParagraph& paragraph);
   void InsertWithLeaders(const RtfParagraph& paragraph);
   const QTextBlockFormat& FormatBehindLast(const RtfParaProps& props);
+  void PutSpaceAbove(int twips);
 
   RichPage& page_;
   RtfFormats& formats_;
@@ -36,6 +41,8 @@ class RtfBuilder {
   bool isAtFreshBlock_ = true;  // the cursor stands in an empty block that nobody asked for
   RtfParaProps last_;           // of the paragraph right above, if there is one
   bool hasLast_ = false;
+  QTextTable* lastTable_ = nullptr;  // that the fresh block stands behind
+  int spaceAtTop_ = 0;
   QTextBlockFormat spaced_;
   int tables_ = 0;
   long long mergeWork_ = 0;

@@ -34,6 +34,12 @@ void Shade(P& parser, A argument) {
 }
 
 constexpr int kTwipsPerQuarterPoint = 5;
+constexpr int kUsualSize = 24;  // half points
+
+// A size of nothing is what writers say for the usual one.
+void SetSize(P& parser, A argument) {
+  Chars(parser).HalfPoints = argument.Number > 0 ? argument.Number : kUsualSize;
+}
 
 // A run tells its look for letters of both directions, the one that holds last.
 void BeginRightToLeft(P& parser, A) {
@@ -92,7 +98,7 @@ constexpr RtfWord kWords[] = {
     {"nosupersub", [](P& p, A) { Chars(p).Script = RtfScript::Normal; }},
     {"up", [](P& p, A a) { Chars(p).Rise = a.Or(6); }},
     {"dn", [](P& p, A a) { Chars(p).Rise = a.Or(6) > 1000 ? -1000 : -a.Or(6); }},
-    {"fs", Set<&RtfCharProps::HalfPoints, 24>},
+    {"fs", SetSize},
     {"cf", Set<&RtfCharProps::Colour, 0>},
     {"cb", Shade<&RtfShade::Back>},
     {"chcbpat", Shade<&RtfShade::Back>},
@@ -112,7 +118,7 @@ constexpr RtfWord kWords[] = {
     {"rtlch", BeginRightToLeft},
     {"ltrch", EndRightToLeft},
     {"af", InRightToLeft<SetFont>},
-    {"afs", InRightToLeft<Set<&RtfCharProps::HalfPoints, 24>>},
+    {"afs", InRightToLeft<SetSize>},
     {"ab", InRightToLeft<Switch<&RtfCharProps::IsBold>>},
     {"ai", InRightToLeft<Switch<&RtfCharProps::IsItalic>>},
 };

@@ -19,6 +19,7 @@ class RtfFlow {
   void AddPlace(const QString& name);
 
   bool IsParagraphEmpty() const { return paragraph_.Text.isEmpty(); }
+  bool IsParagraphBlank() const { return paragraph_.Text.trimmed().isEmpty(); }
   bool HasListText() const { return paragraph_.HasListText; }
   void SetHasListText() { paragraph_.HasListText = true; }
 

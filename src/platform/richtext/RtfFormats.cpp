@@ -2,6 +2,7 @@
 
 #include "platform/richtext/SymbolFonts.h"
 
+#include <QFontInfo>
 #include <QPen>
 #include <QTextOption>
 #include <algorithm>
@@ -15,10 +16,48 @@ constexpr size_t kMostFormats = 4096;
 constexpr int kLongestIndent = 31680;  // twips, 22 inches
 constexpr int kAutomaticSpace = 280;   // twips, as between the paragraphs of a web page
 constexpr int kMostSpacing = 1440;     // twips between two characters
-constexpr int kLargestSize = 800;      // half points
+const QString kSans = QStringLiteral("Arial"), kSerif = QStringLiteral("Times New Roman");
+constexpr qsizetype kMostKnownFamilies = 1000;
+constexpr int kLargestSize = 800;  // half points
 
 int Held(int twips) {
   return std::clamp(twips, -kLongestIndent, kLongestIndent);
+}
+
+// Fonts that the authors' system never had and showed by others, whose widths their pages are made for.
+QString FamilyOf(const QString& name) {
+  static const QHash<QString, QString> families = {
+      {QStringLiteral("times"), QStringLiteral("Times New Roman")},
+      {QStringLiteral("tms rmn"), QStringLiteral("Times New Roman")},
+      {QStringLiteral("helvetica"), QStringLiteral("Arial")},
+      {QStringLiteral("helv"), QStringLiteral("Arial")},
+      {QStringLiteral("courier"), QStringLiteral("Courier New")},
+  };
+  return families.value(name.toLower(), name);
+}
+
+// Whether the desktop has the family or one that it takes for it, not just what it takes for any name.
+bool IsKnownFamily(const QString& name) {
+  static const QString any = QFontInfo(QFont(QStringLiteral("a family of no font"))).family();
+  static QHash<QString, bool> known;
+  const auto found = known.constFind(name);
+  if (found != known.constEnd()) return *found;
+  if (known.size() >= kMostKnownFamilies) return true;
+  const bool isKnown = QFontInfo(QFont(name)).family() != any;
+  known.insert(name, isKnown);
+  return isKnown;
+}
+
+// The families to try for a font, the best first. Of several the desktop looks only at the first for one
+// that it takes for it, so what it doesn't know goes to the end.
+QStringList FamiliesOf(const RtfFont& font) {
+  QStringList known;
+  QStringList unknown;
+  for (const QString& name : {FamilyOf(font.Name), font.OtherName, font.Fallback, kSans}) {
+    if (!name.isEmpty() && !known.contains(name) && !unknown.contains(name))
+      (name == kSans || IsKnownFamily(name) ? known : unknown) << name;
+  }
+  return known + unknown;
 }
 
 QTextCharFormat::UnderlineStyle StyleOf(RtfUnderline underline) {
@@ -127,14 +166,11 @@ QTextCharFormat RtfFormats::MakeCharFormat(const RtfCharProps& props) const {
 void RtfFormats::SetFont(QTextCharFormat& format, const RtfCharProps& props) const {
   const int number = props.Font < 0 ? header_.DefaultFont : props.Font;
   const auto font = header_.Fonts.find(number);
-  QStringList families;
-  // The characters of a symbol font were turned into Unicode: its glyphs would be the wrong ones.
-  if (font != header_.Fonts.end() && !IsSymbolCodePage(font->second.CodePage)) {
-    if (!font->second.Name.isEmpty()) families << font->second.Name;
-    if (!font->second.OtherName.isEmpty()) families << font->second.OtherName;
-    if (!font->second.Fallback.isEmpty()) families << font->second.Fallback;
+  QStringList families{kSerif};  // what word processors take for a font that the page doesn't describe
+  if (font != header_.Fonts.end()) {
+    // The characters of a symbol font were turned into Unicode: its glyphs would be the wrong ones.
+    families = IsSymbolCodePage(font->second.CodePage) ? QStringList{kSans} : FamiliesOf(font->second);
   }
-  if (families.isEmpty()) families << QStringLiteral("Arial");
   format.setFontFamilies(families);
   const double points = std::clamp(props.HalfPoints, 2, kLargestSize) / 2.0;
   format.setFontPointSize(std::max(metrics_.PointSize(points), 0.5));

@@ -327,7 +327,7 @@ void RtfParser::SetUpDocument() {
   document.setDefaultTextOption(option);
   QTextFrameFormat frame = document.rootFrame()->frameFormat();
   frame.setLeftMargin(metrics_.Pixels(header_.Margins.Left));
-  frame.setTopMargin(metrics_.Pixels(header_.Margins.Top));
+  frame.setTopMargin(metrics_.Pixels(header_.Margins.Top + builder_.SpaceAtTop()));
   frame.setRightMargin(metrics_.Pixels(header_.Margins.Right));
   frame.setBottomMargin(metrics_.Pixels(header_.Margins.Bottom));
   SetPageBorder(frame);

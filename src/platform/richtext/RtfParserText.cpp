@@ -56,8 +56,9 @@ void RtfParser::SendText(const QString& text) {
   switch (state.Destination) {
     case RtfDestination::Body:
       if (state.Chars.IsHidden || text.isEmpty()) return;
-      if ((state.Para.List > 0 || state.Para.OldList > 0) && flow_.IsParagraphEmpty() &&
-          !flow_.HasListText()) {
+      // Blanks alone may stand in front of the number that the page brings.
+      if ((state.Para.List > 0 || state.Para.OldList > 0) && !flow_.HasListText() &&
+          flow_.IsParagraphBlank() && !text.trimmed().isEmpty()) {
         AddGeneratedListText();
       }
       if (state.Field >= 0) fields_[static_cast<size_t>(state.Field)].HasShown = true;

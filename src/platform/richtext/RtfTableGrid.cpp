@@ -221,6 +221,16 @@ double RtfTableGrid::Padding(const RtfGridCell& cell, RtfSide side, const RtfFor
   return formats.Metrics().Pixels(std::clamp(told, 0, kUsualCell));
 }
 
+// The space above the first or below the last paragraph of a cell: the document drops what stands there.
+double RtfTableGrid::EdgeSpace(const RtfGridCell& cell, RtfSide side, const RtfFormats& formats) {
+  if (cell.Content == nullptr || cell.Content->Blocks.empty()) return 0;
+  const bool isTop = side == kTopSide;
+  const RtfBlock& block = isTop ? cell.Content->Blocks.front() : cell.Content->Blocks.back();
+  if (block.Table) return 0;
+  const RtfParaProps& props = block.Paragraph.Props;
+  return formats.Metrics().Pixels(isTop ? RtfFormats::SpaceBefore(props) : RtfFormats::SpaceAfter(props));
+}
+
 // About how high the text of a cell comes out. A table in it counts as higher than any row.
 double RtfTableGrid::ContentHeight(const RtfGridCell& cell, const RtfFormats& formats) const {
   constexpr double kLineHeight = 1.15, kLetterWidth = 0.5;  // of the letters' height
@@ -293,11 +303,12 @@ QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfForma
   format.setTopBorder(BorderPixels(top, formats));
   format.setTopBorderStyle(StyleOf(top));
   format.setTopBorderBrush(brush(top));
-  format.setTopPadding(Padding(cell, kTopSide, formats) + above);
+  format.setTopPadding(Padding(cell, kTopSide, formats) + EdgeSpace(cell, kTopSide, formats) + above);
   format.setBottomBorder(BorderPixels(bottom, formats));
   format.setBottomBorderStyle(StyleOf(bottom));
   format.setBottomBorderBrush(brush(bottom));
-  format.setBottomPadding(Padding(cell, kBottomSide, formats) + cell.Missing - above);
+  format.setBottomPadding(Padding(cell, kBottomSide, formats) + EdgeSpace(cell, kBottomSide, formats) +
+                          cell.Missing - above);
   format.setVerticalAlignment(VerticalOf(cell.Props.Vertical));
   const QColor own = header.ColourOf(cell.Props.Shade);
   const QColor back = own.isValid() ? own : header.ColourOf(cell.RowProps->Shade);

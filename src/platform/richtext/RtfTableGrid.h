@@ -45,6 +45,7 @@ class RtfTableGrid {
   QList<QTextLength> ColumnWidths(const RtfFormats& formats) const;
   double ContentHeight(const RtfGridCell& cell, const RtfFormats& formats) const;
   static double Padding(const RtfGridCell& cell, RtfSide side, const RtfFormats& formats);
+  static double EdgeSpace(const RtfGridCell& cell, RtfSide side, const RtfFormats& formats);
   static double BorderPixels(const RtfBorder& border, const RtfFormats& formats);
 
   std::vector<RtfRowProps> rows_;  // with a description for every cell
