@@ -7,7 +7,8 @@ set -euo pipefail
 packages_of() {
   case "$1" in
     build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation ;;
-    players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev ;;
+    players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev \
+      qt6-webengine-dev; command -v npm >/dev/null || echo npm ;;
     test) echo libgtest-dev strace; packages_of visit ;;
     bench) echo libbenchmark-dev libx11-dev unrtf ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;
@@ -18,6 +19,14 @@ packages_of() {
   esac
 }
 
+install() {
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  echo "Installing: $*"
+  "${as_root[@]}" apt-get update -q
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "$@"
+}
+
 missing=()
 for group in "$@"; do
   for package in $(packages_of "$group"); do
@@ -25,11 +34,9 @@ for group in "$@"; do
     [ "$state" = installed ] || missing+=("$package")
   done
 done
-[ ${#missing[@]} -eq 0 ] && exit 0
+[ ${#missing[@]} -eq 0 ] || install "${missing[@]}"
 
-as_root=()
-[ "$(id -u)" -eq 0 ] || as_root=(sudo)
-echo "Installing: ${missing[*]}"
-"${as_root[@]}" apt-get update -q
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-  apt-get install -y -q --no-install-recommends "${missing[@]}"
+# What plays Flash movies is no package of Debian's.
+case " $* " in
+  *" players "*) "$(dirname "$0")/get_flash_player.py" ;;
+esac

@@ -95,6 +95,7 @@ class Visit:
             if not behind_test:
                 self.desktop.key("Right")
             wait_for(lambda: self.recorded(module, page), f"page {page} of {module}")
+            visit_movies.pass_by(self, module, page)
             behind_test = page in read_courses(self.store)[COURSE].modules[module].tests
             if behind_test:
                 TestVisit(self).meet(module, page)

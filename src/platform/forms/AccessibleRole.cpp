@@ -10,7 +10,8 @@ namespace {
 
 constexpr const char* kRole = "accessibleRole";
 
-QAccessibleInterface* InterfaceOfRole(const QString&, QObject* object) {
+QAccessibleInterface* InterfaceOfRole(const QString& className, QObject* object) {
+  if (!HasTypeInformation(className)) return nullptr;
   auto* widget = qobject_cast<QWidget*>(object);
   const QVariant role = widget == nullptr ? QVariant() : widget->property(kRole);
   // A skinned button has an accessible side of its own, which takes the role from here.
@@ -19,6 +20,12 @@ QAccessibleInterface* InterfaceOfRole(const QString&, QObject* object) {
 }
 
 }  // namespace
+
+bool HasTypeInformation(const QString& className) {
+  // The names of an object's classes come one after the other, its own first.
+  return !className.startsWith(QStringLiteral("QtWebEngine")) && className != QStringLiteral("QQuickItem") &&
+         className != QStringLiteral("QObject");
+}
 
 QAccessible::Role AccessibleRoleOf(const QWidget& widget, QAccessible::Role otherwise) {
   const QVariant role = widget.property(kRole);

@@ -7,3 +7,7 @@
 void SetAccessibleRole(QWidget& widget, QAccessible::Role role);
 // The role that was set, or the other one.
 QAccessible::Role AccessibleRoleOf(const QWidget& widget, QAccessible::Role otherwise);
+
+// Whether a factory of accessible sides may look at the object of a class: all objects of the program pass
+// by, and those of the web engine carry no type information, so that a look at one ends the program.
+bool HasTypeInformation(const QString& className);

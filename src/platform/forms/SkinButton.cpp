@@ -36,8 +36,8 @@ class AccessibleButton final : public QAccessibleWidget {
   SkinButton* button_;
 };
 
-QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
-  auto* button = dynamic_cast<SkinButton*>(object);
+QAccessibleInterface* MakeAccessible(const QString& className, QObject* object) {
+  auto* button = HasTypeInformation(className) ? dynamic_cast<SkinButton*>(object) : nullptr;
   return button != nullptr ? new AccessibleButton(button) : nullptr;
 }
 

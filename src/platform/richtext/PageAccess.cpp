@@ -1,5 +1,6 @@
 #include "platform/richtext/PageAccess.h"
 
+#include "platform/forms/AccessibleRole.h"
 #include "platform/richtext/TextControl.h"
 
 #include <QAccessible>
@@ -179,8 +180,8 @@ class PageAccess final : public QAccessibleWidget, public QAccessibleTextInterfa
   mutable const QTextDocument* document_ = nullptr;
 };
 
-QAccessibleInterface* MakePageAccess(const QString&, QObject* object) {
-  auto* page = dynamic_cast<TextControl*>(object);
+QAccessibleInterface* MakePageAccess(const QString& className, QObject* object) {
+  auto* page = HasTypeInformation(className) ? dynamic_cast<TextControl*>(object) : nullptr;
   return page != nullptr ? new PageAccess(*page) : nullptr;
 }
 

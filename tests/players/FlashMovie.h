@@ -1,0 +1,11 @@
+// A Flash movie of a test: empty frames, each of which may give the program a command.
+#pragma once
+
+#include <QByteArray>
+#include <utility>
+#include <vector>
+
+using FlashCommands = std::vector<std::pair<QByteArray, QByteArray>>;
+
+// The bytes of a movie of 200 by 100 pixels, ten frames a second, with one frame for each entry.
+QByteArray FlashMovie(const std::vector<FlashCommands>& frames);

@@ -1,0 +1,142 @@
+// The real Flash player on the pages of a small course. The web engine lives in processes and a time of its
+// own, so these tests wait for it.
+#include <QFile>
+#include <QLibrary>
+#include <QTest>
+#include <filesystem>
+
+#include "platform/forms/PictureBox.h"
+#include "platform/forms/Screen.h"
+#include "platform/movies/MoviePlayer.h"
+#include "platform/movies/PlayerPlugins.h"
+#include "players/FlashMovie.h"
+#include "support/Program.h"
+
+namespace {
+
+constexpr int kPatience = 120000;  // ms; the engine starts slowly on a busy machine
+const QString kPlugin = QStringLiteral(TALLOWMERE_PLAYERS "/flash.so");
+const QString kClass = QStringLiteral("ShockwaveFlash.ShockwaveFlash.11");
+
+class FlashTest : public ProgramTest {
+ protected:
+  // The web engine starts once in a process. A plugin that is linked into the folder of a test is the one
+  // that lies here, and is loaded already.
+  static void SetUpTestSuite() {
+    static QLibrary plugin(kPlugin);
+    if (!plugin.load()) qFatal("%s", qPrintable(plugin.errorString()));
+  }
+
+  FlashTest() {
+    Link(kPlugin, "players/flash.so");
+    Link(TALLOWMERE_FLASH_REGISTRY, "registry/flash.reg");
+    store.AddCourse("Cash desk", "rt0101");
+    store.AddModule("rt0101", "Movies", {"0001.txm*Topic*Start", "0002.txm*Page*", "0003.txm*Page*"});
+    store.Write("rt0101/0002.txm",
+                QByteArray(30, '#') +
+                    "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs24 Watch:\\par"
+                    "{\\object\\objemb\\objw6000\\objh3000{\\*\\objname till.swf,400}}\\par}");
+  }
+
+  void Link(const QString& file, const QString& name) const {
+    const std::filesystem::path target = store.Path(name).toStdString();
+    std::filesystem::create_directories(target.parent_path());
+    std::filesystem::create_hard_link(file.toStdString(), target);
+  }
+  QString Movie(const QByteArray& bytes) const {
+    const QString name = "rt0101/Movies/till.swf";
+    store.Write(name, bytes);
+    return store.Path(name);
+  }
+
+  template <typename Condition>
+  static bool Await(Condition condition) {
+    return QTest::qWaitFor(condition, kPatience);
+  }
+
+  // A player of its own on a form, with the commands that its movie has given.
+  struct Watched {
+    explicit Watched(QWidget& container) : Player(&AddPlayer(container, kClass, "ShockwaveFlash1")) {
+      Player->Command = [this](const QString& command, const QString& arguments) {
+        Commands.append(command + QLatin1Char(' ') + arguments);
+      };
+    }
+    std::unique_ptr<MoviePlayer> Player;
+    QStringList Commands;
+  };
+};
+
+TEST_F(FlashTest, MovieThatTellsItsSizeShowsInIt) {
+  Movie(FlashMovie({{{"other", "1x1"}, {"size", "320"}, {"size", "320x160"}}, {}, {}}));
+  Form1& screen = ReadAs("Ann", "Lee");
+  Gui::Key(screen, Qt::Key_Right);
+  auto* player = Gui::Find<MoviePlayer>(screen, "ShockwaveFlash1");
+  auto* frame = Gui::Find<PictureBox>(screen, "ImageFrame");
+  EXPECT_FALSE(player->isVisible());
+  ASSERT_TRUE(Await([&] { return player->isVisible(); }));
+  EXPECT_EQ(player->size(), QSize(320, 160));
+  EXPECT_EQ(frame->Width(), 320 * Screen::TwipsPerPixelX());
+  EXPECT_EQ(frame->Height(), 160 * Screen::TwipsPerPixelY());
+
+  const QPointer<QWidget> gone(player);
+  Gui::Key(screen, Qt::Key_Right);
+  Gui::Settle();
+  EXPECT_TRUE(gone.isNull());
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(FlashTest, HeldMovieRunsTheCommandsOfItsFirstFrameOnly) {
+  const QString file =
+      Movie(FlashMovie({{{"frame", "1"}}, {{"frame", "2"}}, {{"frame", "3"}}, {{"end", ""}}}));
+  QWidget window;
+  window.show();
+  Watched held(window), free(window);
+  held.Player->SetMovie(file);
+  held.Player->Stop();
+  free.Player->SetMovie(file);
+  ASSERT_TRUE(Await([&] { return !held.Commands.isEmpty() && free.Commands.contains("end "); }));
+  EXPECT_EQ(held.Commands, QStringList{"frame 1"});
+  held.Player->Play();
+  ASSERT_TRUE(Await([&] { return held.Commands.contains("end "); }));
+  EXPECT_EQ(held.Commands.mid(0, 4), (QStringList{"frame 1", "frame 2", "frame 3", "end "}));
+}
+
+TEST_F(FlashTest, FileThatIsNoMovieShowsNothing) {
+  const QByteArray good = FlashMovie({{{"size", "200x100"}}, {}});
+  const std::vector<std::pair<const char*, QByteArray>> files = {
+      {"empty", ""},
+      {"another kind", "\x89PNG\r\n\x1a\n0123456789"},
+      {"cut off in its head", good.left(12)},
+      {"cut off in a tag", good.left(good.size() - 30)},
+      {"says it is packed", "CWS" + good.mid(3)},
+      {"noise behind the head", good.left(21) + QByteArray(5000, '\xC3')}};
+  QWidget window;
+  window.show();
+  Watched player(window);
+  player.Player->SetMovie(store.Path("rt0101/Movies/missing.swf"));
+  for (const auto& [what, bytes] : files)
+    player.Player->SetMovie(Movie(bytes));
+  // The player has got over each of them when the next movie plays.
+  for (const auto& [what, bytes] : files) {
+    SCOPED_TRACE(what);
+    player.Player->SetMovie(Movie(bytes));
+    player.Commands.clear();
+    player.Player->SetMovie(Movie(good));
+    ASSERT_TRUE(Await([&] { return !player.Commands.isEmpty(); }));
+    EXPECT_EQ(player.Commands, QStringList{"size 200x100"});
+  }
+  EXPECT_FALSE(player.Player->isVisible());
+}
+
+TEST_F(FlashTest, MissingPlayerIsTold) {
+  QFile::remove(store.Path("players/flash.so"));
+  Movie(FlashMovie({{{"size", "320x160"}}}));
+  Form1& screen = ReadAs("Ann", "Lee");
+  Gui::Key(screen, Qt::Key_Right);
+  ASSERT_EQ(messages.Calls().size(), 1U);
+  EXPECT_TRUE(messages.Take().first().startsWith("This page contains a Macromedia Flashmovie."));
+  EXPECT_TRUE(PageText().contains("Watch:"));
+}
+
+}  // namespace
