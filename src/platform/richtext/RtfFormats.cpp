@@ -7,6 +7,7 @@
 #include <QTextOption>
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 namespace {
 
@@ -17,7 +18,7 @@ constexpr int kLongestIndent = 31680;  // twips, 22 inches
 constexpr int kAutomaticSpace = 280;   // twips, as between the paragraphs of a web page
 constexpr int kMostSpacing = 1440;     // twips between two characters
 const QString kSans = QStringLiteral("Arial"), kSerif = QStringLiteral("Times New Roman");
-constexpr qsizetype kMostKnownFamilies = 1000;
+constexpr size_t kMostKnownFamilies = 1000;
 constexpr int kLargestSize = 800;  // half points
 
 int Held(int twips) {
@@ -26,25 +27,26 @@ int Held(int twips) {
 
 // Fonts that the authors' system never had and showed by others, whose widths their pages are made for.
 QString FamilyOf(const QString& name) {
-  static const QHash<QString, QString> families = {
+  static const std::unordered_map<QString, QString> families = {
       {QStringLiteral("times"), QStringLiteral("Times New Roman")},
       {QStringLiteral("tms rmn"), QStringLiteral("Times New Roman")},
       {QStringLiteral("helvetica"), QStringLiteral("Arial")},
       {QStringLiteral("helv"), QStringLiteral("Arial")},
       {QStringLiteral("courier"), QStringLiteral("Courier New")},
   };
-  return families.value(name.toLower(), name);
+  const auto found = families.find(name.toLower());
+  return found == families.end() ? name : found->second;
 }
 
 // Whether the desktop has the family or one that it takes for it, not just what it takes for any name.
 bool IsKnownFamily(const QString& name) {
   static const QString any = QFontInfo(QFont(QStringLiteral("a family of no font"))).family();
-  static QHash<QString, bool> known;
-  const auto found = known.constFind(name);
-  if (found != known.constEnd()) return *found;
+  static std::unordered_map<QString, bool> known;
+  const auto found = known.find(name);
+  if (found != known.end()) return found->second;
   if (known.size() >= kMostKnownFamilies) return true;
   const bool isKnown = QFontInfo(QFont(name)).family() != any;
-  known.insert(name, isKnown);
+  known.emplace(name, isKnown);
   return isKnown;
 }
 
