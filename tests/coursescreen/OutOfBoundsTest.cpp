@@ -124,10 +124,9 @@ TEST_F(OutOfBoundsCourse, APictureOrStyleOfAPageComesFromTheProgramFolderOnly) {
                      "<object data=\"" + form + "\"></object>",
                      "<base href=\"file://" + outside.Folder() + "/\"><img src=\"red.png\" width=600>"};
   for (const QString& source : sources) {
-    bodies += {"<img src=\"" + source + "\" width=600 height=600>",
-               "<table width=600 background=\"" + source + "\"><tr><td>x</td></tr></table>",
-               "<p style=\"background-image: url(" + source + ")\">x</p>",
-               "<ul style=\"list-style-image: url(" + source + ")\"><li>x</li></ul>"};
+    bodies.append("<img src=\"" + source + "\" width=200 height=200><table width=600 background=\"" + source +
+                  "\"><tr><td>x</td></tr></table><p style=\"background-image: url(" + source +
+                  ")\">x</p><ul style=\"list-style-image: url(" + source + ")\"><li>x</li></ul>");
   }
   TextControl& page = Page();
   const auto showsRed = [&](const QString& body) {
@@ -236,7 +235,8 @@ TEST_F(OutOfBoundsCourse, ACodePageIsATableOfTheSystemAndNoFile) {
         "registry/courses.reg",
         Utf8File("REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0]\n\"CodePage\"=\"" +
                  name.replace("\\", "\\\\") + "\"\n"));
-    EXPECT_EQ(LoadInstallation({store.Path("registry")}).size(), 1) << name.left(80).toStdString();
+    const QStringList told = LoadInstallation({store.Path("registry")});
+    EXPECT_TRUE(told.size() == 1 && told[0].startsWith("The code page \"")) << name.left(80).toStdString();
     EXPECT_EQ(CodePageName(), QString(kDefaultCodePage)) << name.left(80).toStdString();
     ExpectUntouched(name);
   }

@@ -21,28 +21,6 @@ TEST(UserStore, NamesInAnyScriptComeBackWhole) {
   }
 }
 
-TEST(UserStore, ANameNeverLeavesTheUserDataFolder) {
-  const LearnerStore store;
-  store.Program.MakeDir("data/Tallowmere Manager 1.0/UserData");
-  const struct {
-    QString First;
-    QString Last;
-  } cases[] = {{"../Ann", "Lee"},
-               {"..\\Ann", "Lee"},
-               {"a/b", "Lee"},
-               {QString(QChar::Null), "Lee"},
-               {QString(256, u'a'), "Lee"}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(ErrorOf([&] { CreateUser(c.First, c.Last, "a@b.c"); }),
-              "The name \"" + LearnerFolder(c.First, c.Last) + "\" cannot be used for a file or folder.");
-    EXPECT_FALSE(UpdateUser(c.First, c.Last, "a@b.c"));
-    EXPECT_EQ(gUserFirstName, "Ann");
-  }
-  for (const char* name : {"..", ".", ""})
-    EXPECT_NE(ErrorOf([&] { ReadUserFile(name); }), "") << name;
-  EXPECT_EQ(ListUsers(), QStringList());
-}
-
 TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
   const struct {
     const char* First;

@@ -5,7 +5,6 @@
 
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
-#include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
 #include "platform/richtext/TextControl.h"
 #include "support/Errors.h"
@@ -39,6 +38,9 @@ TEST_F(HelpTest, EachOpeningShowsItsOwnDocumentAndEveryWayOutHidesTheForm) {
       {"One", [](Form& help) { Gui::Click(help, "Command1"); }},
       {"Two",
        [](Form& help) {
+         Gui::MoveTo(help, "Command1");
+         QTest::mouseMove(help.windowHandle(), QPoint(4, 4));
+         EXPECT_EQ(Gui::Find<SkinButton>(help, "Command1")->Shown(), SkinButton::Look::Off);
          Gui::MoveTo(help, "Command1");  // the pointer gives the focus
          Gui::Key(help, Qt::Key_Return);
        }},

@@ -44,6 +44,15 @@ void Type(const Form& form, const QString& text) {
   }
 }
 
+QStringList TabWalk(const Form& form, int steps) {
+  QStringList names;
+  for (int i = 0; i < steps; ++i) {
+    names.append(form.focusWidget()->objectName());
+    Key(form, Qt::Key_Tab);
+  }
+  return names;
+}
+
 void Settle() {
   QCoreApplication::processEvents();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -28,6 +28,8 @@ void MoveTo(const Form& form, const QString& name);
 void MoveTo(const Form& form, const QPoint& place);  // pixels within the form
 void Key(const Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 void Type(const Form& form, const QString& text);
+// The controls that have the focus, from the one now on, Tab by Tab.
+QStringList TabWalk(const Form& form, int steps);
 
 // Lets everything that is posted be delivered, deletions included.
 void Settle();
