@@ -1,5 +1,7 @@
 #include "Playback.h"
 
+#include <pthread.h>
+
 #include <memory>
 
 #include "FrameConverter.h"
@@ -18,7 +20,11 @@ Playback::Playback(QByteArray path, bool endless, std::function<void(const QImag
       endless_(endless),
       show_(std::move(show)),
       pictures_([this] { PlayPictures(); }),
-      sound_([this] { PlaySound(); }) {}
+      sound_([this] { PlaySound(); }) {
+  // For whoever looks at the threads of the program.
+  pthread_setname_np(pictures_.native_handle(), "movie pictures");
+  pthread_setname_np(sound_.native_handle(), "movie sound");
+}
 
 Playback::~Playback() {
   clock_.End();

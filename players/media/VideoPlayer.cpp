@@ -1,6 +1,7 @@
 #include "VideoPlayer.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QMouseEvent>
 #include <QPainter>
 #include <utility>
@@ -15,6 +16,7 @@ void VideoPlayer::SetMovie(const QString& file) {
   playback_.reset();
   received_ = picture_ = {};
   update();
+  if (!QFileInfo(file).isFile()) return;  // a pipe would keep its reader waiting
   playback_ = std::make_unique<Playback>(QFile::encodeName(file), endless_,
                                          [this](const QImage& picture) { Receive(picture); });
 }
