@@ -157,6 +157,10 @@ TEST_F(MediaTest, TheVideoFillsThePlayerAsItIsTold) {
   ASSERT_TRUE(Await([&] { return IsLike(Picture(player).pixelColor(8, 310), kCaption); }));
   EXPECT_EQ(Picture(player).pixelColor(8, 395), QColor(Qt::red));
   EXPECT_EQ(Picture(player).pixelColor(8, 5), QColor(Qt::red));
+  player.Stop();
+  const QImage held = Picture(player);
+  player.Play();
+  EXPECT_TRUE(Await([&] { return Picture(player) != held; }));
   for (const Fit fit : {Fit::Cover, Fit::Stretch}) {
     player.SetFit(fit);
     EXPECT_TRUE(IsLike(Picture(player).pixelColor(8, 395), kCaption));
