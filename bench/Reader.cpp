@@ -17,12 +17,13 @@ namespace {
 const QString kFirstName = QStringLiteral("Ida"), kLastName = QStringLiteral("Lind");
 const QString kNextButton = QStringLiteral("NextBtn");
 
-void CopyDemoStore(const Store& store) {
+void CopyDemoStore(const Store& store, Reader::Players players) {
   namespace fs = std::filesystem;
   const fs::path demo(TALLOWMERE_DEMO_STORE), copy(store.Path().toStdString());
   for (const auto& entry : fs::directory_iterator(demo)) {
     const fs::path name = entry.path().filename();
     if (name == "tallowmere" || name == "data" || name == "GUIimages") continue;
+    if (name == "players" && players == Reader::Players::Left) continue;
     fs::copy(entry.path(), copy / name, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
   }
 }
@@ -41,8 +42,8 @@ QPoint MiddleOfNext(const Form1& screen) {
 
 }  // namespace
 
-Reader::Reader() {
-  CopyDemoStore(store_);
+Reader::Reader(Players players) {
+  CopyDemoStore(store_, players);
   store_.AddLearner(kFirstName, kLastName);
   FormLife::Begin({});
   messages_.Answer({MsgAnswer::Yes});  // a display of another size will do

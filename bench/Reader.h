@@ -14,8 +14,12 @@ class Form1;
 
 class Reader {
  public:
+  // What lies beside the courses. The web engine behind Flash movies starts once in a process, so that only
+  // one reader of a run can turn to their page with the players there.
+  enum class Players { Left, Copied };
+
   // Starts the program, chooses the first course and signs in.
-  Reader();
+  explicit Reader(Players players = Players::Left);
   ~Reader();
 
   // How many pages can be turned to: all of all courses but the first of each and the test pages, which

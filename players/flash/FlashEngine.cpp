@@ -1,6 +1,8 @@
 #include "FlashEngine.h"
 
 #include <dlfcn.h>
+#include <sched.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QBuffer>
@@ -18,6 +20,7 @@
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
+#include <cstdlib>
 #include <memory>
 
 QT_BEGIN_NAMESPACE
@@ -130,6 +133,18 @@ void Answer(QWebEngineUrlRequestJob& job, const QByteArray& type, std::unique_pt
 }
 
 }  // namespace
+
+bool FlashEngine::HasSandbox() {
+  static const bool has = [] {
+    if (geteuid() == 0) return true;
+    const pid_t child = fork();
+    if (child == 0) _exit(unshare(CLONE_NEWUSER) == 0 ? EXIT_SUCCESS : EXIT_FAILURE);
+    int status = EXIT_FAILURE;
+    return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) &&
+           WEXITSTATUS(status) == EXIT_SUCCESS;
+  }();
+  return has;
+}
 
 FlashEngine& FlashEngine::Start() {
   if (TheEngine() != nullptr) return *TheEngine();

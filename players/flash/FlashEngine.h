@@ -9,6 +9,9 @@
 
 class FlashEngine final {
  public:
+  // Whether this user may have the sandbox in which the engine keeps its pages; where it can't make one, it
+  // ends the program. Root goes without.
+  static bool HasSandbox();
   // Starts the engine at the first call. It ends with the application, and every page of it before that.
   static FlashEngine& Start();
   // The folder of the player's files, beside the plugin.

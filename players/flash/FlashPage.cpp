@@ -69,14 +69,15 @@ class FlashPage::WebPage final : public QWebEnginePage {
   }
 };
 
-bool FlashPage::IsInstalled(QString& reason) {
+bool FlashPage::CanStart(QString& reason) {
   const QDir folder(FlashEngine::Folder());
   for (const QString& file : kFiles) {
     if (folder.exists(file)) continue;
     reason = folder.filePath(file);
     return false;
   }
-  return true;
+  if (!FlashEngine::HasSandbox()) reason = QStringLiteral("sandbox");
+  return FlashEngine::HasSandbox();
 }
 
 FlashPage* FlashPage::Take(QWidget& container) {

@@ -14,8 +14,8 @@ class QWebEngineView;
 
 class FlashPage final : public QObject {
  public:
-  // Whether the files that make up the page are there; the reason names the one that is missing.
-  static bool IsInstalled(QString& reason);
+  // Whether there can be such pages; the reason names the file that is missing, or the sandbox.
+  static bool CanStart(QString& reason);
 
   // A page whose view stands in the container, at no size. Give it back before the container goes.
   static FlashPage* Take(QWidget& container);

@@ -11,7 +11,7 @@ class FlashPlugin final : public QObject, public MoviePlayerPlugin {
 
  public:
   MoviePlayer* MakePlayer(QWidget* container, QString& reason) override {
-    if (!FlashPage::IsInstalled(reason)) return nullptr;
+    if (!FlashPage::CanStart(reason)) return nullptr;
     return new FlashPlayer(container);
   }
 };

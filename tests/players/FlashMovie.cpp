@@ -20,7 +20,8 @@ QByteArray Tagged(Tag tag, const QByteArray& content) {
 }
 
 QByteArray Action(const QByteArray& command, const QByteArray& arguments) {
-  const QByteArray texts = "FSCommand:" + command + '\0' + arguments + '\0';
+  const QByteArray scheme = command.contains(':') ? QByteArray() : QByteArrayLiteral("FSCommand:");
+  const QByteArray texts = scheme + command + '\0' + arguments + '\0';
   return kGetUrl + Bytes(static_cast<quint16>(texts.size())) + texts;
 }
 

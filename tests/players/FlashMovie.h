@@ -1,10 +1,11 @@
-// A Flash movie of a test: empty frames, each of which may give the program a command.
+// A Flash movie of a test: empty frames, each of which may give the program a command, or load something.
 #pragma once
 
 #include <QByteArray>
 #include <utility>
 #include <vector>
 
+// A command and its arguments, or an address and the level that it is to be loaded into ("_level1").
 using FlashCommands = std::vector<std::pair<QByteArray, QByteArray>>;
 
 // The bytes of a movie of 200 by 100 pixels, ten frames a second, with one frame for each entry.
