@@ -80,7 +80,7 @@ bool FlashPage::CanStart(QString& reason) {
   return FlashEngine::HasSandbox();
 }
 
-FlashPage* FlashPage::Take(QWidget& container) {
+FlashPage& FlashPage::Take(QWidget& container) {
   FlashPage* page = std::exchange(Spare(), nullptr);
   if (page == nullptr) {
     Pages().emplace_back(new FlashPage);
@@ -89,7 +89,7 @@ FlashPage* FlashPage::Take(QWidget& container) {
   page->view_->setParent(&container);
   page->view_->setGeometry(0, 0, 1, 1);
   page->view_->show();
-  return page;
+  return *page;
 }
 
 void FlashPage::GiveBack(FlashPage& page) {

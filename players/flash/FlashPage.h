@@ -18,7 +18,7 @@ class FlashPage final : public QObject {
   static bool CanStart(QString& reason);
 
   // A page whose view stands in the container, at no size. Give it back before the container goes.
-  static FlashPage* Take(QWidget& container);
+  static FlashPage& Take(QWidget& container);
   // Ends the movie and its sound. The page may be gone then.
   static void GiveBack(FlashPage& page);
   ~FlashPage() override;

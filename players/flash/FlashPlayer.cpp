@@ -33,15 +33,16 @@ void FlashPlayer::SetMovie(const QString& file) {
   LeavePage();
   QByteArray movie = ReadMovie(file);
   if (movie.isEmpty()) return;
-  page_ = FlashPage::Take(*parentWidget());
-  page_->Command = [this](const QString& command, const QString& arguments) {
+  FlashPage& page = FlashPage::Take(*parentWidget());
+  page_ = &page;
+  page.Command = [this](const QString& command, const QString& arguments) {
     if (Command) Command(command, arguments);
   };
-  page_->Entered = [this] {
+  page.Entered = [this] {
     if (Entered) Entered();
   };
-  setFocusProxy(page_->View());
-  page_->Open(std::move(movie), fit_, backColor_);
+  setFocusProxy(page.View());
+  page.Open(std::move(movie), fit_, backColor_);
   PlacePage();
 }
 
