@@ -1,16 +1,15 @@
 #include "FrameConverter.h"
 
-#include <algorithm>
-
 namespace {
 
-constexpr int kWidest = 16384;  // pixels
+constexpr double kMostPixels = 8192.0 * 4320;
 
-// Wider or narrower than the frame where its pixels are not square.
+// Wider or narrower than the frame where its pixels are not square, as far as that makes a picture.
 int SeenWidth(const AVFrame& frame) {
   const AVRational shape = frame.sample_aspect_ratio;
   if (shape.num <= 0 || shape.den <= 0) return frame.width;
-  return static_cast<int>(std::clamp(frame.width * av_q2d(shape), 1.0, double(kWidest)));
+  const double width = frame.width * av_q2d(shape);
+  return width >= 1 && width * frame.height <= kMostPixels ? static_cast<int>(width) : frame.width;
 }
 
 }  // namespace

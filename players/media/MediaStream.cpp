@@ -1,17 +1,33 @@
 #include "MediaStream.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
 // What is read, by the names of the readers: Windows Media, AVI and MPEG-4. None of them leads elsewhere.
 constexpr const char* kFormats = "asf,avi,mov";
+// The decoders that may be tried on it.
+constexpr const char* kCodecs =
+    "wmv1,wmv2,wmv3,vc1,msmpeg4v1,msmpeg4v2,msmpeg4,mpeg4,h264,msvideo1,msrle,cinepak,indeo3,indeo5,mjpeg,"
+    "rawvideo,wmav1,wmav2,wmapro,wmavoice,mp3float,mp3,aac,ac3,pcm_u8,pcm_s16le,adpcm_ms,adpcm_ima_wav";
 constexpr int64_t kMostPixels = 8192 * 4320;
 constexpr double kUsualFrame = 1 / 15.0;  // seconds, where the file does not tell
 constexpr double kLongestFrame = 60;      // a longer one is damage
 
 int IsEnded(void* ended) {
   return *static_cast<const std::atomic<bool>*>(ended) ? 1 : 0;
+}
+
+// The decoders that look into the file for it get the same limit as ours.
+bool ReadStreamInfo(AVFormatContext& file) {
+  std::vector<AVDictionary*> options(file.nb_streams);
+  for (AVDictionary*& each : options)
+    av_dict_set_int(&each, "max_pixels", kMostPixels, 0);
+  const int result = avformat_find_stream_info(&file, options.data());
+  for (AVDictionary*& each : options)
+    av_dict_free(&each);
+  return result >= 0;
 }
 
 }  // namespace
@@ -27,11 +43,12 @@ bool MediaStream::OpenFile(const QByteArray& path, const std::atomic<bool>& ende
   AVDictionary* options = nullptr;
   av_dict_set(&options, "protocol_whitelist", "file", 0);
   av_dict_set(&options, "format_whitelist", kFormats, 0);
+  av_dict_set(&options, "codec_whitelist", kCodecs, 0);
   const int result = avformat_open_input(&file, ("file:" + path).constData(), nullptr, &options);
   av_dict_free(&options);
   if (result < 0) return false;  // it is freed
   file_.reset(file);
-  return avformat_find_stream_info(file, nullptr) >= 0;
+  return ReadStreamInfo(*file);
 }
 
 void MediaStream::OpenDecoder(AVMediaType type) {

@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr double kLate = 0.25;   // seconds: a picture that late is left out,
-constexpr int kMostLeftOut = 5;  // but not too many in a row
+constexpr double kLate = 0.25;   // seconds: a picture or a sound that late is left out,
+constexpr int kMostLeftOut = 5;  // but of the pictures not too many in a row
 
 }  // namespace
 
@@ -62,12 +62,14 @@ void Playback::PlaySound() {
   while (any) {
     MediaStream stream(path_, AVMEDIA_TYPE_AUDIO, clock_.Ended());
     if (!stream.Opened()) return;
-    if (output == nullptr) output = std::make_unique<SoundOutput>(stream.Decoder());
+    if (output == nullptr) output = std::make_unique<SoundOutput>(stream.Decoder(), clock_.Ended());
     if (!output->Opened()) return;
     any = false;
     while (const AVFrame* frame = stream.NextFrame()) {
       any = true;
-      if (!clock_.WaitUntil(begin + stream.Time() - SoundOutput::kAhead)) return;
+      const double due = begin + stream.Time() - SoundOutput::kAhead;
+      if (!clock_.WaitUntil(due)) return;
+      if (clock_.Now() > due + kLate) continue;  // the picture does not wait for it
       if (!output->Write(*frame)) return;
     }
     begin += stream.End();

@@ -64,6 +64,12 @@ QRectF VideoPlayer::PicturePlace() const {
   return place;
 }
 
+// Taken out of its frame it is done, though it may live on for as long as the event that led there.
+bool VideoPlayer::event(QEvent* event) {
+  if (event->type() == QEvent::ParentChange) playback_.reset();
+  return MoviePlayer::event(event);
+}
+
 void VideoPlayer::paintEvent(QPaintEvent* /*event*/) {
   if (picture_.isNull()) return;  // what lies behind shows until then
   QPainter painter(this);

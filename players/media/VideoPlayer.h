@@ -25,6 +25,7 @@ class VideoPlayer final : public MoviePlayer {
   void Play() override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 

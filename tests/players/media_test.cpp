@@ -1,8 +1,12 @@
 // The player of videos, installed as it is: real files, decoded in its own time.
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QScrollBar>
 
 #include "desktop/Animation_Viewer.h"
@@ -89,6 +93,39 @@ TEST_F(MediaTest, AVideoPlaysOnItsPageAndEndsWithIt) {
   EXPECT_EQ(PageView().viewport()->findChild<QWidget*>("ShockwaveCtl1"), nullptr);
   EXPECT_EQ(Threads(), 0);
   EXPECT_FALSE(ImageFrame().isVisible());
+}
+
+// A server that takes the connection and never answers.
+class MuteServer {
+ public:
+  explicit MuteServer(const QString& path) : socket_(socket(AF_UNIX, SOCK_STREAM, 0)) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, QFile::encodeName(path).constData(), sizeof address.sun_path);
+    listens_ = bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+               listen(socket_, 1) == 0;
+  }
+  ~MuteServer() { close(socket_); }
+  bool Listens() const { return listens_; }
+
+ private:
+  int socket_;
+  bool listens_ = false;
+};
+
+TEST_F(MediaTest, ASoundServerThatHangsHoldsNobodyUp) {
+  const MuteServer server(store.PathBeside("sound"));
+  ASSERT_TRUE(server.Listens());
+  qputenv("PULSE_SERVER", QFile::encodeName("unix:" + store.PathBeside("sound")));
+  Form1& screen = ReadBefore(store.Read(TALLOWMERE_FILM));
+  Gui::Click(screen, "NextBtn");
+  ASSERT_TRUE(Await([] { return ShowsFilm(ImageFrame()); }));
+  EXPECT_EQ(Threads(), 2);  // the sound still waits for an answer
+  QElapsedTimer leaving;
+  leaving.start();
+  Gui::Click(screen, "NextBtn");
+  EXPECT_EQ(Threads(), 0);
+  EXPECT_LT(leaving.elapsed(), 3000);  // the library itself gives up after half a minute
 }
 
 TEST_F(MediaTest, AFileThatIsNoVideoShowsNothingAndLeadsNowhere) {

@@ -35,7 +35,9 @@ bool Serves(const QJsonObject& metaData, const QString& className) {
 
 // The file of the first plugin, by name, that serves the class. Nothing is loaded to find it.
 QString PluginFor(const QString& className) {
-  const QDir folder(ContainedPath(PlayerFolder()));
+  const QString players = ContainedPath(PlayerFolder());
+  if (players.isEmpty()) return {};  // a link that leads elsewhere
+  const QDir folder(players);
   const QStringList files = folder.entryList(QDir::Files, QDir::Name);
   for (const QString& file : files) {
     const QString path = folder.filePath(file);
