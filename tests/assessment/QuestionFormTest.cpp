@@ -108,11 +108,11 @@ TEST_F(QuestionFormTest, APracticeTestOfOneQuestionGoesStraightToCloseAndRecords
 
 TEST_F(QuestionFormTest, TheResultListsTheWrongOnesThatHaveALink) {
   WriteTest("1", {Question("One?", "0>>1>>0", "", "Colours", "rt0102_0002.txm"),
-                  Question("Two?", "0>>1>>0", "", "No link", ""), Question("Three?", "0>>1>>0")});
+                  Question("Two?", "0>>1>>0", "", "No link", ""), Question("Three?", "1>>0>>1")});
   ReadToTheTest();
   TakeTest([this](QuestionForm& form) {
     for (int i = 0; i < 3; ++i) {
-      Answer(form, i == 2 ? QByteArrayList{"Option1(1)"} : QByteArrayList{});
+      Answer(form, i == 2 ? QByteArrayList{"Check1(0)", "Check1(2)"} : QByteArrayList{});
       Gui::Click(form, "Q_But");
     }
     EXPECT_EQ(Text(form, "Label7"),

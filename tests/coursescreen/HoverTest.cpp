@@ -57,6 +57,16 @@ TEST_F(HoverTest, AControlIsLeftOnceWithinATenthOfASecond) {
   EXPECT_EQ(field->left, QStringList{"one"});
 }
 
+TEST_F(HoverTest, TheNextControlTakesThePlaceOfTheOneBefore) {
+  Gui::MoveTo(*field, "one");
+  Gui::MoveTo(*field, "two");
+  clock.Advance(100);
+  EXPECT_EQ(field->MousePointer(), kPointerHand);
+  Gui::MoveTo(*field, QPoint(1, 1));
+  clock.Advance(100);
+  EXPECT_EQ(field->left, QStringList{"two"});
+}
+
 TEST_F(HoverTest, AHiddenControlIsLeftByThePointerAlone) {
   Gui::MoveTo(*field, "one");
   field->one->SetVisible(false);

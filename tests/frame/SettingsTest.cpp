@@ -24,3 +24,11 @@ TEST(Settings, TheCodePageHoldsForTheRegistryItself) {
   ASSERT_NE(root, nullptr);
   EXPECT_EQ(Registry::QueryValue(*root, "Name")->Text, u"Ł"_qs);
 }
+
+TEST(Settings, TheDataMayLieInTheRootOfTheDisk) {
+  const TestProgram program;
+  WriteRegistry(program, "\"DataRoot\"=\"/\"");
+  LoadInstallation({"registry"});
+  SetProgramPaths();
+  EXPECT_EQ(gDriveRoot, "\\");
+}

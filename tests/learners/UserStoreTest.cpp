@@ -21,6 +21,13 @@ TEST(UserStore, NamesInAnyScriptComeBackWhole) {
   }
 }
 
+TEST(UserStore, NobodyIsNotRegistered) {
+  const LearnerStore store;
+  CreateUser("", "", "a@b.c");
+  EXPECT_EQ(store.Program.Names("."), QStringList());
+  EXPECT_EQ(gUserFirstName, "");
+}
+
 TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
   const struct {
     const char* First;

@@ -73,8 +73,7 @@ class StatusTest : public ProgramTest {
 };
 
 TEST_F(StatusTest, ItComesAfterTheSignInWithTheModulesAndTheOverallFigure) {
-  store.AddModule("rt0101", "Customers", {"0001.txm*Topic*Greeting", "0002.txm*Topic*Paying"});
-  store.AddModule("rt0102", "Goods", {"0001.txm*Topic*Returns"});
+  AddTwoModules();
   store.AddCourse("Cash desk", "rt0101rt0102");
   leavesProgress = false;
   store.AddLearner("Ann", "Lee");

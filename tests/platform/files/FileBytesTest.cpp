@@ -46,10 +46,22 @@ TEST(ReadFile, ADeviceHasTheSameLimit) {
 
 TEST(SaveFile, MakesAndReplacesUnderTheNameThatIsThere) {
   const TestProgram program;
+  program.Write(".saving", "half of a file that was longer");  // left by a save that was cut short
   SaveFile("New", "one");
   SaveFile("NEW", "two");
   EXPECT_EQ(program.Names("."), QStringList("New"));
   EXPECT_EQ(program.Read("New"), "two");
+}
+
+TEST(SaveFile, TakesNoFoldersPlaceAndMakesNoFolder) {
+  const TestProgram program;
+  program.Write("folder/inside", "kept");
+  for (const auto& [name, reason] :
+       {std::pair{"folder", "Is a directory"}, {"no/file", "No such file or directory"}}) {
+    EXPECT_EQ(ErrorOf([&path = name] { SaveFile(path, "x"); }),
+              "The file \"" + program.Path(name) + "\" could not be saved: " + reason);
+  }
+  EXPECT_EQ(program.Names("."), QStringList("folder"));
 }
 
 TEST(SaveFile, AFailedSaveLeavesTheOldFileAlone) {
@@ -86,14 +98,6 @@ TEST(SaveFile, AFolderThatCannotBeFlushedIsToldBehindTheReplacement) {
   EXPECT_EQ(program.Names("."), QStringList("Old"));
 }
 
-TEST(SaveFile, WhatASaveCutShortHasLeftIsTakenAway) {
-  const TestProgram program;
-  program.Write(".saving", "half of a file that was longer");
-  SaveFile("New", "whole");
-  EXPECT_EQ(program.Names("."), QStringList("New"));
-  EXPECT_EQ(program.Read("New"), "whole");
-}
-
 TEST(SaveFile, KeepsTheRightsAndTheLinkOfWhatItReplaces) {
   const TestProgram program;
   program.Write("elsewhere/file", "old");
@@ -106,20 +110,6 @@ TEST(SaveFile, KeepsTheRightsAndTheLinkOfWhatItReplaces) {
   struct stat status {};
   ASSERT_EQ(stat(qPrintable(program.Path("elsewhere/file")), &status), 0);
   EXPECT_EQ(status.st_mode & 07777, 0640U);
-}
-
-TEST(SaveFile, AFolderIsNotReplaced) {
-  const TestProgram program;
-  program.Write("folder/inside", "kept");
-  EXPECT_EQ(ErrorOf([] { SaveFile("folder", "x"); }),
-            "The file \"" + program.Path("folder") + "\" could not be saved: Is a directory");
-  EXPECT_EQ(program.Names("."), QStringList("folder"));
-}
-
-TEST(SaveFile, AMissingFolderIsAnError) {
-  const TestProgram program;
-  EXPECT_EQ(ErrorOf([] { SaveFile("no\\file", "x"); }),
-            "The file \"" + program.Path("no/file") + "\" could not be saved: No such file or directory");
 }
 
 TEST(CopyFile, ReplacesAProtectedFileOrALinkAndNotWhatTheLinkLeadsTo) {
