@@ -1,4 +1,4 @@
-"""Sizes of PNG and JPEG pictures, read from their headers."""
+"""PNG and JPEG pictures: their sizes, read from their headers, and their RTF."""
 
 from __future__ import annotations
 
@@ -7,6 +7,7 @@ from pathlib import Path
 
 from .errors import SourceError
 
+TWIPS_PER_PIXEL = 15  # on the page
 PNG_SIGNATURE = b"\x89PNG\r\n\x1a\n"
 JPEG_START = b"\xff\xd8"
 # Start-of-frame markers; C4, C8 and CC in the same range mean something else.
@@ -28,6 +29,18 @@ def read_image(path: Path) -> Image:
     if data.startswith(JPEG_START):
         return Image(data, "jpegblip", *_jpeg_size(path, data))
     raise SourceError(path, "neither a PNG nor a JPEG picture")
+
+
+def picture_group(path: Path, shown: int) -> str:
+    """Return the picture as RTF; `shown` is its width on the page in pixels, 0 for its own."""
+    image = read_image(path)
+    shown = shown or image.width
+    width = shown * TWIPS_PER_PIXEL
+    height = round(shown * image.height / image.width) * TWIPS_PER_PIXEL
+    hexed = image.data.hex()
+    lines = "\r\n".join(hexed[i : i + 128] for i in range(0, len(hexed), 128))
+    return (f"{{\\pict\\{image.blip}\\picw{image.width}\\pich{image.height}"
+            f"\\picwgoal{width}\\pichgoal{height}\r\n{lines}}}")
 
 
 def _jpeg_size(path: Path, data: bytes) -> tuple[int, int]:

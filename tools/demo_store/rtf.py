@@ -6,14 +6,13 @@ from dataclasses import dataclass
 from pathlib import Path
 
 from .errors import SourceError
-from .images import read_image
+from .images import TWIPS_PER_PIXEL, picture_group
 from .layout import Layout
 from .links import LinkTargets
 from .markup import (Block, Bookmark, Box, Columns, Heading, Inline, LineBreak, Link, ListItem,
                      Movie, Page, Paragraph, Picture, Style, Table, Text, Title)
 from .palette import COLOURS, colour_number
 
-TWIPS_PER_PIXEL = 15
 CELL_GAP = 120
 COLUMN_GAP = 240
 LIST_INDENT = 380
@@ -229,14 +228,7 @@ class _Renderer:
         path = self._pictures / picture.name
         if not path.is_file():
             raise SourceError(self._page.where, f"no picture {picture.name}", picture.line)
-        image = read_image(path)
-        shown = picture.width or image.width
-        width = shown * TWIPS_PER_PIXEL
-        height = round(shown * image.height / image.width) * TWIPS_PER_PIXEL
-        hexed = image.data.hex()
-        lines = "\r\n".join(hexed[i : i + 128] for i in range(0, len(hexed), 128))
-        return (f"{{\\pict\\{image.blip}\\picw{image.width}\\pich{image.height}"
-                f"\\picwgoal{width}\\pichgoal{height}\r\n{lines}}}")
+        return picture_group(path, picture.width)
 
     def _movie(self, movie: Movie) -> str:
         return (f"{{\\object\\objemb\\objw{movie.width * TWIPS_PER_PIXEL}"

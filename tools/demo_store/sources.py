@@ -7,9 +7,11 @@ import tomllib
 from pathlib import Path
 
 from .errors import SourceError
+from .markup import Page
 from .model import FIRST_PAGE, PAGE_TYPES, Course, MapLine, Module
 from .page_parser import parse_page
 from .quiz import parse_quiz
+from .raw_page import read_raw_page
 from .text import read_source
 
 MODULE_ID = re.compile(r"[a-z0-9]{6}$")
@@ -39,10 +41,7 @@ def _read_module(folder: Path) -> Module:
         raise SourceError(folder, "no such module")
     module = _read_map(folder)
     for line in module.lines:
-        source = folder / f"{line.stem}.page"
-        if not source.is_file():
-            raise SourceError(folder / "Map.txt", f"{line.page} has no source {source.name}")
-        module.pages[line.page] = parse_page(str(source), read_source(source))
+        module.pages[line.page] = _read_page(folder, line)
         quiz = folder / f"{line.stem}.test"
         if quiz.is_file() != (line.kind == "Test"):
             raise SourceError(quiz, "a page of the type Test, and no other, has a test source")
@@ -50,9 +49,19 @@ def _read_module(folder: Path) -> Module:
             module.quizzes[line.page] = parse_quiz(str(quiz), read_source(quiz))
     stems = {line.stem for line in module.lines}
     for path in folder.iterdir():
-        if path.suffix in (".page", ".test") and path.stem not in stems:
+        if path.suffix in (".page", ".rtf", ".test") and path.stem not in stems:
             raise SourceError(path, "is not in the module's map")
     return module
+
+
+def _read_page(folder: Path, line: MapLine) -> Page:
+    source = folder / f"{line.stem}.page"
+    raw = source.with_suffix(".rtf")
+    if source.is_file() == raw.is_file():
+        raise SourceError(folder / "Map.txt", f"{line.page} has one source, {source.name} or {raw.name}")
+    if raw.is_file():
+        return read_raw_page(str(raw), read_source(raw))
+    return parse_page(str(source), read_source(source))
 
 
 def _read_map(folder: Path) -> Module:

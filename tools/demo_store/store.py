@@ -16,6 +16,7 @@ from .model import Course, Module
 from .page_parser import parse_page
 from .pdf import render_sheet
 from .quiz import quiz_text
+from .raw_page import RawPage
 from .rtf import render
 from .sources import read_courses
 from .text import ansi, crlf, read_source
@@ -139,6 +140,8 @@ class StoreWriter:
         return files
 
     def _render(self, page: Page, layout: Layout, targets: LinkTargets) -> bytes:
+        if isinstance(page, RawPage):
+            return page.render(targets, self._demo / "pictures")
         return render(page, layout, targets, self._demo / "pictures")
 
     def _clear(self, module_ids: list[str]) -> None:
