@@ -94,8 +94,8 @@ class Visit:
         for number, (module, page) in enumerate(pages[1:], start=2):
             if not behind_test:
                 self.desktop.key("Right")
-            wait_for(lambda: self.recorded(module, page), f"page {page} of {module}")
             visit_movies.pass_by(self, module, page)
+            wait_for(lambda: self.recorded(module, page), f"page {page} of {module}")
             behind_test = page in read_courses(self.store)[COURSE].modules[module].tests
             if behind_test:
                 TestVisit(self).meet(module, page)

@@ -27,7 +27,7 @@ def has_flash(visit: "Visit") -> bool:
 
 
 def pass_by(visit: "Visit", module: str, page: str) -> None:
-    """A page without the player of its Flash movie says so."""
+    """A page without the player of its Flash movie says so, before it is recorded."""
     if (module, page) == FLASH and not has_flash(visit):
         wait_for(lambda: len(visit.desktop.visible()) > 1, "the message that the player is missing")
         time.sleep(0.3)  # its picture is painted
