@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include "platform/forms/Font.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
 
@@ -21,9 +22,7 @@ constexpr int kBack = 0xC0FFFF, kText = 0x000000, kBorder = 0x999999;
 class TipBox final : public PictureBox {
  public:
   explicit TipBox(QWidget* container) : PictureBox(container, QStringLiteral("ToolTip")) {
-    QFont font(QStringLiteral("Arial"));
-    font.setPointSizeF(kPoints);
-    setFont(font);
+    setFont(Arial(kPoints));
     SetBackColor(kBack);
     SetForeColor(kText);
     setAttribute(Qt::WA_TransparentForMouseEvents);

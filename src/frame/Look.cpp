@@ -5,6 +5,8 @@
 #include <QPalette>
 #include <QStyleFactory>
 
+#include "platform/forms/Font.h"
+
 namespace {
 
 // The palette of the skin: 6666FF blue with its darker edge 4747B2, CCCCFF light, white, 999999 grey.
@@ -49,10 +51,7 @@ void ApplyLook(QApplication& application) {
   palette.setColor(QPalette::Highlight, QColor(0x66, 0x66, 0xFF));
   palette.setColor(QPalette::HighlightedText, Qt::white);
   QApplication::setPalette(palette);
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(9);
-  QApplication::setFont(font);
-  font.setPointSizeF(10);
-  QApplication::setFont(font, "QMessageBox");
+  QApplication::setFont(Arial(9));
+  QApplication::setFont(Arial(10), "QMessageBox");
   application.setStyleSheet(QString::fromLatin1(kSheet));
 }

@@ -2,11 +2,11 @@
 
 #include <QAbstractItemView>
 
+#include "platform/forms/Font.h"
+
 ComboBox::ComboBox(QWidget* container, const QString& name)
     : QComboBox(container), Control(this, name, ControlKind::ComboBox) {
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(10);
-  setFont(font);
+  setFont(Arial(10));
   setMaxVisibleItems(10);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // the place is the form's matter
   view()->setTextElideMode(Qt::ElideRight);

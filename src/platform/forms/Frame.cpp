@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "platform/forms/Font.h"
 #include "platform/forms/Screen.h"
 
 namespace {
@@ -26,10 +27,7 @@ void Frame::paintEvent(QPaintEvent*) {
   painter.setPen(Screen::Colour(kLine));
   painter.setBrush(Screen::Colour(kGround));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-  QFont bold(QStringLiteral("Arial"));
-  bold.setPointSizeF(kCaptionPoints);
-  bold.setBold(true);
-  painter.setFont(bold);
+  painter.setFont(Arial(kCaptionPoints, true));
   painter.setPen(Screen::Colour(kCaptionColour));
   painter.drawText(QRectF(rect()).adjusted(kCaptionLeft, kCaptionTop, 0, 0), title());
 }

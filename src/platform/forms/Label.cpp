@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "platform/forms/FocusRing.h"
+#include "platform/forms/Font.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/WrappedText.h"
 
@@ -73,10 +74,7 @@ void Label::resizeEvent(QResizeEvent* event) {
 }
 
 void Label::SetFont(double points, bool bold) {
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(points);
-  font.setBold(bold);
-  setFont(font);
+  setFont(Arial(points, bold));
   ShowCaption();
   FitHeight();
 }

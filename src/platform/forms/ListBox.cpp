@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "platform/forms/Font.h"
+
 ListBox::ListBox(QWidget* container, const QString& name) : QListWidget(container), Control(this, name) {
   Watch(viewport());
   setSelectionMode(QAbstractItemView::SingleSelection);
@@ -10,9 +12,7 @@ ListBox::ListBox(QWidget* container, const QString& name) : QListWidget(containe
   setTabKeyNavigation(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTextElideMode(Qt::ElideMiddle);  // both the name and its extension tell what it is
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(10);
-  setFont(font);
+  setFont(Arial(10));
 }
 
 QString ListBox::List(int index) const {

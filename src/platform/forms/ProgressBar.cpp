@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "platform/forms/Font.h"
 #include "platform/forms/Screen.h"
 
 namespace {
@@ -14,10 +15,7 @@ ProgressBar::ProgressBar(QWidget* container, const QString& name)
     : QProgressBar(container), Control(this, name) {
   setRange(0, 100);
   setValue(0);
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(kPoints);
-  font.setBold(true);
-  setFont(font);
+  setFont(Arial(kPoints, true));
 }
 
 void ProgressBar::SetValue(int percent) {

@@ -1,13 +1,12 @@
 #include "platform/forms/TextBox.h"
 
+#include "platform/forms/Font.h"
 #include "platform/forms/Screen.h"
 
 TextBox::TextBox(QWidget* container, const QString& name, int maxLength)
     : QLineEdit(container), Control(this, name) {
   setMaxLength(maxLength);
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(10);
-  setFont(font);
+  setFont(Arial(10));
   setContextMenuPolicy(Qt::NoContextMenu);
 }
 

@@ -8,6 +8,7 @@
 #include <QStyle>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/Font.h"
 
 class QAbstractButton;
 
@@ -37,12 +38,7 @@ class ToggleButton : public QtButton, public Control {
   void SetValue(bool on) { SetToggle(*this, on); }
 
   // Arial in points.
-  void SetFont(double points, bool bold) {
-    QFont font(QStringLiteral("Arial"));
-    font.setPointSizeF(points);
-    font.setBold(bold);
-    this->setFont(font);
-  }
+  void SetFont(double points, bool bold) { this->setFont(Arial(points, bold)); }
   bool Bold() const { return this->font().bold(); }
   void SetBold(bool bold) { SetFont(this->font().pointSizeF(), bold); }
 

@@ -9,6 +9,7 @@
 
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "platform/forms/Font.h"
 #include "platform/forms/Screen.h"
 #include "platform/grid/GridPainter.h"
 
@@ -326,9 +327,7 @@ void FlexGrid::Clear() {
 // Look
 
 void FlexGrid::SetFont(double points, bool bold) {
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(points);
-  font.setBold(bold);
+  const QFont font = Arial(points, bold);
   setFont(font);
   verticalHeader()->setDefaultSectionSize(QFontMetrics(font).height() + 2 * kRowMargin);
 }

@@ -7,6 +7,7 @@
 
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "platform/forms/Font.h"
 #include "platform/forms/Screen.h"
 
 namespace {
@@ -27,9 +28,7 @@ QTextCharFormat FormatOf(const PieceLook& look) {
 
 PrintDocument::PrintDocument() : end_(&document_) {
   document_.setUndoRedoEnabled(false);
-  QFont font(QStringLiteral("Arial"));
-  font.setPointSizeF(kPoints);
-  document_.setDefaultFont(font);
+  document_.setDefaultFont(Arial(kPoints));
 }
 
 void PrintDocument::SetPageSize(double width, double height) {
