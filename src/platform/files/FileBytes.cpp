@@ -4,12 +4,14 @@
 #include <fcntl.h>
 #include <stdio.h>
 #include <string.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QUuid>
 #include <utility>
 
@@ -19,6 +21,7 @@
 
 namespace {
 
+constexpr QLatin1StringView kPassingBegin(".copy-");  // of a copy that is being made; a UUID follows
 constexpr qint64 kPiece = 256 * 1024;  // bytes of a file that are copied at a time
 
 QString Reason(int error) {
@@ -101,7 +104,9 @@ class PendingFile {
   int Open() {
     unlink(path_.constData());  // of a save that was cut short
     handle_ = open(path_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    return handle_ < 0 ? errno : 0;
+    if (handle_ < 0) return errno;
+    flock(handle_, LOCK_EX | LOCK_NB);  // tells it from one that was left behind
+    return 0;
   }
 
   // The rights of the file that is replaced go over to the new one, and no file is replaced that could
@@ -156,7 +161,22 @@ int Replace(const QString& path, const QByteArray& bytes) {
 
 // A name that nobody has given a file: the target's folder is not ours.
 QString PassingName(const QString& targetPath) {
-  return FolderOf(targetPath) + QStringLiteral("/.copy-") + QUuid::createUuid().toString(QUuid::Id128);
+  return FolderOf(targetPath) + u'/' + kPassingBegin + QUuid::createUuid().toString(QUuid::Id128);
+}
+
+// Takes away what copies into the folder that were cut short have left there. One that is still being made
+// is locked and stays.
+void ClearLeftovers(const QString& folder) {
+  static const QRegularExpression kUuid(QStringLiteral("^[0-9a-f]{32}$"));
+  const QStringList names = QDir(folder).entryList({kPassingBegin + u'*'}, QDir::Files | QDir::Hidden);
+  for (const QString& name : names) {
+    if (!kUuid.match(name.mid(kPassingBegin.size())).hasMatch()) continue;
+    const QByteArray path = QFile::encodeName(folder + u'/' + name);
+    const int handle = open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (handle < 0) continue;
+    if (flock(handle, LOCK_EX | LOCK_NB) == 0) unlink(path.constData());
+    close(handle);
+  }
 }
 
 int AppendAll(QFile& source, PendingFile& copy) {
@@ -197,6 +217,7 @@ void CopyFile(const QString& sourcePath, const QString& targetPath) {
   if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
     FailToRead(sourcePath, source.errorString());
   }
+  ClearLeftovers(FolderOf(targetPath));
   PendingFile copy(PassingName(targetPath));
   int error = copy.Open();
   if (error == 0) error = AppendAll(source, copy);

@@ -1,7 +1,10 @@
 #include "platform/files/FileBytes.h"
 
 #include <errno.h>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QBuffer>
 
@@ -149,6 +152,18 @@ TEST(CopyFile, AFailedCopyLeavesNothingHalfDone) {
     EXPECT_EQ(program.Names("."), QStringList({"folder", "old", "source"}));
     EXPECT_EQ(program.Read("old"), "old content");
   }
+}
+
+TEST(CopyFile, ClearsWhatACutShortCopyHasLeft) {
+  const TestProgram program;
+  const QString left = ".copy-" + QString(32, '0'), made = ".copy-" + QString(32, '1');
+  for (const QString& name : {QString("source"), left, made, QString(".copy-of mine")})
+    program.Write(name, "x");
+  const int handle = open(qPrintable(program.Path(made)), O_WRONLY);
+  ASSERT_EQ(flock(handle, LOCK_EX), 0);  // another program is at it
+  CopyFile(program.Path("source"), program.Path("new"));
+  EXPECT_EQ(program.Names("."), QStringList({made, ".copy-of mine", "new", "source"}));
+  close(handle);
 }
 
 TEST(Folders, AreMadeOnce) {
