@@ -177,11 +177,7 @@ void QuestionForm::ShowResult() {
 // The result is on the disk before its page can be left. Where that fails it is told, and tried once more
 // when the learner leaves.
 void QuestionForm::RecordResult() {
-  try {
-    run_.RecordResult();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());
-  }
+  TellErrors([this] { run_.RecordResult(); });
 }
 
 QString QuestionForm::ResultLine() const {
@@ -202,11 +198,7 @@ void QuestionForm::CloseTest() {
 bool QuestionForm::AgreeToLeave() {
   if (MsgBox(LoadStringResource(kResConfirmExitTest), MsgButtons::YesNo) != MsgAnswer::Yes) return false;
   RecordResult();
-  try {
-    LeaveTest();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());  // told, but no reason to keep the learner here
-  }
+  TellErrors([this] { LeaveTest(); });  // no reason to keep the learner here
   return true;
 }
 

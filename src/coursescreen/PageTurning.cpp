@@ -93,11 +93,7 @@ QString PageTurning::OpenModule(int module, const std::function<void()>& chooseP
 
 QString PageTurning::LoadModule(int module, const std::function<void()>& choosePage) {
   QString pageName;
-  try {
-    pageName = OpenModule(module, choosePage);
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());
-  }
+  TellErrors([&] { pageName = OpenModule(module, choosePage); });
   return pageName;
 }
 
@@ -119,11 +115,7 @@ QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
   QString shown;
   if (pageName.isEmpty()) {
     controls_.Movies->RemoveMovieControl();
-    try {
-      ReadMap(module);
-    } catch (const RunTimeError& error) {
-      MsgBox(error.Description());
-    }
+    TellErrors([module] { ReadMap(module); });
   } else {
     shown = LoadModule(module, [&pageName] { gPageList.SetPageAsCurrent(pageName); });
   }
@@ -140,11 +132,7 @@ void PageTurning::RecordCurrentPage() {
 }
 
 void PageTurning::RecordOrTell() {
-  try {
-    RecordCurrentPage();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());
-  }
+  TellErrors([this] { RecordCurrentPage(); });
 }
 
 void PageTurning::LeaveReturnPoint() {

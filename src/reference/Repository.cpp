@@ -96,11 +96,7 @@ void Repository::Form_Load() {
   ScaleFormToDisplay(*this);
   InsertFormText();
   list1_->SetFocus();
-  try {
-    InitRepository();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());  // and the list shows what there is
-  }
+  TellErrors([this] { InitRepository(); });  // the list shows what there is
 }
 
 void Repository::InsertFormText() {

@@ -18,12 +18,10 @@ bool CourseIsOpen() {
 
 // The course screen anew. It tells its own errors; one that keeps it from being made is told here.
 void LoadCourseScreen() {
-  try {
+  TellErrors([] {
     if (auto* screen = LoadedForm<Form1>()) screen->Unload();
     Default<Form1>();
-  } catch (const RunTimeError& error) {
-    MsgBox(error.Description());
-  }
+  });
 }
 
 void GiveUp() {

@@ -3,6 +3,9 @@
 
 #include <QString>
 #include <functional>
+#include <utility>
+
+#include "platform/RunTimeError.h"
 
 enum class MsgButtons { Ok, YesNo };
 enum class MsgIcon { None, Exclamation, Information };
@@ -19,6 +22,18 @@ struct MsgBoxCall {
 // program's. Closing a yes/no box, or Escape in it, answers No.
 MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::None,
                  const QString& title = {});
+
+// Runs one statement and tells the learner the error that ends it. True when it ran to its end.
+template <typename Statement>
+bool TellErrors(Statement&& statement) {
+  try {
+    std::forward<Statement>(statement)();
+    return true;
+  } catch (const RunTimeError& error) {
+    MsgBox(error.Description());
+    return false;
+  }
+}
 
 // Tests answer message boxes themselves; an empty function brings the real boxes back.
 void AnswerMessageBoxes(std::function<MsgAnswer(const MsgBoxCall&)> answerer);
