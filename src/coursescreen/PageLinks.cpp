@@ -16,12 +16,13 @@
 #include "platform/richtext/PageLink.h"
 #include "platform/richtext/TextControl.h"
 #include "platform/shell/Opener.h"
+#include "reference/CourseFiles.h"
 
 namespace {
 
 constexpr std::array kAddressBeginnings{u"http:", u"www.", u"ftp:", u"w3.", u"gopher:"};
 const QString kPageExtension = QStringLiteral(".txm");
-const QString kHiddenFolder = QStringLiteral("\\Hidden\\");  // documents that the repository does not list
+const QString kHiddenFolder = QStringLiteral("Hidden\\");  // documents that the repository does not list
 constexpr int kNoLeadIn = 0;
 constexpr int kShowNormal = 1;  // show state of a browser
 
@@ -89,9 +90,8 @@ void PageLinks::OpenWebLink(const QString& linkText, const QString& surveyText, 
 
 void PageLinks::OpenCourseDocument(const QString& target) {
   if (RefusedInAllModules()) return;
-  const QString folder = CourseRepository();
-  QString path = folder + QLatin1Char('\\') + target;
-  if (!ProgramFileExists(path)) path = folder + kHiddenFolder + target;
+  QString path = Attachment(CurrentCourse(), target);
+  if (path.isEmpty() || !FileExists(path)) path = Attachment(CurrentCourse(), kHiddenFolder + target);
   OpenDocument(path, kShownNormally, {}, {}, kVerbOpen);
 }
 

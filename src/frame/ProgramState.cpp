@@ -24,10 +24,6 @@ int LastModule() {
   return static_cast<int>(CurrentCourse().Modules.size()) - 1;
 }
 
-QString CourseRepository() {
-  return gAppPath + QStringLiteral("\\Repository\\") + CurrentCourse().RepNum;
-}
-
 int ModuleIndex(const QString& moduleId) {
   const auto& modules = CurrentCourse().Modules;
   for (int i = 0; i < modules.size(); ++i) {

@@ -76,8 +76,6 @@ const ModuleRecord& CurrentModule();
 const ModuleRecord& ModuleAt(int index);
 // The highest module index of the open course, -1 when it has none.
 int LastModule();
-// The folder of the open course's documents, as a program path.
-QString CourseRepository();
 // The index of the first module of that id in the open course, -1 when it is not there. Case counts.
 int ModuleIndex(const QString& moduleId);
 

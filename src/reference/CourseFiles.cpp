@@ -8,3 +8,7 @@ QString CourseFile(const char* folder, const QString& name) {
   if (ContainedPath(root).isEmpty()) return {};
   return ContainedPathIn(root, root + u'\\' + name);
 }
+
+QString Attachment(const CourseRecord& course, const QString& name) {
+  return CourseFile(kRepositoryFolder, course.RepNum + u'\\' + name);
+}

@@ -40,14 +40,9 @@ constexpr Place ButtonPlace(int index) {
   return {kMargin + kStep * index, kRightButton.Top, kRightButton.Width, kRightButton.Height};
 }
 
-// The real path of an attachment, empty when it leads out of the repository.
-QString Attachment(const CourseRecord& course, const QString& name) {
-  return CourseFile(kRepositoryFolder, course.RepNum + u'\\' + name);
-}
-
 // The names of a course's attachments; nothing when its folder is missing.
 bool ListAttachments(const CourseRecord& course, QStringList& names) {
-  const QString folder = CourseFile(kRepositoryFolder, course.RepNum);
+  const QString folder = Attachment(course, {});
   if (folder.isEmpty() || !FolderExists(folder)) return false;
   for (const QString& name : ListFiles(folder)) {
     if (!Attachment(course, name).isEmpty()) names.append(name);

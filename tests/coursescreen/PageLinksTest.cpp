@@ -57,7 +57,7 @@ class PageLinksTest : public CourseTest {
 };
 
 TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
-  const QString repository = "open " + store.Path() + "\\Repository\\1";
+  const QString repository = "open " + store.Path("Repository/1");
   const struct {
     QString Target, Opened;
     bool Minimises;
@@ -69,10 +69,10 @@ TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
       {"w3.example.com", "Open w3.example.com (1)", true},
       {"ftp://example.com", "Open ftp://example.com (1)", true},
       {"gopher://example.com", "Open gopher://example.com (1)", true},
-      {"List.TXT ", repository + "\\list.txt (5)", false},
-      {"Extra List.txt", repository + "\\Hidden\\extra list.txt (5)", false},
-      {"none.txt", repository + "\\Hidden\\none.txt (5)", false},
-      {"setup.exe", repository + "\\Hidden\\setup.exe (0)", false},
+      {"List.TXT ", repository + "/list.txt (5)", false},
+      {"Extra List.txt", repository + "/Hidden/Extra List.txt (5)", false},
+      {"none.txt", repository + "/Hidden/none.txt (5)", false},
+      {"setup.exe", repository + "/Hidden/setup.exe (0)", false},
   };
   Read();
   Form1& screen = Default<Form1>();
