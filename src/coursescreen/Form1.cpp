@@ -1,6 +1,7 @@
 #include "coursescreen/Form1.h"
 
 #include "coursescreen/ButtonPictures.h"
+#include "frame/CourseScreenLayout.h"
 #include "frame/FormFitting.h"
 #include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
@@ -16,54 +17,32 @@
 
 namespace {
 
+using namespace CourseScreenLayout;
 using Look = SkinButton::Look;
 
 namespace Layout {  // twips at 15 per pixel
-constexpr Place Picture2{0, 0, 15360, 11520};
-constexpr Place Label1{210, 120, 12345, 375};
-constexpr Place TXTextControl1{240, 960, 14970, 9945};
 constexpr Place Exit_Pic{14820, 75, 465, 465};
 constexpr Place Min_btn{14070, 0, 615, 615};
 constexpr Place toolBar_But{12825, 0, 1185, 615};
 constexpr Place ToolLabel{105, 187, 810, 240};
 constexpr Place Modules{0, 11025, 1335, 495};
 constexpr Place ModLabel{210, 120, 825, 240};
-constexpr Place CourseNameLbl{2160, 11145, 9255, 315};
 constexpr Place Return_Btn{11760, 11025, 885, 495};
 constexpr Place Prev{13230, 11025, 765, 495};
 constexpr Place NextBtn{14160, 11025, 765, 495};
-constexpr double HeaderPoints = 14.25, CourseNamePoints = 11.25, ButtonPoints = 8;
-constexpr double ShrunkPageWidth = 15228, ShrunkPageHeight = 9948;  // on a display of another scale
+constexpr double ButtonPoints = 8;
 }  // namespace Layout
 
-constexpr int kBarText = 0xFFFFFF, kBarBack = 0x999999;
 constexpr int kLeavingTick = 300;  // ms
 constexpr int kFontShrink = 3;     // on a display of another scale
-
-Label* AddBarLabel(QWidget* container, const char* name, const Place& place, double points) {
-  auto* label = new Label(container, QString::fromLatin1(name));
-  label->Move(place);
-  label->SetFont(points, true);
-  label->SetForeColor(kBarText);
-  label->SetBackColor(kBarBack);
-  label->SetElided(true);
-  return label;
-}
-
-PictureBox* AddBackground(QWidget* form) {
-  auto* background = new PictureBox(form, QStringLiteral("Picture2"));
-  background->Move(Layout::Picture2);
-  IgnoreErrors([background] { background->SetPicture(SkinPicture(QStringLiteral("CourseScreen.jpg"))); });
-  return background;
-}
 
 }  // namespace
 
 // The controls stand in reading order, which is the order of the Tab key.
 Form1::Form1()
     : Form(QStringLiteral("Form1"), FormFrame::Frameless),
-      picture2_(AddBackground(this)),
-      label1_(AddBarLabel(picture2_, "Label1", Layout::Label1, Layout::HeaderPoints)),
+      picture2_(AddCourseBackground(this, "Picture2")),
+      label1_(AddBarLabel(picture2_, "Label1", kHeader, kHeaderPoints)),
       txTextControl1_(new TextControl(picture2_, QStringLiteral("TXTextControl1"))),
       exit_Pic_(AddButton(QStringLiteral("Exit_Pic"), Layout::Exit_Pic, ExitButtonImages())),
       min_btn_(AddButton(QStringLiteral("Min_btn"), Layout::Min_btn, kMinimiseImages)),
@@ -74,8 +53,7 @@ Form1::Form1()
       return_Btn_(AddButton(QStringLiteral("Return_Btn"), Layout::Return_Btn, kReturnImages)),
       prev_(AddButton(QStringLiteral("Prev"), Layout::Prev, kPrevImages)),
       nextBtn_(AddButton(QStringLiteral("NextBtn"), Layout::NextBtn, kNextImages)),
-      courseNameLbl_(
-          AddBarLabel(picture2_, "CourseNameLbl", Layout::CourseNameLbl, Layout::CourseNamePoints)),
+      courseNameLbl_(AddBarLabel(picture2_, "CourseNameLbl", kCourseName, kCourseNamePoints)),
       hover_(*this),
       toolTip_(*this, picture2_),
       movies_(*txTextControl1_, [this] { menus_.CloseAllMenus(); }),
@@ -90,8 +68,8 @@ Form1::Form1()
                     [this] { return menus_.ModuleMenuIsOpen(); }, [this] { menus_.ModulesReached(); }},
                    hover_, toolTip_),
       keyboard_(*this, menus_, *nextBtn_, *prev_, *return_Btn_) {
-  SetSize(Layout::Picture2.Width, Layout::Picture2.Height);
-  txTextControl1_->Move(Layout::TXTextControl1);
+  SetSize(kScreen.Width, kScreen.Height);
+  txTextControl1_->Move(kPage);
   nextBtn_->MouseUp = [this] {
     NextPage();
     PutOutUnlessPointed(*nextBtn_);
@@ -127,8 +105,8 @@ void Form1::Form_Load() {
     ScaleFormToDisplay(*this);
     gFontShrink = Screen::TwipsPerPixelX() == Screen::kDesignScale ? 0 : kFontShrink;
     if (gFontShrink != 0) {
-      txTextControl1_->SetPageWidth(Layout::ShrunkPageWidth);
-      txTextControl1_->SetPageHeight(Layout::ShrunkPageHeight);
+      txTextControl1_->SetPageWidth(kShrunkPageWidth);
+      txTextControl1_->SetPageHeight(kShrunkPageHeight);
     }
     SetToolCaptions();
     pages_.InitCourseDisplay();

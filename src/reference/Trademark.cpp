@@ -1,64 +1,39 @@
 #include "reference/Trademark.h"
 
+#include "frame/CourseScreenLayout.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
-#include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
-#include "platform/forms/SkinButton.h"
 #include "platform/richtext/TextControl.h"
 #include "reference/CourseFiles.h"
 
 namespace {
 
-namespace Layout {  // twips at 15 per pixel; the bars and the page stand as on the course screen
-constexpr Place Background{0, 0, 15360, 11520};
-constexpr Place Label1{210, 120, 12345, 375};
-constexpr Place TXTextControl1{240, 960, 14970, 9945};
-constexpr Place Label2{2160, 11145, 9255, 315};
-constexpr double Label1Points = 14.25, Label2Points = 11.25;
-constexpr double ShrunkPageWidth = 15228, ShrunkPageHeight = 9948;  // on a display of another scale
-}  // namespace Layout
+using namespace CourseScreenLayout;
 
-constexpr int kBarText = 0xFFFFFF;
 constexpr int kPageStands = 3000;  // ms
-
-PictureBox* AddBackground(QWidget* form) {
-  auto* background = new PictureBox(form, QStringLiteral("Background"));
-  background->Move(Layout::Background);
-  IgnoreErrors([background] { background->SetPicture(SkinPicture(QStringLiteral("CourseScreen.jpg"))); });
-  return background;
-}
-
-Label* AddBarLabel(QWidget* background, const char* name, const Place& place, double points) {
-  auto* label = new Label(background, QString::fromLatin1(name));
-  label->Move(place);
-  label->SetFont(points, true);
-  label->SetForeColor(kBarText);
-  label->SetElided(true);
-  return label;
-}
 
 }  // namespace
 
 Trademark::Trademark() : Form(QStringLiteral("Trademark"), FormFrame::Frameless) {
-  PictureBox* background = AddBackground(this);
-  label1_ = AddBarLabel(background, "Label1", Layout::Label1, Layout::Label1Points);
+  PictureBox* background = AddCourseBackground(this, "Background");
+  label1_ = AddBarLabel(background, "Label1", kHeader, kHeaderPoints);
   txTextControl1_ = new TextControl(background, QStringLiteral("TXTextControl1"));
-  label2_ = AddBarLabel(background, "Label2", Layout::Label2, Layout::Label2Points);
-  SetSize(Layout::Background.Width, Layout::Background.Height);
-  txTextControl1_->Move(Layout::TXTextControl1);
+  label2_ = AddBarLabel(background, "Label2", kCourseName, kCourseNamePoints);
+  SetSize(kScreen.Width, kScreen.Height);
+  txTextControl1_->Move(kPage);
   timer1_.Tick = [this] { Timer1_Timer(); };
 }
 
 void Trademark::Form_Load() {
   ScaleFormToDisplay(*this);
   if (Screen::TwipsPerPixelX() != Screen::kDesignScale) {
-    txTextControl1_->SetPageWidth(Layout::ShrunkPageWidth);
-    txTextControl1_->SetPageHeight(Layout::ShrunkPageHeight);
+    txTextControl1_->SetPageWidth(kShrunkPageWidth);
+    txTextControl1_->SetPageHeight(kShrunkPageHeight);
   }
   label1_->SetCaption(LoadStringResource(kResExitingCourse));
   txTextControl1_->SetAccessibleName(LoadStringResource(kResExitingCourse));
