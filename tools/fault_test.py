@@ -20,7 +20,8 @@ from collections.abc import Callable
 from dataclasses import dataclass
 from pathlib import Path
 
-from program_run import LEFT_BUTTON, Gone, Run, Stuck
+from program_run import Gone, Run, Stuck
+from screen_places import LEFT_BUTTON
 from store_files import Damage, check_data_folder, check_data_kept, check_progress, prepare_learner, read_courses
 from visit_desktop import Desktop
 

@@ -15,15 +15,15 @@ from contextlib import ExitStack
 from pathlib import Path
 
 from private_cups import DEFAULT, OTHER, PPD, PRINTERS, SKIPPED, PrivateCups, missing_packages
-from program_run import DIALOG, Run
+from program_run import Run
+from screen_places import (CLOSE, CLOSE_GLOSSARY, DIALOG, GLOSSARY, GLOSSARY_ROW, PRINT_GLOSSARY, PRINT_ROW,
+                           PRINTER_DIALOG)
 from store_files import prepare_learner, read_courses
 from visit_desktop import Desktop, differing_pixels, wait_for
-from visit_glossary import CLOSE as CLOSE_GLOSSARY
-from visit_glossary import GLOSSARY, GLOSSARY_ROW
-from visit_printing import CLOSE, PRINT_ROW, PRINTER_DIALOG, SETTLE, Printing, text_of
+from visit_printing import SETTLE, Printing, text_of
 
-# The desktop's print dialog, and the number of copies once its options are open; the glossary's button.
-SYSTEM_DIALOG, COPIES, PRINT_GLOSSARY = (281, 155), (301, 195), (790, 485)
+# The desktop's print dialog, and the number of copies once its options are open.
+SYSTEM_DIALOG, COPIES = (281, 155), (301, 195)
 
 SCREEN = (1024, 768)  # pixels
 OLE_FILE = b"\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1" + bytes(504)  # what CUPS knows for a document of another program
@@ -111,23 +111,23 @@ class PrintTest:
                    differing_pixels(screen, sheet.picture, f"{area}+0+0") == 0)
 
     def print_pages(self) -> None:
-        self.compare(*self.printing.print_page("1-page", OTHER, arrives_at=OTHER))
+        self.compare(*self.printing.print_page("page", OTHER, arrives_at=OTHER))
         self.check("nothing comes on the default printer", not self.cups.printed_on(DEFAULT))
-        self.printing.print_page("2-page-again", None, arrives_at=OTHER)
+        self.printing.print_page("page-again", None, arrives_at=OTHER)
         self.check("the printer chosen is preset the next time", not self.cups.printed_on(DEFAULT))
 
     def print_attachments(self, folder: Path) -> None:
         names = sorted(file.name for file in folder.iterdir() if file.is_file())
         pdf = next(name for name in names if name.endswith(".pdf"))
         repository = self.printing.open_repository()
-        self.printing.print_attachment(repository, names.index(pdf), "3-attachment-dialog", OTHER)
+        self.printing.print_attachment(repository, names.index(pdf), "attachment-dialog", OTHER)
         printed = self.cups.await_printed(DEFAULT)
         self.check(f"{pdf} comes on the default printer with its text",
                    text_of(printed) == text_of(folder / pdf) and text_of(printed).strip() != "")
         for name in names:
             if name.endswith((".rtf", ".doc")):
-                self.printing.print_attachment(repository, names.index(name), "5-attachment-dialog", None)
-                self.await_box("6-no-program", windows=2)
+                self.printing.print_attachment(repository, names.index(name), "attachment-dialog", None)
+                self.await_box("no-program", windows=2)
                 self.check(f"{name}, which no printer takes, brings a message", True)
         repository.click(*CLOSE)
         self.printing.await_end_of(DIALOG, "the repository")
@@ -143,7 +143,7 @@ class PrintTest:
         time.sleep(SETTLE)
         dialog.click(*COPIES)
         self.desktop.key("ctrl+a", "2")
-        self.desktop.picture("4-glossary-dialog")
+        self.desktop.picture("glossary-dialog")
         self.desktop.key("Return")
         printed = self.cups.await_printed(DEFAULT, known)
         pages = text_of(printed).split("\f")[:-1]
@@ -165,10 +165,10 @@ class PrintTest:
         for name in PRINTERS:
             self.cups.must("lpadmin", "-x", name)
         self.printing.choose_row(PRINT_ROW)
-        self.await_box("7-no-printer", windows=1)
+        self.await_box("no-printer", windows=1)
         self.cups.stop()
         self.printing.choose_row(PRINT_ROW)
-        self.await_box("8-no-cups", windows=1)
+        self.await_box("no-cups", windows=1)
 
     def count_sheets(self) -> None:
         printed = {name: len(self.cups.printed_on(name)) for name in PRINTERS}

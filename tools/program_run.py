@@ -5,15 +5,9 @@ import time
 from collections.abc import Callable
 from dataclasses import dataclass
 
+from screen_places import COURSE_SCREEN, DIALOG, LEFT_BUTTON, PROGRESS
 from visit_desktop import PATIENCE, Desktop, Window
 
-# Sizes of windows, pixels.
-DIALOG = (520, 360)
-SPLASH = (450, 246)
-COURSE_SCREEN = (1024, 768)
-PROGRESS = (960, 540)
-# Places within a dialog, pixels.
-LEFT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 97), (300, 98)
 # The close box of a window; unlike its Close button it starts no test again.
 CLOSE_WINDOW = ("alt+F4",)
 CLICK_AGAIN = 0.25  # seconds; a button takes no click before its form's timer has enabled it

@@ -15,8 +15,9 @@ from pathlib import Path
 import visit_movies
 import visit_progress
 from private_cups import PrivateCups, missing_packages
-from program_run import (CLOSE_WINDOW, COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, PROGRESS, REGISTER,
-                         SPLASH)
+from program_run import CLOSE_WINDOW
+from screen_places import (ASIDE, COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON, PREVIOUS, PROGRESS, REGISTER,
+                           RETURN, SPLASH)
 from store_files import USER_DATA, read_courses
 from visit_buttons import point_at_the_buttons
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
@@ -65,10 +66,10 @@ class Visit:
 
     def register(self) -> None:
         self.desktop.await_window(*SPLASH, what="the splash")
-        self.desktop.picture("02-splash")
+        self.desktop.picture("splash")
         self.desktop.await_window(*COURSE_SCREEN, what="the course screen")
         login = self.desktop.await_window(*DIALOG, what="the sign-in screen")
-        self.desktop.picture("03-user-login")
+        self.desktop.picture("user-login")
         login.click(*REGISTER)
         time.sleep(0.5)
         form = self.desktop.await_window(*DIALOG, what="the registration")
@@ -77,16 +78,16 @@ class Visit:
             self.desktop.type(text)
             self.desktop.key("Tab")
         time.sleep(0.3)
-        self.desktop.picture("04-registration")
+        self.desktop.picture("registration")
         form.click(*LEFT_BUTTON)
         wait_for(lambda: self.resume_line() != "", "the learner's record")
         self.check("the registration makes the learner's folder", self.record.exists())
 
     def await_first_page(self) -> None:
-        Window(self.desktop, 0, 0).point(512, 300)
+        Window(self.desktop, 0, 0).point(*ASIDE)
         wait_for(lambda: self.desktop.window(*DIALOG) is None, "the end of the sign-in")
         time.sleep(0.3)
-        self.desktop.picture("05-first-page")
+        self.desktop.picture("first-page")
 
     def read_to_the_end(self) -> Path:
         pages = read_courses(self.store)[COURSE].pages()
@@ -101,27 +102,27 @@ class Visit:
                 TestVisit(self).meet(module, page)
             elif number % 8 == 0:
                 time.sleep(0.2)
-                self.desktop.picture(f"06-page-{module}-{page[:4]}")
+                self.desktop.picture(f"page-{module}-{page[:4]}")
         time.sleep(0.3)
         self.check(f"all {len(pages)} pages were read", self.resume_line() == f'"{pages[-1][0]}","{pages[-1][1]}"')
         self.check("every module has its line",
                    self.record.read_bytes().count(b"\r\n") == 1 + len({module for module, _ in pages}))
-        return self.desktop.picture("07-last-page")
+        return self.desktop.picture("last-page")
 
     def go_back_and_return(self) -> None:
         last = self.resume_line()
         screen = Window(self.desktop, 0, 0)
-        screen.click(907, 751)
+        screen.click(*PREVIOUS)
         wait_for(lambda: self.resume_line() != last, "the page before")
         time.sleep(0.2)
-        self.desktop.picture("08-page-before")
+        self.desktop.picture("page-before")
         # A test page stepped over on the way back has left a return point of its own.
         for _ in range(3):
             if self.resume_line() != last:
-                screen.click(813, 751)
+                screen.click(*RETURN)
                 time.sleep(0.4)
         self.check("the Return button leads back", self.resume_line() == last)
-        screen.point(512, 300)
+        screen.point(*ASIDE)
 
     def leave(self, picture: str | None) -> None:
         self.desktop.key("Escape")
@@ -134,20 +135,20 @@ class Visit:
 
     def come_back(self, last: Path) -> None:
         program = self.desktop.start(self.store / "tallowmere")
-        self.choose_course("10-course-choice-again")
+        self.choose_course("course-choice-again")
         self.desktop.await_window(*COURSE_SCREEN, what="the course screen")
         welcome = self.desktop.await_window(*DIALOG, what="the welcome")
-        self.desktop.picture("11-welcome")
+        self.desktop.picture("welcome")
         before = self.resume_line()
         welcome.click(*LEFT_BUTTON)
         self.desktop.await_window(*PROGRESS, what="check progress")
-        self.desktop.picture("11-check-progress")
+        self.desktop.picture("check-progress")
         self.desktop.key(*CLOSE_WINDOW)
         wait_for(lambda: self.desktop.window(*PROGRESS) is None, "the end of check progress")
-        Window(self.desktop, 0, 0).point(512, 300)
+        Window(self.desktop, 0, 0).point(*ASIDE)
         wait_for(lambda: self.desktop.window(*DIALOG) is None, "the end of the sign-in")
         time.sleep(0.5)
-        again = self.desktop.picture("12-the-same-page")
+        again = self.desktop.picture("the-same-page")
         self.check("the record still stands on the page left", self.resume_line() == before)
         # Only the Return button differs: its places are those of the run before.
         self.check("the screen shows the page left", differing_pixels(last, again, "1024x731+0+0") == 0)
@@ -157,7 +158,7 @@ class Visit:
 
     def run(self, opener: NotedOpener, cups: PrivateCups | None) -> None:
         program = self.desktop.start(self.store / "tallowmere")
-        self.choose_course("01-course-choice")
+        self.choose_course("course-choice")
         self.register()
         self.await_first_page()
         links = Links(self, opener)
@@ -171,7 +172,7 @@ class Visit:
         if cups is not None:
             print_page_and_attachment(self, cups)
         links.answer_the_survey()
-        self.leave("09-exit-question")
+        self.leave("exit-question")
         wait_for(lambda: program.poll() is not None, "the end of the program")
         self.check("the program ends well", program.returncode == 0)
         self.come_back(last)

@@ -22,6 +22,7 @@ class Desktop:
         self.pictures = pictures
         self.dpi = dpi
         self.wrapper = wrapper
+        self.numbers: dict[str, int] = {}
         self.processes: list[subprocess.Popen[bytes]] = []
         self.environment = dict(os.environ)
         self.runtime = tempfile.mkdtemp(prefix="visit-")
@@ -82,8 +83,9 @@ class Desktop:
         self.run("xdotool", "type", "--delay", "40", text)
 
     def picture(self, name: str) -> Path:
-        """Takes a picture of the screen."""
-        path = self.pictures / f"{name}.png"
+        """Takes a picture of the screen. Names are numbered in their order; one used again is overwritten."""
+        number = self.numbers.setdefault(name, len(self.numbers) + 1)
+        path = self.pictures / f"{number:03}-{name}.png"
         self.run("import", "-window", "root", str(path))
         return path
 

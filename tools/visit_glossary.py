@@ -5,18 +5,13 @@ from __future__ import annotations
 import time
 from typing import TYPE_CHECKING
 
+from screen_places import CLOSE_GLOSSARY, GLOSSARY, GLOSSARY_ROW, LIST_CORNER, LIST_SIZE, STRIP, TOOLBAR
 from store_files import CODE_PAGE
 from visit_desktop import Window, differing_pixels, wait_for
 
 if TYPE_CHECKING:
     from visit import Visit
 
-GLOSSARY = (960, 520)  # of the window, pixels
-# On the course screen: the toolbar's button and its fourth row.
-TOOLBAR, GLOSSARY_ROW = (893, 20), (820, 170)
-# Within the window: the strip's first column, the list, the close button.
-STRIP, CLOSE = (274, 26), (884, 485)
-LIST_SIZE, LIST_CORNER = "740x370", (164, 60)
 LETTER_WIDTH = 20  # pixels, on every display
 SETTLE = 0.4  # seconds until a step is painted
 
@@ -46,20 +41,20 @@ class LookUp:
     def run(self, by_mouse: str, by_key: str) -> None:
         window = self.open()
         area = f"{LIST_SIZE}+{window.x + LIST_CORNER[0]}+{window.y + LIST_CORNER[1]}"
-        first = self.desktop.picture("13-glossary")
+        first = self.desktop.picture("glossary")
         window.click(*self.point_at(window, by_mouse))
         time.sleep(SETTLE)
-        by_click = self.desktop.picture("14-glossary-letter")
+        by_click = self.desktop.picture("glossary-letter")
         self.visit.check(f"a click on {by_mouse} moves the glossary", differing_pixels(first, by_click, area) > 0)
         self.desktop.key(by_key.lower())
         time.sleep(SETTLE)
-        elsewhere = self.desktop.picture("15-glossary-other-key")
+        elsewhere = self.desktop.picture("glossary-other-key")
         self.visit.check(f"the key {by_key} moves the glossary", differing_pixels(by_click, elsewhere, area) > 0)
         self.desktop.key(by_mouse.lower())
         time.sleep(SETTLE)
-        again = self.desktop.picture("15-glossary-key")
+        again = self.desktop.picture("glossary-key")
         self.visit.check(f"the key {by_mouse} finds the same place", differing_pixels(by_click, again, area) == 0)
-        window.click(*CLOSE)
+        window.click(*CLOSE_GLOSSARY)
         wait_for(lambda: self.desktop.window(*GLOSSARY) is None, "the end of the glossary")
         time.sleep(SETTLE)
 

@@ -6,7 +6,7 @@ import time
 from pathlib import Path
 from typing import TYPE_CHECKING
 
-from program_run import COURSE_SCREEN
+from screen_places import COURSE_SCREEN, PAGE_EDGE
 from visit_desktop import Desktop, Window, differing_pixels, wait_for
 
 if TYPE_CHECKING:
@@ -42,7 +42,7 @@ class Links:
 
     def follow(self, number: int) -> None:
         """The link of that number on the page, from 1."""
-        Window(self.desktop, 0, 0).click(1005, 400)
+        Window(self.desktop, 0, 0).click(*PAGE_EDGE)
         self.desktop.key(*["Tab"] * number)
         time.sleep(0.2)
         self.desktop.key("Return")
@@ -73,20 +73,20 @@ class Links:
         self.follow(1)
         wait_for(lambda: self.visit.recorded("rt0102", "0001.txm"), "the module behind the first")
         self.turn("rt0102", "0002.txm", "0003.txm", "0004.txm", "0005.txm")
-        before = self.desktop.picture("21-before-the-handbook")
+        before = self.desktop.picture("before-the-handbook")
         self.follow(1)
-        handbook = self.desktop.picture("22-handbook")
+        handbook = self.desktop.picture("handbook")
         self.visit.check("a link shows a place in a file", differing_pixels(before, handbook, PAGE) > 0)
         self.return_to("rt0102", "0004.txm", "0003.txm", "0002.txm", "0001.txm")
         self.return_to("rt0101", "0001.txm")
 
     def follow_the_kinds(self) -> None:
         self.turn("rt0101", "0002.txm", "0003.txm")
-        top = self.desktop.picture("23-links")
-        Window(self.desktop, 0, 0).click(1005, 400)
+        top = self.desktop.picture("links")
+        Window(self.desktop, 0, 0).click(*PAGE_EDGE)
         self.desktop.key("Tab", "Tab")
         time.sleep(0.3)
-        focused = self.desktop.picture("24-focused-link")
+        focused = self.desktop.picture("focused-link")
         self.visit.check("the focused link is seen", differing_pixels(top, focused, PAGE) > 0)
         self.desktop.key("Return")
         wait_for(lambda: self.visit.recorded("rt0103", "0001.txm"), "the page of another module")
@@ -102,10 +102,10 @@ class Links:
         self.return_to("rt0101", "0002.txm", "0001.txm")
 
     def run(self) -> None:
-        start = self.desktop.picture("20-before-the-links")
+        start = self.desktop.picture("before-the-links")
         self.skip_and_look_into_the_handbook()
         self.follow_the_kinds()
-        end = self.desktop.picture("25-behind-the-links")
+        end = self.desktop.picture("behind-the-links")
         self.visit.check("every link led where it should, and back", differing_pixels(start, end, PAGE) == 0)
 
     def answer_the_survey(self) -> None:

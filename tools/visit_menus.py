@@ -6,17 +6,15 @@ import time
 from pathlib import Path
 from typing import TYPE_CHECKING
 
-from program_run import SPLASH
+from screen_places import ASIDE, CHANGE_COURSE_ROW, MODULES, RETURN, SPLASH, TOOLBAR
 from store_files import read_courses
 from visit_desktop import Window, differing_pixels, wait_for
 
 if TYPE_CHECKING:
     from visit import Visit
 
-# Places on the course screen, pixels.
-MODULES, TOOLBAR, RETURN = (44, 751), (894, 20), (813, 751)
+# Of the menu of modules, pixels.
 MENU_BOTTOM, ROW_STEP, ROW_MIDDLE, TOPICS_LEFT = 709, 37, 16, 346
-CHANGE_COURSE, ASIDE = (816, 249), (512, 300)
 SLIDE, TOPIC_DELAY = 0.6, 0.5  # seconds, at the most
 
 
@@ -37,12 +35,12 @@ class MenuVisit:
         time.sleep(SLIDE)
         screen.point(TOPICS_LEFT // 2, row)
         time.sleep(0.2)
-        self.desktop.picture("30-module-menu")
+        self.desktop.picture("module-menu")
         time.sleep(TOPIC_DELAY + SLIDE)
         topic = (TOPICS_LEFT + TOPICS_LEFT // 2, row)
         screen.point(*topic)
         time.sleep(0.2)
-        self.desktop.picture("31-topic-menu")
+        self.desktop.picture("topic-menu")
         screen.click(*topic)
         wait_for(lambda: visit.resume_line() != before, "the topic")
         visit.check("the menus lead into the first module", visit.resume_line().startswith(f'"{modules[0]}",'))
@@ -53,10 +51,10 @@ class MenuVisit:
         """By the toolbar to the course of that place in the list."""
         self.screen.click(*TOOLBAR)
         time.sleep(SLIDE)
-        self.screen.point(*CHANGE_COURSE)
+        self.screen.point(*CHANGE_COURSE_ROW)
         time.sleep(0.2)
         self.desktop.picture(f"{picture}-toolbar-menu")
-        self.screen.click(*CHANGE_COURSE)
+        self.screen.click(*CHANGE_COURSE_ROW)
         self.visit.choose_course(f"{picture}-course-choice", index)
         self.desktop.await_window(*SPLASH, what="the splash")
         wait_for(lambda: self.desktop.window(*SPLASH) is None, "the course")
@@ -68,11 +66,11 @@ class MenuVisit:
         before = visit.resume_line()
         names = sorted(read_courses(visit.store))
         other = (names.index(visit.record.name) + 1) % len(names)
-        self.change_course(other, "32")
+        self.change_course(other, "away")
         visit.check("another course has a record of its own", visit.record.with_name(names[other]).exists())
-        self.change_course(names.index(visit.record.name), "33")
+        self.change_course(names.index(visit.record.name), "back")
         visit.check("the first course still stands on the page left", visit.resume_line() == before)
-        again = self.desktop.picture("34-the-same-page")
+        again = self.desktop.picture("the-page-left")
         visit.check("the screen shows that page", differing_pixels(self.last, again, "1024x731+0+0") == 0)
 
     def run(self) -> None:

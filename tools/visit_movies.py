@@ -4,15 +4,15 @@ import time
 from pathlib import Path
 from typing import TYPE_CHECKING
 
+from screen_places import SECOND_MODULE, THIRD_MODULE
 from store_files import read_courses
 from visit_desktop import differing_pixels, wait_for
-from visit_progress import SECOND_MODULE, leave, open_progress
+from visit_progress import leave, open_progress
 
 if TYPE_CHECKING:
     from visit import Visit
 
 VIDEO_COURSE = "Goods and shelves"
-THIRD_MODULE = (260, 148)  # in the list of the check-progress screen, pixels
 FLASH = ("rt0103", "0002.txm")  # the page with a Flash movie
 PAGE_AREA = "990x690+4+36"  # pixels; the page without the bars around it
 MOST_QUIET = 200  # pixels that differ where nothing but the pointer or a scroll bar changed
@@ -61,8 +61,8 @@ def play(visit: "Visit") -> None:
     """Flash in the third module of the first course, a video in the second module of the other."""
     courses = read_courses(visit.store)
     if has_flash(visit):
-        watch(visit, visit.record.name, THIRD_MODULE, FLASH, "41-flash")
+        watch(visit, visit.record.name, THIRD_MODULE, FLASH, "flash")
     else:
         print("skip  the Flash player is not installed")
     second = list(courses[VIDEO_COURSE].modules)[1]
-    watch(visit, VIDEO_COURSE, SECOND_MODULE, (second, "0002.txm"), "40-video")
+    watch(visit, VIDEO_COURSE, SECOND_MODULE, (second, "0002.txm"), "video")

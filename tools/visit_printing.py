@@ -8,20 +8,13 @@ from pathlib import Path
 from typing import TYPE_CHECKING
 
 from private_cups import DEFAULT, PRINTERS, PrivateCups
-from program_run import DIALOG
+from screen_places import (CLOSE, DIALOG, FIRST_LINE, FIRST_NAME, NAME_STEP, NAMES_ARROW, OK, PRINT, PRINT_ROW,
+                           PRINTER_DIALOG, REPOSITORY_ROW, TOOLBAR, WAIT_WINDOW)
 from visit_desktop import Desktop, Window, wait_for
 
 if TYPE_CHECKING:
     from visit import Visit
 
-# Windows, pixels at 96 dpi.
-PRINTER_DIALOG, WAIT_WINDOW = (460, 220), (340, 150)
-# On the course screen: the toolbar's button and its rows.
-TOOLBAR, PRINT_ROW, REPOSITORY_ROW = (893, 20), (820, 60), (820, 133)
-# Within the printer dialog: the arrow of the names, the names beneath it, the button.
-NAMES_ARROW, FIRST_NAME, NAME_STEP, OK = (405, 72), (200, 93), 15, (300, 187)
-# Within the repository: the first line, and the buttons.
-FIRST_LINE, PRINT, CLOSE = (120, 87), (164, 329), (451, 329)
 SETTLE = 0.4  # seconds until a step is painted
 
 
@@ -84,14 +77,14 @@ def text_of(pdf: Path) -> str:
 def print_page_and_attachment(visit: Visit, cups: PrivateCups) -> None:
     """Both on the default printer."""
     printing = Printing(visit.desktop, cups)
-    printing.print_page("22-print-page", None, DEFAULT)
+    printing.print_page("print-page", None, DEFAULT)
     visit.check("the page is printed", True)
     folder = visit.store / "Repository" / "1"
     names = sorted(file.name for file in folder.iterdir() if file.is_file())
     pdf = next(name for name in names if name.endswith(".pdf"))
     known = cups.printed_on(DEFAULT)
     repository = printing.open_repository()
-    printing.print_attachment(repository, names.index(pdf), "23-print-attachment", None)
+    printing.print_attachment(repository, names.index(pdf), "print-attachment", None)
     printed = cups.await_printed(DEFAULT, known)
     visit.check("an attachment is printed", text_of(printed) == text_of(folder / pdf))
     repository.click(*CLOSE)

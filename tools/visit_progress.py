@@ -4,14 +4,12 @@ import time
 from typing import TYPE_CHECKING
 
 from program_run import Run
+from screen_places import FIRST_MODULE, SECOND_MODULE, SECOND_TOPIC
 from store_files import read_courses
 from visit_desktop import Window, wait_for
 
 if TYPE_CHECKING:
     from visit import Visit
-
-# Places within the check-progress screen, pixels: rows of the two lists on a display of either scale.
-FIRST_MODULE, SECOND_MODULE, SECOND_TOPIC = (260, 104), (260, 126), (640, 126)
 
 
 def open_progress(visit: "Visit", course: str) -> tuple[Run, Window]:
@@ -36,7 +34,7 @@ def play(visit: "Visit") -> None:
     run, progress = open_progress(visit, course)
     progress.point(*SECOND_MODULE)
     time.sleep(0.3)
-    visit.desktop.picture("13-progress-module")
+    visit.desktop.picture("progress-module")
     progress.click(*SECOND_MODULE)
     wait_for(lambda: visit.resume_line() == f'"{second}","0001.txm"', "the module chosen in check progress")
     visit.check("a click on a module opens it", True)
@@ -47,7 +45,7 @@ def play(visit: "Visit") -> None:
     time.sleep(0.3)
     progress.point(*SECOND_TOPIC)
     time.sleep(0.3)
-    visit.desktop.picture("14-progress-topic")
+    visit.desktop.picture("progress-topic")
     progress.click(*SECOND_TOPIC)
     wait_for(lambda: visit.resume_line().startswith(f'"{first}",'), "the topic chosen in check progress")
     visit.check("a click on a topic opens its first page", visit.resume_line() != f'"{first}","0001.txm"')

@@ -5,22 +5,15 @@ from __future__ import annotations
 import time
 from typing import TYPE_CHECKING
 
-from program_run import COURSE_SCREEN, DIALOG
+from screen_places import (ABOUT_ROW, CLOSE, CLOSE_HELP, COURSE_SCREEN, DETACH, DIALOG, FIRST_LINE, HELP, OPEN,
+                           REPOSITORY_ROW, TALL_DIALOG, TOOLBAR)
 from visit_desktop import Window, differing_pixels, wait_for
-from visit_glossary import TOOLBAR
 
 if TYPE_CHECKING:
     from visit import Visit
     from visit_links import NotedOpener
 
 ATTACHMENT = "Cash desk checklist.txt"  # the first of the course
-TALL_DIALOG = (640, 520)  # of help and about text, pixels
-# On the course screen: the toolbar's rows.
-REPOSITORY_ROW, ABOUT_ROW = (820, 133), (820, 281)
-# Within the repository: the first line and the buttons. Within help: the close button.
-FIRST_LINE = (120, 87)
-OPEN, DETACH, HELP, CLOSE = (68, 329), (260, 329), (355, 329), (451, 329)
-CLOSE_HELP = (571, 490)
 SETTLE = 0.4  # seconds until a step is painted
 PAGE_STANDS = 3.0  # seconds of a trademark page
 
@@ -53,13 +46,13 @@ class Reference:
         known = self.windows()
         repository.click(*DETACH)
         self.await_other_window(known, "the save dialog")
-        self.desktop.picture("18-save-dialog")
+        self.desktop.picture("save-dialog")
         known = self.windows()
         self.desktop.key("ctrl+a")
         self.desktop.type(str(target.resolve()))
         self.desktop.key("Return")
         self.await_other_window(known, "the question about the older copy")
-        self.desktop.picture("19-overwrite-question")
+        self.desktop.picture("overwrite-question")
         self.visit.check("the older copy stands until the answer", target.read_text() == "an older copy")
         self.desktop.key("alt+y")
         source = self.visit.store / "Repository" / "1" / ATTACHMENT
@@ -73,7 +66,7 @@ class Reference:
             help_screen = self.desktop.await_window(*TALL_DIALOG, what="the help")
             help_screen.point(320, 30)
             time.sleep(SETTLE)
-            pictures.append(self.desktop.picture(f"20-help-{number}"))
+            pictures.append(self.desktop.picture(f"help-{number}"))
             area = f"640x520+{help_screen.x}+{help_screen.y}"
             help_screen.click(*CLOSE_HELP)
             self.await_end_of(TALL_DIALOG, "the help")
@@ -82,12 +75,12 @@ class Reference:
     def use_the_attachments(self) -> None:
         self.choose(REPOSITORY_ROW)
         repository = self.desktop.await_window(*DIALOG, what="the repository")
-        self.desktop.picture("16-repository")
+        self.desktop.picture("repository")
         repository.click(*FIRST_LINE)
         time.sleep(SETTLE)
         repository.point(*OPEN)
         time.sleep(SETTLE)
-        self.desktop.picture("17-repository-selected")
+        self.desktop.picture("repository-selected")
         repository.click(*OPEN)
         self.opener.await_call(f"Repository/1/{ATTACHMENT}")
         self.save_over_an_older_copy(repository)
@@ -98,7 +91,7 @@ class Reference:
     def read_about_the_course(self) -> None:
         self.choose(ABOUT_ROW)
         self.desktop.await_window(*TALL_DIALOG, what="the about text")
-        self.desktop.picture("21-about")
+        self.desktop.picture("about")
         self.desktop.key("Tab")
         self.desktop.key("Return")
         self.await_end_of(TALL_DIALOG, "the about text")
@@ -114,7 +107,7 @@ def watch_the_trademark_pages(visit: Visit) -> None:
     """From the answer that leaves the course; the program ends by itself behind the last page."""
     time.sleep(PAGE_STANDS / 2)
     visit.check("the course's pages come behind it", visit.desktop.window(*COURSE_SCREEN) is not None)
-    first = visit.desktop.picture("09-trademark-1")
+    first = visit.desktop.picture("trademark-1")
     time.sleep(PAGE_STANDS)
-    second = visit.desktop.picture("09-trademark-2")
+    second = visit.desktop.picture("trademark-2")
     visit.check("they turn by themselves", differing_pixels(first, second, "1024x768+0+0") > 0)

@@ -13,7 +13,7 @@ from datetime import date
 from pathlib import Path
 from typing import TYPE_CHECKING
 
-from program_run import COURSE_SCREEN
+from screen_places import COURSE_SCREEN
 from store_files import CODE_PAGE, LINE_FIELDS
 from visit_desktop import Desktop, Window, wait_for
 
