@@ -25,8 +25,16 @@ int Held(int twips) {
   return std::clamp(twips, -kLongestIndent, kLongestIndent);
 }
 
-// Fonts that the authors' system never had and showed by others, whose widths their pages are made for.
-QString FamilyOf(const QString& name) {
+// Fonts that the authors' system never had and showed by others, whose widths their pages are made for; and
+// those that it named once more for each group of languages.
+QString FamilyOf(const QString& told) {
+  static const char* const kLanguages[] = {" CE",     " Cyr",      " Greek",    " Tur",
+                                           " Baltic", " (Hebrew)", " (Arabic)", " (Vietnamese)"};
+  QString name = told;
+  for (const char* const language : kLanguages) {
+    const QLatin1String end(language);
+    if (name.size() > end.size() && name.endsWith(end)) name.chop(end.size());
+  }
   static const std::unordered_map<QString, QString> families = {
       {QStringLiteral("times"), QStringLiteral("Times New Roman")},
       {QStringLiteral("tms rmn"), QStringLiteral("Times New Roman")},

@@ -114,6 +114,7 @@ void RtfParser::HandleWord(const RtfToken& token) {
   }
   if (IsIn(RtfDestination::StyleSheet) && known->IsFormat) {
     if (style_.Words.size() < kMostStyleWords) style_.Words.push_back({known->Handle, argument});
+    if (known->TellsAll) style_.IsWhole = true;
     return;
   }
   known->Handle(*this, argument);
@@ -235,6 +236,7 @@ void RtfParser::ApplyStyle(int number) {
   for (auto found = styles_.find(number); found != styles_.end() && chain.size() < kMostStyleBases;
        found = styles_.find(found->second.Base)) {
     chain.push_back(&found->second);
+    if (found->second.IsWhole) break;
   }
   for (auto style = chain.rbegin(); style != chain.rend(); ++style) {
     for (const StyleWord& word : (*style)->Words)

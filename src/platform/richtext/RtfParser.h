@@ -173,7 +173,8 @@ class RtfParser {
     static constexpr int kNoBase = -1;
 
     std::vector<StyleWord> Words;
-    int Base = kNoBase;  // number of the style it is based on
+    int Base = kNoBase;    // number of the style it is based on
+    bool IsWhole = false;  // what it doesn't tell is as usual, not as in the other style
   };
 
   void Handle(const RtfToken& token);

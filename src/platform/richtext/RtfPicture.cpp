@@ -42,13 +42,18 @@ QImage DecodeDeviceBitmap(const RtfPicture& picture) {
   return lines.copy();
 }
 
-QImage Cropped(const QImage& image, const RtfPicture& picture, double width, double height) {
+// A crop below 0 leaves room around the picture.
+QImage Cropped(const QImage& image, const RtfPicture& picture, double width, double height,
+               PixelBudget& budget) {
   const double left = picture.CropLeft / width * image.width();
   const double top = picture.CropTop / height * image.height();
   const double right = picture.CropRight / width * image.width();
   const double bottom = picture.CropBottom / height * image.height();
   const QRectF kept(left, top, image.width() - left - right, image.height() - top - bottom);
-  return image.copy(kept.toRect().intersected(image.rect()));
+  const QRect area = kept.toRect();
+  const bool hasRoom = !image.rect().contains(area) && budget.Take(area.size());
+  if (hasRoom) return image.convertToFormat(QImage::Format_ARGB32_Premultiplied).copy(area);
+  return image.copy(area.intersected(image.rect()));
 }
 
 }  // namespace
@@ -110,7 +115,8 @@ RtfPictureDecoder::Result RtfPictureDecoder::Decode(const RtfPicture& picture) {
   const double keptWidth = width - picture.CropLeft - picture.CropRight;
   const double keptHeight = height - picture.CropTop - picture.CropBottom;
   const bool isCropped = (keptWidth != width || keptHeight != height) && keptWidth > 0 && keptHeight > 0;
-  if (isCropped && !result.Image.isNull()) result.Image = Cropped(result.Image, picture, width, height);
+  if (isCropped && !result.Image.isNull())
+    result.Image = Cropped(result.Image, picture, width, height, budget_);
   result.Width = std::clamp((isCropped ? keptWidth : width) * scaleX, 1.0, kLargest);
   result.Height = std::clamp((isCropped ? keptHeight : height) * scaleY, 1.0, kLargest);
   if (result.Image.isNull())

@@ -6,9 +6,13 @@ namespace {
 
 using Words = std::unordered_map<std::string_view, KnownRtfWord>;
 
+bool TellsAll(std::string_view name) {
+  return name == "li" || name == "ql" || name == "qc" || name == "qr" || name == "qj";
+}
+
 void Add(Words& words, std::span<const RtfWord> list, bool isFormat) {
   for (const RtfWord& word : list)
-    words.emplace(word.Name, KnownRtfWord{word.Handle, isFormat, word.IsCharacter});
+    words.emplace(word.Name, KnownRtfWord{word.Handle, isFormat, word.IsCharacter, TellsAll(word.Name)});
 }
 
 Words AllWords() {

@@ -36,6 +36,8 @@ struct KnownRtfWord {
   RtfHandler Handle = nullptr;
   bool IsFormat = false;     // sets a character or paragraph property, so that a style may hold it
   bool IsCharacter = false;  // stands for a character
+  // Word processors tell the place of a paragraph in a style only when they tell all of its look.
+  bool TellsAll = false;
 };
 
 // Null for a word that is not known.
