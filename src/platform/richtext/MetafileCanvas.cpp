@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kMostObjects = 4096;
 constexpr size_t kMostSaved = 256;
-constexpr double kMostWork = 300e6;     // pixels that one picture may fill, overlaps included
+constexpr double kPartWork = 256;       // what a point of a shape or a letter costs, in pixels
 constexpr double kFarthest = 32'000;    // pixels; the painter's own arithmetic ends near there
 constexpr double kLargestFont = 2'000;  // pixels
 
@@ -105,10 +105,9 @@ double MetafileCanvas::Scale() const {
   return std::isfinite(area) ? std::sqrt(area) : 1;
 }
 
-bool MetafileCanvas::Spend(const QRectF& area) {
+bool MetafileCanvas::Spend(const QRectF& area, qsizetype parts) {
   const QRectF seen = area.adjusted(-1, -1, 1, 1).intersected(QRectF(image_.rect()));
-  work_ += std::max(seen.width() * seen.height(), 64.0);
-  if (work_ > kMostWork) return false;
+  if (!budget_.TakeWork(seen.width() * seen.height() + kPartWork * static_cast<double>(parts))) return false;
   hasDrawn_ = true;
   return true;
 }
@@ -120,7 +119,7 @@ void MetafileCanvas::DrawPath(const QPainterPath& path, bool isFilled, bool isSt
     mapped.setElementPositionAt(i, point.x(), point.y());
   }
   mapped.setFillRule(state_.Rule);
-  if (!Spend(mapped.controlPointRect())) return;
+  if (!Spend(mapped.controlPointRect(), path.elementCount() + 1)) return;
   const bool hasPen = isStroked && state_.Pen.Style != Qt::NoPen;
   const double width = std::clamp(state_.Pen.Width * Scale(), 1.0, kFarthest);
   QPen pen(state_.Pen.Colour, width, state_.Pen.Style, Qt::RoundCap, Qt::RoundJoin);
@@ -164,7 +163,7 @@ void MetafileCanvas::DrawText(QPointF at, const QString& text) {
     y = -metrics.descent();
   }
   const double reach = std::hypot(width, metrics.height());
-  if (!Spend(QRectF(place.x() - reach, place.y() - reach, 2 * reach, 2 * reach))) return;
+  if (!Spend(QRectF(place.x() - reach, place.y() - reach, 2 * reach, 2 * reach), text.size() + 1)) return;
   painter_.save();
   painter_.translate(place);
   painter_.rotate(-told.Turn / 10.0);
@@ -180,7 +179,7 @@ void MetafileCanvas::DrawBitmap(const QRectF& target, const QByteArray& bitmap, 
                                 quint32 operation) {
   const QImage picture = DecodePicture(bitmap, "dib", budget_);
   const QRectF mapped = QRectF(Map(target.topLeft()), Map(target.bottomRight())).normalized();
-  if (picture.isNull() || mapped.isEmpty() || !Spend(mapped)) return;
+  if (picture.isNull() || mapped.isEmpty() || !Spend(mapped, 1)) return;
   const bool isWhole = source.isEmpty() || !QRectF(picture.rect()).contains(source);
   painter_.save();
   if (operation == kAnd) painter_.setCompositionMode(QPainter::CompositionMode_Multiply);

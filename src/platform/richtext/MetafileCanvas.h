@@ -100,7 +100,8 @@ class MetafileCanvas {
  private:
   QTransform ToImage() const;
   double Scale() const;
-  bool Spend(const QRectF& area);
+  // False when the page's pictures have cost enough; a shape has as many parts as points.
+  bool Spend(const QRectF& area, qsizetype parts);
 
   QImage& image_;
   QPainter painter_;
@@ -109,7 +110,6 @@ class MetafileCanvas {
   State state_;
   std::vector<State> saved_;
   std::vector<Object> objects_;
-  double work_ = 0;  // pixels drawn
   bool hasDrawn_ = false;
 };
 

@@ -25,6 +25,12 @@ bool PixelBudget::Take(QSize size) {
   return true;
 }
 
+bool PixelBudget::TakeWork(double pixels) {
+  if (pixels > workLeft_) return false;
+  workLeft_ -= pixels;
+  return true;
+}
+
 QImage DecodePicture(const QByteArray& bytes, const QByteArray& format, PixelBudget& budget) {
   const QByteArray told = FormatOf(bytes);
   const QByteArray used = told.isEmpty() ? format : told;

@@ -4,14 +4,17 @@
 #include <QByteArray>
 #include <QImage>
 
-// How many pixels the pictures of one page may have together, and each alone.
+// How many pixels the pictures of one page may have together, and each alone; and what drawing them may cost.
 class PixelBudget {
  public:
   // False, and nothing taken, when the size is empty or too much.
   bool Take(QSize size);
+  // The same of the work of drawing recorded pictures, in pixels painted.
+  bool TakeWork(double pixels);
 
  private:
   qint64 left_ = 64'000'000;
+  double workLeft_ = 500e6;
 };
 
 // A null image for bytes that are no picture or that are over the budget. `format` is what the bytes are

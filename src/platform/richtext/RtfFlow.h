@@ -19,7 +19,11 @@ class RtfFlow {
   void AddPlace(const QString& name);
 
   bool IsParagraphEmpty() const { return paragraph_.Text.isEmpty(); }
-  bool IsParagraphBlank() const { return paragraph_.Text.trimmed().isEmpty(); }
+  // Whether it holds nothing but a few blanks.
+  bool IsParagraphBlank() const {
+    constexpr qsizetype kFew = 256;
+    return paragraph_.Text.size() < kFew && paragraph_.Text.trimmed().isEmpty();
+  }
   bool HasListText() const { return paragraph_.HasListText; }
   void SetHasListText() { paragraph_.HasListText = true; }
 
