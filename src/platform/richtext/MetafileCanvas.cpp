@@ -11,7 +11,8 @@ namespace {
 
 constexpr size_t kMostObjects = 4096;
 constexpr size_t kMostSaved = 256;
-constexpr double kPartWork = 256;       // what a point of a shape or a letter costs, in pixels
+constexpr double kPartWork = 256;       // what a point of a shape or a letter costs, in pixels painted
+constexpr double kLengthWork = 40;      // what a pixel of an outline costs
 constexpr double kFarthest = 32'000;    // pixels; the painter's own arithmetic ends near there
 constexpr double kLargestFont = 2'000;  // pixels
 
@@ -105,21 +106,26 @@ double MetafileCanvas::Scale() const {
   return std::isfinite(area) ? std::sqrt(area) : 1;
 }
 
-bool MetafileCanvas::Spend(const QRectF& area, qsizetype parts) {
+bool MetafileCanvas::Spend(const QRectF& area, double besides) {
   const QRectF seen = area.adjusted(-1, -1, 1, 1).intersected(QRectF(image_.rect()));
-  if (!budget_.TakeWork(seen.width() * seen.height() + kPartWork * static_cast<double>(parts))) return false;
+  if (!budget_.TakeWork(seen.width() * seen.height() + besides)) return false;
   hasDrawn_ = true;
   return true;
 }
 
 void MetafileCanvas::DrawPath(const QPainterPath& path, bool isFilled, bool isStroked) {
   QPainterPath mapped = path;
+  const double longest = image_.width() + image_.height();
+  double length = 0;
+  QPointF last;
   for (int i = 0; i < path.elementCount(); ++i) {
     const QPointF point = Map(path.elementAt(i));
     mapped.setElementPositionAt(i, point.x(), point.y());
+    if (i > 0) length += std::min((point - last).manhattanLength(), longest);
+    last = point;
   }
   mapped.setFillRule(state_.Rule);
-  if (!Spend(mapped.controlPointRect(), path.elementCount() + 1)) return;
+  if (!Spend(mapped.controlPointRect(), kPartWork * (path.elementCount() + 1) + kLengthWork * length)) return;
   const bool hasPen = isStroked && state_.Pen.Style != Qt::NoPen;
   const double width = std::clamp(state_.Pen.Width * Scale(), 1.0, kFarthest);
   QPen pen(state_.Pen.Colour, width, state_.Pen.Style, Qt::RoundCap, Qt::RoundJoin);
@@ -163,7 +169,9 @@ void MetafileCanvas::DrawText(QPointF at, const QString& text) {
     y = -metrics.descent();
   }
   const double reach = std::hypot(width, metrics.height());
-  if (!Spend(QRectF(place.x() - reach, place.y() - reach, 2 * reach, 2 * reach), text.size() + 1)) return;
+  if (!Spend(QRectF(place.x() - reach, place.y() - reach, 2 * reach, 2 * reach),
+             kPartWork * static_cast<double>(text.size() + 1)))
+    return;
   painter_.save();
   painter_.translate(place);
   painter_.rotate(-told.Turn / 10.0);
@@ -179,7 +187,7 @@ void MetafileCanvas::DrawBitmap(const QRectF& target, const QByteArray& bitmap, 
                                 quint32 operation) {
   const QImage picture = DecodePicture(bitmap, "dib", budget_);
   const QRectF mapped = QRectF(Map(target.topLeft()), Map(target.bottomRight())).normalized();
-  if (picture.isNull() || mapped.isEmpty() || !Spend(mapped, 1)) return;
+  if (picture.isNull() || mapped.isEmpty() || !Spend(mapped, kPartWork)) return;
   const bool isWhole = source.isEmpty() || !QRectF(picture.rect()).contains(source);
   painter_.save();
   if (operation == kAnd) painter_.setCompositionMode(QPainter::CompositionMode_Multiply);

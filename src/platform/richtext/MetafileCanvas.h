@@ -100,8 +100,8 @@ class MetafileCanvas {
  private:
   QTransform ToImage() const;
   double Scale() const;
-  // False when the page's pictures have cost enough; a shape has as many parts as points.
-  bool Spend(const QRectF& area, qsizetype parts);
+  // False when the page's pictures have cost enough. Both in pixels painted.
+  bool Spend(const QRectF& area, double besides);
 
   QImage& image_;
   QPainter painter_;
