@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTimer>
 
 #include "Reader.h"
 #include "Times.h"
@@ -15,13 +16,16 @@ namespace {
 constexpr double kFirstPictureAim = 500;  // ms
 constexpr double kColdFlashAim = 2000;    // ms: the web engine starts
 constexpr double kLeaveAim = 100;         // ms: a click that feels answered
+constexpr double kFlashHeap = 64;         // MB that the heap of the page comes and goes by
 constexpr int kVisits = 50;
 constexpr int kPatience = 20000;  // ms
+constexpr int kLook = 5;          // ms
 
 struct Movie {
   const char* Page;    // how the page's name in the reader ends
   const char* Player;  // the object name of the player
   double ColdAim;      // ms; the first picture of the run
+  double MemoryAim;    // MB more after all visits than after the first
 };
 
 size_t PageOf(const Reader& reader, const Movie& movie) {
@@ -47,9 +51,11 @@ bool HasPicture(const Form1& screen, const Movie& movie) {
 
 bool AwaitPicture(const Form1& screen, const Movie& movie) {
   const QDeadlineTimer end(kPatience);
+  QTimer bell;  // to look at the time when nothing happens; a loop that never rests would slow the player
+  bell.start(kLook);
   while (!HasPicture(screen, movie)) {
     if (end.hasExpired()) return false;
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
   return true;
 }
@@ -123,17 +129,17 @@ void MoviePage(benchmark::State& state, const Movie& movie) {
   leave.ReportTailAim(state, kLeaveAim, "leave_");
   ReportLeft(state, "threads", after.Threads - before.Threads, 1);
   ReportLeft(state, "processes", after.Processes - before.Processes, 1);
-  ReportLeft(state, "memory_mb", after.Megabytes - before.Megabytes, 5);
+  ReportLeft(state, "memory_mb", after.Megabytes - before.Megabytes, movie.MemoryAim);
 }
 
 }  // namespace
 
-BENCHMARK_CAPTURE(MoviePage, video, Movie{"rt0202, 0002.txm", "ShockwaveCtl1", kFirstPictureAim})
+BENCHMARK_CAPTURE(MoviePage, video, Movie{"rt0202, 0002.txm", "ShockwaveCtl1", kFirstPictureAim, 5})
     ->UseManualTime()
     ->Iterations(kVisits)
     ->Unit(benchmark::kMillisecond);
 #ifdef TALLOWMERE_FLASH
-BENCHMARK_CAPTURE(MoviePage, flash, Movie{"rt0103, 0002.txm", "ShockwaveFlash1", kColdFlashAim})
+BENCHMARK_CAPTURE(MoviePage, flash, Movie{"rt0103, 0002.txm", "ShockwaveFlash1", kColdFlashAim, kFlashHeap})
     ->UseManualTime()
     ->Iterations(kVisits)
     ->Unit(benchmark::kMillisecond);

@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr int kIdle = 60000;     // ms; a page keeps 200 MB
 constexpr int kPatience = 5000;  // ms; a page that has not closed its movie by then hangs
 const QStringList kFiles{QStringLiteral("player.html"), QStringLiteral("player.js"),
                          QStringLiteral("ruffle.js")};
@@ -86,6 +87,7 @@ FlashPage& FlashPage::Take(QWidget& container) {
     Pages().emplace_back(new FlashPage);
     page = Pages().back().get();
   }
+  page->idle_.stop();
   page->view_->setParent(&container);
   page->view_->setGeometry(0, 0, 1, 1);
   page->view_->show();
@@ -100,6 +102,7 @@ void FlashPage::GiveBack(FlashPage& page) {
   page.view_->setParent(nullptr);
   if (Spare() == nullptr) {
     Spare() = &page;
+    page.idle_.start(kIdle);
     return;
   }
   const auto own =
@@ -118,6 +121,8 @@ FlashPage::FlashPage() : view_(std::make_unique<QWebEngineView>()) {
   };
   view_->setContextMenuPolicy(Qt::NoContextMenu);
   closing_.setSingleShot(true);
+  idle_.setSingleShot(true);
+  connect(&idle_, &QTimer::timeout, this, &FlashPage::Drop);
   connect(&closing_, &QTimer::timeout, this, [this] {
     Drop();
     if (number_ != 0) Load();

@@ -1,5 +1,5 @@
 // A web page in which Ruffle plays one Flash movie after another. To start one takes a second, so the last
-// one is kept for the next movie.
+// one is kept for the next movie; with nothing to play its process ends after a while.
 #pragma once
 
 #include <QByteArray>
@@ -52,7 +52,7 @@ class FlashPage final : public QObject {
   std::unique_ptr<QWebEngineView> view_;
   std::unique_ptr<QWebEnginePage>
       page_;  // none before the first movie, and after one that was too much for it
-  QTimer closing_;
+  QTimer closing_, idle_;
   bool hasLoaded_ = false;
   int number_ = 0;  // of the movie that is open; 0 for none
   QByteArray movie_;
