@@ -14,7 +14,7 @@ import time
 from contextlib import ExitStack
 from pathlib import Path
 
-from private_cups import DEFAULT, OTHER, PPD, PRINTERS, SKIPPED, PrivateCups, missing_packages
+from private_cups import DEFAULT, OTHER, PPD, PRINTERS, SHEETS, SKIPPED, PrivateCups, missing_packages
 from program_run import Run
 from screen_places import (CLOSE, CLOSE_GLOSSARY, DIALOG, GLOSSARY, GLOSSARY_ROW, PRINT_GLOSSARY, PRINT_ROW,
                            PRINTER_DIALOG)
@@ -36,9 +36,9 @@ def output_of(*command: object) -> str:
     return subprocess.run([str(word) for word in command], check=True, capture_output=True, text=True).stdout
 
 
-def numbers_of(entry: str) -> list[float]:
+def numbers_of(entry: str, sheet: str) -> list[float]:
     """The four or two numbers of an entry of the printer's description, points."""
-    match = re.search(rf'^\*{entry} A4/A4: "([\d ]+)"', PPD.read_text(encoding="utf-8"), re.MULTILINE)
+    match = re.search(rf'^\*{entry} {sheet}/{sheet}: "([\d ]+)"', PPD.read_text(encoding="utf-8"), re.MULTILINE)
     return [float(number) for number in match[1].split()] if match else []
 
 
@@ -46,8 +46,9 @@ class Sheet:
     """A printed page as it lies before the reader, wider than high, and where a picture has to stand on it."""
 
     def __init__(self, pdf: Path, folder: Path) -> None:
-        left, bottom, right, top = numbers_of("ImageableArea")
-        short, long = numbers_of("PaperDimension")
+        name = SHEETS[pdf.stem.split("-")[0]]
+        left, bottom, right, top = numbers_of("ImageableArea", name)
+        short, long = numbers_of("PaperDimension", name)
         # A sheet may be turned to either side, so that the larger of two margins counts.
         self.corner = max(bottom, long - top), max(left, short - right)
         area = long - 2 * self.corner[0], short - 2 * self.corner[1]
@@ -93,7 +94,7 @@ class PrintTest:
         wanted = [*SCREEN, *(round(margin * sheet.pixels) for margin in sheet.corner)]
         print(f"      size and place {[width, height, left, top]}, must be {wanted}")
         self.check("one sheet comes", sheet.count == 1)
-        self.check("it is an A4 sheet", all(abs(pixels - points * sheet.pixels) < NEAR
+        self.check("it is the sheet of the printer", all(abs(pixels - points * sheet.pixels) < NEAR
                                             for pixels, points in zip(paper, sheet.size)))
         self.check("the picture fills the sheet one way",
                    abs(width - SCREEN[0]) < NEAR and abs(height - SCREEN[1]) < NEAR)

@@ -21,6 +21,7 @@ PATIENCE = 20.0  # seconds
 # The places where the two printers of a script stand; one tells what it is instead. The first is the default.
 PRINTERS = {"Counter": "Beside the till", "Office": ""}
 DEFAULT, OTHER = PRINTERS
+SHEETS = {DEFAULT: "A4", OTHER: "A5"}
 CUPSD, LPADMIN = "/usr/sbin/cupsd", "/usr/sbin/lpadmin"
 PROGRAMS = Path("/usr/lib/cups")
 PPD = Path(__file__).with_name("printer.ppd")
@@ -63,7 +64,7 @@ SystemGroup root
 BACKEND = """\
 #!/bin/sh
 [ $# -gt 0 ] || {{ echo 'direct keep:/ "Unknown" "Folder"'; exit 0; }}
-cat ${{6:+"$6"}} > '{printed}/.arriving' && mv '{printed}/.arriving' "{printed}/$PRINTER-$1.pdf"
+cat ${{6:+"$6"}} > "{printed}/.$PRINTER-$1" && mv "{printed}/.$PRINTER-$1" "{printed}/$PRINTER-$1.pdf"
 """
 
 
@@ -87,6 +88,14 @@ class PrivateCups:
         self.daemon: subprocess.Popen[bytes] | None = None
 
     def __enter__(self) -> "PrivateCups":
+        try:
+            self.start()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def start(self) -> None:
         self.lay_out()
         self.daemon = subprocess.Popen(
             [self.folder / "bin/cupsd", "-f", "-c", self.folder / "etc/cupsd.conf",
@@ -94,9 +103,9 @@ class PrivateCups:
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.until(lambda: self.call("lpstat", "-r").stdout.strip() == "scheduler is running", "cupsd")
         for name, place in PRINTERS.items():
-            self.must("lpadmin", "-p", name, "-v", "keep:/", "-P", str(PPD), "-L", place, "-E")
+            self.must("lpadmin", "-p", name, "-v", "keep:/", "-P", str(PPD), "-L", place, "-E",
+                      "-o", f"PageSize={SHEETS[name]}")
         self.must("lpadmin", "-d", DEFAULT)
-        return self
 
     def __exit__(self, *_: object) -> None:
         self.stop()

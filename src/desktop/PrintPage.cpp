@@ -1,7 +1,10 @@
 #include "desktop/PrintPage.h"
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QPrinter>
+#include <exception>
+#include <utility>
 
 #include "desktop/Animation_Viewer.h"
 #include "desktop/ScreenCapture.h"
@@ -19,10 +22,12 @@ constexpr int kUntilCapture = 2000;  // ms: the dialog goes and the screen benea
 
 const QString kMovie = QStringLiteral("transmit.avi");
 
-void WaitWithEvents(int milliseconds) {
-  QEventLoop loop;
-  const auto alarm = Clock::Current().Repeat(milliseconds, [&loop] { loop.quit(); });
-  loop.exec();
+void PrintScreen(Form* screen, const QString& printer) {
+  if (auto* viewer = LoadedForm<Animation_Viewer>()) viewer->CloseAnimatedGif();
+  // The learner may have left the course meanwhile, or changed to another.
+  if (screen == nullptr || !screen->Loaded() || FormLife::Ended()) return;
+  screen->Refresh();
+  PrintPictureToFitPage(*OpenPrinter(printer), CaptureForm(*screen));
 }
 
 }  // namespace
@@ -40,11 +45,22 @@ void SendPageToPrinter() {
   PrintPage();
 }
 
+// The alarm prints by itself: a window that the learner opens in the meantime holds this loop.
 void PrintPage() {
-  WaitWithEvents(kUntilCapture);
-  if (auto* viewer = LoadedForm<Animation_Viewer>()) viewer->CloseAnimatedGif();
-  Form* screen = gScreens.CourseWindow();
-  if (screen == nullptr || FormLife::Ended()) return;  // the learner has left the course meanwhile
-  screen->Refresh();
-  PrintPictureToFitPage(*OpenCurrentPrinter(), CaptureForm(*screen));
+  const QPointer<Form> screen = gScreens.CourseWindow();
+  const QString printer = CurrentPrinter();
+  std::exception_ptr failure;
+  bool isDue = true;
+  QEventLoop loop;
+  const auto alarm = Clock::Current().Repeat(kUntilCapture, [&] {
+    loop.quit();
+    if (!std::exchange(isDue, false)) return;
+    try {
+      PrintScreen(screen, printer);
+    } catch (const RunTimeError&) {
+      failure = std::current_exception();
+    }
+  });
+  loop.exec();
+  if (failure != nullptr) std::rethrow_exception(failure);
 }

@@ -120,7 +120,7 @@ int frmPrinterDialog::SelectedEntry() const {
 
 void frmPrinterDialog::cmdOK_Click() {
   const QString name = cboPrinters_->List(SelectedEntry());
-  if (!IsAmong(printers_, name)) return;
+  if (!IsAmong(Printers(), name)) return;  // it may have gone since the list was filled
   SetCurrentPrinter(name);
   Unload();
   if (mPrintMode == kPrintFile) {
@@ -158,6 +158,7 @@ void frmPrinterDialog::ShellPrint() {
         PrintDialog::kReturnContext | PrintDialog::kNoSelection | PrintDialog::kHidePrintToFile;
     if (!commonDialog1.ShowPrinter(*printer)) return;
     if (mPrintMode == kPrintFile) {
+      Unload();
       PrintTheFile();
     } else {
       PrintPage();

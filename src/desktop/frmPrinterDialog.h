@@ -46,7 +46,7 @@ class frmPrinterDialog final : public DialogForm {
 // Makes a printer the desktop's default, which nothing undoes. A name that no printer has changes nothing.
 void SetDefaultPrinterWinNT(const QString& printer);
 
-// Prepares the dialog for a file or, with an empty text, for the page. False when no printer is installed,
+// Prepares the dialog for the page or, in the mode of a file, for that. False when no printer is installed,
 // behind a message that says so.
 bool InitPrintDlg(const QString& file, int mode);
 // Prepares the dialog and shows it, modal over the course screen, if there is a printer.

@@ -41,6 +41,11 @@ TEST_F(CupsTest, ThePrintersAreToldWithTheirPlacesOrWhatTheyAre) {
   EXPECT_EQ(CurrentPrinter(), "Counter");
 }
 
+TEST_F(CupsTest, EachPrinterTakesItsOwnSheet) {
+  EXPECT_EQ(OpenPrinter("Counter")->pageLayout().pageSize().id(), QPageSize::A4);
+  EXPECT_EQ(OpenPrinter("Office")->pageLayout().pageSize().id(), QPageSize::A5);
+}
+
 TEST_F(CupsTest, AnotherDefaultPrinterTakesTheFiles) {
   store.Write("Repository/1/guide.txt", "the guide");
   for (const char* name : {"Office", "Counter"}) {

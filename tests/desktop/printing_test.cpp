@@ -10,6 +10,7 @@
 #include "desktop/frmPrinterDialog.h"
 #include "platform/forms/PrintDialog.h"
 #include "platform/forms/SkinButton.h"
+#include "reference/About.h"
 #include "support/Opened.h"
 #include "support/Program.h"
 #include "support/TestPrinters.h"
@@ -74,7 +75,7 @@ TEST_F(PrintingTest, OkTakesThePrinterThatTheTextStandsFor) {
   const struct {
     QString Typed;
     const char* Taken;
-  } rows[] = {{"Office", "Office"}, {"Counter", "Counter"}, {"office", "Office"}, {"none such", "Office"}};
+  } rows[] = {{"Office", "Office"}, {"Counter", "Counter"}, {"counter", "Office"}, {"none such", "Office"}};
   for (const auto& row : rows) {
     Form& dialog = OpenForFile();
     Gui::Key(dialog, Qt::Key_A, Qt::ControlModifier);
@@ -154,6 +155,7 @@ TEST_F(PrintingTest, ThePageIsPrintedAsItStandsOnALyingSheet) {
     Names(dialog).SetListIndex(0);
     Gui::Click(dialog, "cmdOK");
   });
+  QImage standing;
   PassWait([&] {
     Form& wait = Default<Animation_Viewer>();
     EXPECT_EQ(wait.windowTitle(), "Printing...");
@@ -162,13 +164,14 @@ TEST_F(PrintingTest, ThePageIsPrintedAsItStandsOnALyingSheet) {
     clock.Advance(1999);
     EXPECT_EQ(Printed(), QByteArray());
     Gui::Click(screen, "NextBtn");  // clicks are handled during the wait
+    standing = screen.grab().toImage().convertToFormat(QImage::Format_RGB888);
   });
   ChoosePrintPage();
   EXPECT_EQ(LoadedForm<Animation_Viewer>(), nullptr);
   EXPECT_EQ(printers.Take(), QStringList("Office"));
   EXPECT_EQ(PageText(), "rt0101 0002.txm");
   const PrintedPage page(Printed());
-  EXPECT_EQ(page.Picture, screen.grab().toImage().convertToFormat(QImage::Format_RGB888));
+  EXPECT_EQ(page.Picture, standing);
   EXPECT_EQ(page.Picture.size(), QSize(1024, 768));
   EXPECT_GT(page.Sheet.width(), page.Sheet.height());
   EXPECT_NEAR(page.Place.width() / page.Place.height(), 1024.0 / 768, 0.001);
@@ -176,6 +179,32 @@ TEST_F(PrintingTest, ThePageIsPrintedAsItStandsOnALyingSheet) {
   EXPECT_NEAR(page.Place.height(), page.Sheet.height() - 2 * page.Place.top(), 1);
   EXPECT_TRUE(InitPrintDlg({}, kPrintPage));
   EXPECT_EQ(Names(Default<frmPrinterDialog>()).Text(), "Office");
+}
+
+TEST_F(PrintingTest, AWindowOpenedDuringTheWaitHoldsNoPrint) {
+  ReadAs("Ann", "Lee");
+  AcceptDialog();
+  PassWait([&] {
+    script.When("About", [this](Form& about) {
+      clock.Advance(2000);
+      EXPECT_EQ(printers.Take(), QStringList("Counter"));
+      EXPECT_EQ(LoadedForm<Animation_Viewer>(), nullptr);
+      clock.Advance(4000);
+      about.close();
+    });
+    Default<About>().Show(FormMode::Modal);
+  });
+  ChoosePrintPage();
+  EXPECT_EQ(printers.Take(), QStringList());  // once
+}
+
+TEST_F(PrintingTest, APrinterThatHasGoneDuringTheWaitIsTold) {
+  ReadAs("Ann", "Lee");
+  AcceptDialog();
+  PassWait([&] { printers.Installed.removeLast(); });
+  ChoosePrintPage();
+  EXPECT_EQ(messages.Take(), QStringList("The printer \"Counter\" is not installed any more."));
+  EXPECT_EQ(printers.Take(), QStringList());
 }
 
 TEST_F(PrintingTest, NothingIsPrintedOfAScreenThatHasGone) {

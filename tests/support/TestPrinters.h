@@ -27,7 +27,7 @@ class TestPrinters final : public PrinterSystem {
       {"Office", "First floor"}, {"Rendering Subsystem", "file:"}, {"Counter", "Beside the till"}};
   QString Default = "Counter";
 
-  // The names of the printers that were printed on since the last call of this.
+  // The names of the printers that were opened since the last call of this.
   QStringList Take() { return std::exchange(opened_, {}); }
 
  private:

@@ -15,6 +15,7 @@ std::function<bool(QPrinter&, PrintDialog&)>& Answerer() {
 }
 
 bool Show(QPrinter& printer, PrintDialog& call) {
+  const int copiesBefore = printer.copyCount();
   printer.setCopyCount(call.Copies);
   QWidget* owner = QApplication::activeWindow();
   QPrintDialog dialog(&printer, owner != nullptr ? owner : FormLife::Active());
@@ -26,7 +27,10 @@ bool Show(QPrinter& printer, PrintDialog& call) {
   dialog.setFromTo(call.FromPage, call.ToPage);
   dialog.setPrintRange(QAbstractPrintDialog::AllPages);
   const HourglassPause pause;
-  if (dialog.exec() != QDialog::Accepted) return false;
+  if (dialog.exec() != QDialog::Accepted) {
+    printer.setCopyCount(copiesBefore);
+    return false;
+  }
   call.Copies = printer.copyCount();
   const bool all = dialog.printRange() != QAbstractPrintDialog::PageRange;
   call.FromPage = all ? call.Min : dialog.fromPage();

@@ -30,7 +30,10 @@ class DesktopPrinters final : public PrinterSystem {
     setter.waitForFinished();
   }
   std::unique_ptr<QPrinter> Open(const QString& deviceName) override {
-    return std::make_unique<QPrinter>(QPrinterInfo::printerInfo(deviceName), QPrinter::HighResolution);
+    const QPrinterInfo info = QPrinterInfo::printerInfo(deviceName);
+    auto printer = std::make_unique<QPrinter>(info, QPrinter::HighResolution);
+    if (info.defaultPageSize().isValid()) printer->setPageSize(info.defaultPageSize());  // else A4 for all
+    return printer;
   }
 };
 
@@ -73,6 +76,11 @@ QString CurrentPrinter() {
 
 void SetCurrentPrinter(const QString& deviceName) {
   Chosen() = deviceName;
+}
+
+std::unique_ptr<QPrinter> OpenPrinter(const QString& deviceName) {
+  if (!IsAmong(Printers(), deviceName)) throw RunTimeError(Describe("printer-gone", deviceName));
+  return PrinterSystem::Current().Open(deviceName);
 }
 
 std::unique_ptr<QPrinter> OpenCurrentPrinter() {

@@ -28,6 +28,7 @@ class PrinterSystem {
   virtual QString DefaultPrinter() = 0;
   // Makes an installed printer the desktop's default.
   virtual void SetDefaultPrinter(const QString& deviceName) = 0;
+  // An installed printer, with the sheet that it takes by default.
   virtual std::unique_ptr<QPrinter> Open(const QString& deviceName) = 0;
 };
 
@@ -40,5 +41,7 @@ bool IsAmong(const QList<PrinterEntry>& printers, const QString& deviceName);
 QString CurrentPrinter();
 // The choice holds for the rest of the run; the desktop's default stays.
 void SetCurrentPrinter(const QString& deviceName);
-// The current printer, ready to be painted on. RunTimeError as above.
+// A printer ready to be painted on. RunTimeError when none of that name is installed.
+std::unique_ptr<QPrinter> OpenPrinter(const QString& deviceName);
+// The current printer likewise. RunTimeError when none is installed.
 std::unique_ptr<QPrinter> OpenCurrentPrinter();
