@@ -14,7 +14,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   constexpr QSize kSize(120, 80);
   QByteArray bytes = BytesOf(data, size);
   for (const bool isLong : {false, true}) {
-    if (isLong && bytes.size() > 44) bytes.replace(0, 4, "\1\0\0", 4).replace(40, 4, " EMF", 4);
+    if (isLong && bytes.size() > 44) {
+      bytes.replace(0, 4, QByteArrayView("\1\0\0", 4));
+      bytes.replace(40, 4, QByteArrayView(" EMF", 4));
+    }
     PixelBudget budget;
     const QImage image = DrawMetafile(bytes, kSize, budget);
     if (!image.isNull() && image.size() != kSize) __builtin_trap();
