@@ -193,9 +193,7 @@ QUrl FlashEngine::PageAddress() {
 }
 
 void FlashEngine::Gate::interceptRequest(QWebEngineUrlRequestInfo& info) {
-  if (info.requestUrl().scheme().toLatin1() == kScheme) return;
-  info.block(true);
-  ++refused;
+  if (info.requestUrl().scheme().toLatin1() != kScheme) info.block(true);
 }
 
 void FlashEngine::Desk::requestStarted(QWebEngineUrlRequestJob* job) {

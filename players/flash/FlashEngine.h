@@ -28,15 +28,11 @@ class FlashEngine final {
   // The application ends: the pages have to go.
   std::function<void()> Ending;
 
-  // Asks for anything but the player's own that were refused since the start.
-  int Refused() const { return gate_.refused; }
-
  private:
   // Lets the player's own addresses through.
   class Gate final : public QWebEngineUrlRequestInterceptor {
    public:
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
-    int refused = 0;
   };
   // Answers them.
   class Desk final : public QWebEngineUrlSchemeHandler {
