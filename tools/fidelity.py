@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Compares how the player and LibreOffice show the same pages.
 
-Usage: fidelity.py FOLDER OUT [--only WORD] [--screens N] [--limit SECONDS] [--preset dev]
+Usage: fidelity.py FOLDER OUT [--only WORD] [--screens N] [--limit SECONDS] [--preset release]
 
 Every .rtf file of FOLDER is shown by the player's own page view (render_page, which this builds) and by
 LibreOffice (`tools/setup.sh fidelity` installs it). OUT gets a picture of both side by side, the player's at
@@ -329,7 +329,7 @@ def main() -> int:
     parser.add_argument("--only", default="")
     parser.add_argument("--screens", type=int, default=3)
     parser.add_argument("--limit", type=float, default=30.0)
-    parser.add_argument("--preset", default="dev")
+    parser.add_argument("--preset", default="release")
     options = parser.parse_args()
     sources = sorted(path.resolve() for path in options.folder.glob("*.rtf") if options.only in path.name)
     if not sources:

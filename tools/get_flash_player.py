@@ -31,7 +31,7 @@ def fetch(folder: Path) -> Path | None:
         print("No Flash player: npm is not installed.")
         return None
     try:
-        done = subprocess.run([npm, "pack", "--silent", "--fetch-retries=1", "--pack-destination", folder, PACKAGE],
+        done = subprocess.run([npm, "pack", "--loglevel=error", "--fetch-retries=1", "--pack-destination", folder, PACKAGE],
                               cwd=folder, check=False, capture_output=True, text=True, timeout=LONGEST_FETCH)
     except subprocess.TimeoutExpired:
         print(f"No Flash player: npm has not fetched {PACKAGE} within {LONGEST_FETCH} seconds.")

@@ -70,7 +70,8 @@ cat ${{6:+"$6"}} > "{printed}/.$PRINTER-$1" && mv "{printed}/.$PRINTER-$1" "{pri
 
 def missing_packages() -> list[str]:
     needs = {CUPSD: "cups-daemon", LPADMIN: "cups-client", str(PROGRAMS / "filter/pdftopdf"): "cups-filters",
-             str(PROGRAMS / "filter/texttopdf"): "cups-filters"}
+             str(PROGRAMS / "filter/texttopdf"): "cups-filters",
+             "/usr/bin/pdftotext": "poppler-utils"}
     return sorted({package for path, package in needs.items() if not os.access(path, os.X_OK)})
 
 

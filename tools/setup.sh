@@ -1,15 +1,19 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing. Usage: tools/setup.sh GROUP..., with the groups
 # build (program), players (what plays the movies), test (test run, the visit included), visit (scripted
-# visit without a display), bench (benchmarks) and fidelity (pages beside LibreOffice's).
+# visit without a display), bench (benchmarks), fidelity (pages beside LibreOffice's), fuzz (fuzz targets) and
+# artwork (what renders the skin and the films).
 set -euo pipefail
 
 packages_of() {
   case "$1" in
-    build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation ;;
+    build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation \
+      xdg-utils cups-client ;;
     players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev \
       qt6-webengine-dev; command -v npm >/dev/null || echo npm ;;
     test) echo libgtest-dev strace; packages_of visit ;;
+    fuzz) echo clang libclang-rt-14-dev ;;
+    artwork) echo ffmpeg libjpeg-turbo-progs librsvg2-bin ;;
     bench) echo libbenchmark-dev libx11-dev unrtf ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;
     visit)

@@ -1,5 +1,7 @@
 """The part of the visit that watches movies: each one shows and moves."""
 
+import os
+import subprocess
 import time
 from pathlib import Path
 from typing import TYPE_CHECKING
@@ -23,7 +25,10 @@ def differ(visit: "Visit", one: Path, picture: str) -> bool:
 
 
 def has_flash(visit: "Visit") -> bool:
-    return (visit.store / "players/flash.so").exists()
+    """Whether the player is there, and this user may have the sandbox that it wants."""
+    may = os.geteuid() == 0 or subprocess.run(["unshare", "--user", "true"], check=False,
+                                              stderr=subprocess.DEVNULL).returncode == 0
+    return may and (visit.store / "players/flash.so").exists()
 
 
 def pass_by(visit: "Visit", module: str, page: str) -> None:

@@ -14,7 +14,6 @@
 #include <QOpenGLContext>
 #include <QQuickRenderControl>
 #include <QQuickWindow>
-#include <QTemporaryDir>
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineSettings>
@@ -154,7 +153,7 @@ FlashEngine& FlashEngine::Start() {
   const bool isRoot = geteuid() == 0;
   const Setting sandbox("QTWEBENGINE_DISABLE_SANDBOX", isRoot ? QByteArrayLiteral("1") : QByteArray());
   const Setting debugging("QTWEBENGINE_REMOTE_DEBUGGING", {});
-  const Setting flags("QTWEBENGINE_CHROMIUM_FLAGS", {});
+  const Setting flags("QTWEBENGINE_CHROMIUM_FLAGS", QByteArrayLiteral(""));  // else the command line is asked
   TheEngine().reset(new FlashEngine);
   qAddPostRoutine(&FlashEngine::End);
   return *TheEngine();

@@ -139,7 +139,11 @@ void FlashPage::Load() {
   page_ = std::make_unique<WebPage>(FlashEngine::Start().Profile());
   connect(page_.get(), &QWebEnginePage::loadFinished, this, [this](bool loaded) {
     hasLoaded_ = loaded;
-    if (loaded && number_ != 0) Begin();
+    if (!loaded) {
+      GiveUp();
+    } else if (number_ != 0) {
+      Begin();
+    }
   });
   connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, &FlashPage::GiveUp);
   view_->setPage(page_.get());
@@ -174,7 +178,7 @@ void FlashPage::Open(QByteArray movie, MoviePlayer::Fit fit, int backColor) {
 }
 
 void FlashPage::Begin() {
-  page_->setAudioMuted(false);
+  page_->setAudioMuted(isHeld_);
   page_->setBackgroundColor(QColor(WebColour(backColor_)));
   Run(QStringLiteral("openMovie(%1, '%2', '%3', %4)")
           .arg(QString::number(number_), ScaleOf(fit_), WebColour(backColor_),
@@ -183,11 +187,13 @@ void FlashPage::Begin() {
 
 void FlashPage::Hold() {
   isHeld_ = true;
+  if (page_ != nullptr) page_->setAudioMuted(true);  // the sounds of the first frame
   Run(QStringLiteral("holdMovie()"));
 }
 
 void FlashPage::Play() {
   isHeld_ = false;
+  if (page_ != nullptr) page_->setAudioMuted(false);
   Run(QStringLiteral("playMovie()"));
 }
 

@@ -17,7 +17,7 @@ class FlashPage final : public QObject {
   // Whether there can be such pages; the reason names the file that is missing, or the sandbox.
   static bool CanStart(QString& reason);
 
-  // A page whose view stands in the container, at no size. Give it back before the container goes.
+  // A page whose view stands in the container, one pixel large. Give it back before the container goes.
   static FlashPage& Take(QWidget& container);
   // Ends the movie and its sound. The page may be gone then.
   static void GiveBack(FlashPage& page);
@@ -50,8 +50,8 @@ class FlashPage final : public QObject {
   static void Told(int number, const QString& word, const QStringList& texts);
 
   std::unique_ptr<QWebEngineView> view_;
-  std::unique_ptr<QWebEnginePage>
-      page_;  // none before the first movie, and after one that was too much for it
+  // None before the first movie, and after one that was too much for it.
+  std::unique_ptr<QWebEnginePage> page_;
   QTimer closing_, idle_;
   bool hasLoaded_ = false;
   int number_ = 0;  // of the movie that is open; 0 for none

@@ -77,8 +77,8 @@ bool FlashPlayer::event(QEvent* event) {
   return MoviePlayer::event(event);
 }
 
-// A hidden view gets no animation frames, so that a movie in it would never tell its size; one without
-// extent does. So the view stands beside this widget, as large as this one once it shows.
+// A hidden view gets no animation frames, so that a movie in it would never tell its size; one of a
+// single pixel does. So the view stands beside this widget, as large as this one once it shows.
 void FlashPlayer::PlacePage() {
   if (page_ == nullptr) return;
   page_->View()->setAccessibleName(accessibleName());

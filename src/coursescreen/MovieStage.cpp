@@ -1,5 +1,9 @@
 #include "coursescreen/MovieStage.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "content/REGISTRY.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/TextTable.h"
@@ -128,7 +132,7 @@ void MovieStage::FillFrame(MoviePlayer& player) const {
 
 void MovieStage::InsertFlashMovie() {
   try {
-    flashClass_ = InstalledClass(kFlashPlayer);
+    GetFlashVersion(flashClass_);
     MoviePlayer& movie = AddPlayerToFrame(flashClass_, kFlashName);
     objSWF_ = &movie;
     movie.Command = [this, &movie](const QString& command, const QString& arguments) {
@@ -161,7 +165,7 @@ void MovieStage::TakeSize(MoviePlayer& movie, const QString& arguments) {
 
 void MovieStage::InsertDirectorMovie() {
   try {
-    shockwaveClass_ = InstalledClass(kShockwavePlayer);
+    GetShockwaveVersion(shockwaveClass_);
     MoviePlayer& movie = AddPlayerToFrame(shockwaveClass_, kOtherName);
     objDir_ = &movie;
     movie.SetMovie(MovieFile());
@@ -175,7 +179,7 @@ void MovieStage::InsertDirectorMovie() {
 
 void MovieStage::InsertVideo() {
   IgnoreErrors([this] {
-    mediaClass_ = InstalledClass(kMediaPlayer);
+    GetMediaPlayerVersion(mediaClass_);
     MoviePlayer& movie = AddPlayerToFrame(mediaClass_, kOtherName);
     objVideo_ = &movie;
     movie.ShowControlBar(false);

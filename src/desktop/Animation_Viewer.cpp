@@ -1,5 +1,6 @@
 #include "desktop/Animation_Viewer.h"
 
+#include "content/REGISTRY.h"
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
@@ -49,7 +50,9 @@ void Animation_Viewer::LoadAnimatedGif(const QString& file, const QString& title
 }
 
 void Animation_Viewer::Play(const QString& file) {
-  animation1_.reset(&AddPlayer(*picture1_, InstalledClass(kMediaPlayer), QStringLiteral("Animation1")));
+  QString mediaClass;
+  GetMediaPlayerVersion(mediaClass);
+  animation1_.reset(&AddPlayer(*picture1_, mediaClass, QStringLiteral("Animation1")));
   animation1_->setAccessibleName(label1_->Caption());
   animation1_->setGeometry(Layout::Animation1);
   animation1_->SetEndless(true);

@@ -1,6 +1,6 @@
-// What a movie player is to the page that shows it: a widget, made in a frame of the page, that plays one
-// movie and goes with the frame. Players come from plugins; this header is all that a plugin needs of the
-// program.
+// What a movie player is to the page that shows it: a widget, made in a frame of the page or of the wait
+// window, that plays one movie and goes with the frame. Players come from plugins; this header is all that a
+// plugin needs of the program.
 #pragma once
 
 #include <QString>
@@ -20,6 +20,7 @@ class MoviePlayer : public QWidget {
   // Opens a movie by its absolute file path and plays it from its beginning, whether or not the player
   // shows. A file that is missing or holds no movie shows nothing; it is no error of the player.
   virtual void SetMovie(const QString& file) = 0;
+  // This and the next count from the next movie on where the player can't change them while it plays.
   virtual void SetFit(Fit fit) = 0;
   // Colour behind a movie that leaves room, as 0xBBGGRR.
   virtual void SetBackColor(int colour) = 0;

@@ -6,13 +6,11 @@
 #include <QLibrary>
 #include <QPluginLoader>
 #include <algorithm>
-#include <optional>
 
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/movies/MoviePlayer.h"
-#include "platform/registry/Registry.h"
 
 namespace {
 
@@ -47,14 +45,6 @@ QString PluginFor(const QString& className) {
 }
 
 }  // namespace
-
-QString InstalledClass(const QString& player) {
-  const RegistryKey* key =
-      LocalMachine().OpenKey(QStringLiteral("SOFTWARE\\Classes\\%1\\CurVer").arg(player));
-  if (key == nullptr) return {};
-  const std::optional<RegistryValue> value = Registry::QueryValue(*key, {});
-  return value ? value->Text : QString();
-}
 
 QString PlayerFolder() {
   return ProgramFolder() + QStringLiteral("\\players");

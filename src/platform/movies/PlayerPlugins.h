@@ -1,4 +1,4 @@
-// The movie players of an installation: plugins in a folder, loaded when a page first needs one. The
+// The movie players of an installation: plugins in a folder, loaded when a movie first needs one. The
 // program links none of them.
 #pragma once
 
@@ -6,14 +6,6 @@
 
 class MoviePlayer;
 class QWidget;
-
-// The players by their names in the registry.
-inline const QString kFlashPlayer = QStringLiteral("ShockwaveFlash.ShockwaveFlash");
-inline const QString kShockwavePlayer = QStringLiteral("SWCtl.SWCtl");
-inline const QString kMediaPlayer = QStringLiteral("MediaPlayer.MediaPlayer");
-
-// The class of a player, the default value of its key; empty when the player was never installed.
-QString InstalledClass(const QString& player);
 
 // The program path of an installation's players: "players" in the program folder.
 QString PlayerFolder();

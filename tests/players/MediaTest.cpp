@@ -186,7 +186,7 @@ TEST_F(MediaTest, TheVideoFillsThePlayerAsItIsTold) {
   using Fit = MoviePlayer::Fit;
   ReadAs("Ann", "Lee");
   QWidget container;
-  MoviePlayer& player = AddPlayer(container, InstalledClass(kMediaPlayer), "player");
+  MoviePlayer& player = AddPlayer(container, "MediaPlayer.MediaPlayer.1", "player");
   player.resize(400, 400);  // the film is 400 by 240
   player.SetBackColor(0x0000FF);
   player.SetMovie(TALLOWMERE_FILM);
