@@ -1,6 +1,7 @@
 // The pictures of rich text: each kind at its size, or a frame in its place.
 #include <initializer_list>
 
+#include "platform/richtext/PicturePixels.h"
 #include "platform/rtf_pages.h"
 
 namespace {
@@ -58,11 +59,43 @@ QByteArray ShortMetafile() {
          Words16({7, 0, 0x41B, 100, 100, 0, 0}) + Words16({3, 0, 0});
 }
 
-// The same by a bitmap of one pixel, on a device of 100 by 100 pixels and millimetres.
+// Lines from corner to corner that cost more than a page has, in 7000 points.
+QByteArray CostlyLines() {
+  return Words16({0, 0, 100, 100}).repeated(3500);
+}
+
+// A white square over it would be the last, but the lines before have used the work up.
+QByteArray CostlyShortMetafile() {
+  return ShortMetafile().chopped(6) + Words16({14'004, 0, 0x325, 7000}) + CostlyLines() +
+         Words16({7, 0, 0x2FC, 0, 0xFFFF, 0xFF, 0}) + Words16({4, 0, 0x12D, 1}) +
+         Words16({7, 0, 0x41B, 100, 100, 0, 0}) + Words16({3, 0, 0});
+}
+
+// A device of 100 by 100 pixels and millimetres.
+QByteArray LongHead() {
+  return Words32({1, 88, 0, 0, 100, 100, 0, 0, 10000, 10000, 0x464D4520}) + QByteArray(28, '\0') +
+         Words32({100, 100, 100, 100});
+}
+
+QByteArray RedBrush() {
+  return Words32({39, 24, 1, 0, 0xFF, 0, 37, 12, 1});
+}
+
+// A square in a path, filled red; the black that fills it again finds no path.
+QByteArray PathMetafile() {
+  return LongHead() + RedBrush() + Words32({59, 8, 43, 24, 0, 0, 100, 100, 60, 8, 62, 8}) +
+         Words32({37, 12, static_cast<int>(0x80000004), 62, 8, 14, 20, 0, 0, 20});
+}
+
+QByteArray CostlyLongMetafile() {
+  return LongHead() + RedBrush() + Words32({43, 24, 0, 0, 100, 100}) +
+         Words32({87, 28'028, 0, 0, 0, 0, 7000}) + CostlyLines() +
+         Words32({37, 12, static_cast<int>(0x80000000), 43, 24, 0, 0, 100, 100, 14, 20, 0, 0, 20});
+}
+
+// The red square by a bitmap of one pixel.
 QByteArray LongMetafile() {
-  const QByteArray head = Words32({1, 88, 0, 0, 100, 100, 0, 0, 10000, 10000, 0x464D4520});
-  const QByteArray device = Words32({100, 100, 100, 100});
-  return head + QByteArray(28, '\0') + device +
+  return LongHead() +
          Words32({81, 124, 0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 80, 40, 120, 4, 0, 0xCC0020, 100, 100}) +
          Words32({40, 1, 1, 0x180001, 0, 0, 0, 0, 0, 0, 0xFF0000}) + Words32({14, 20, 0, 0, 20});
 }
@@ -110,6 +143,21 @@ const PictureRow kPictures[] = {
      LongMetafile().left(150).toHex(),
      {20, 40},
      false},
+    {"LongMetafilePathIsDrawnOnce",
+     "\\emfblip\\picwgoal300\\pichgoal600",
+     PathMetafile().toHex(),
+     {20, 40},
+     true},
+    {"ShortMetafileStopsWhenTooCostly",
+     "\\wmetafile8\\picwgoal15000\\pichgoal15000",
+     CostlyShortMetafile().toHex(),
+     {1000, 1000},
+     true},
+    {"LongMetafileStopsWhenTooCostly",
+     "\\emfblip\\picwgoal15000\\pichgoal15000",
+     CostlyLongMetafile().toHex(),
+     {1000, 1000},
+     true},
     {"TooSmallToSee", "\\pngblip\\picwgoal1\\pichgoal1\\picscalex1", kPng.toHex(), {1, 1}, true},
     {"Damaged", "\\pngblip\\picwgoal300\\pichgoal300", kPng.left(40).toHex(), {20, 20}, false},
     {"Bomb", "\\pngblip\\picwgoal300\\pichgoal300", HugePng().toHex(), {20, 20}, false},
@@ -121,6 +169,15 @@ const PictureRow kPictures[] = {
 };
 INSTANTIATE_TEST_SUITE_P(All, RtfPictures, ::testing::ValuesIn(kPictures),
                          [](const auto& row) { return std::string(row.param.What); });
+
+TEST(RtfPictures, HaveOnlySoManyFonts) {
+  PixelBudget budget;
+  int fonts = 0;
+  while (fonts < 10'000 && budget.TakeFont(QString::number(fonts)))
+    ++fonts;
+  EXPECT_EQ(fonts, 500);
+  EXPECT_TRUE(budget.TakeFont("0"));
+}
 
 TEST(RtfPictures, FillTheirShape) {
   const RichPage page = ReadBody(

@@ -22,6 +22,14 @@ constexpr quint32 kAnd = 0x8800C6, kOr = 0xEE0086, kXor = 0x660046;
 // The bits of the text's alignment.
 constexpr int kUpdatesPlace = 1, kRight = 2, kCentre = 6, kBottom = 8, kBaseline = 24;
 
+QPointF MappedBy(const QTransform& transform, QPointF point) {
+  const QPointF mapped = transform.map(point);
+  const auto held = [](double value) {
+    return std::isfinite(value) ? std::clamp(value, -kFarthest, kFarthest) : 0.0;
+  };
+  return {held(mapped.x()), held(mapped.y())};
+}
+
 }  // namespace
 
 float MetafileBytes::Real(qsizetype at) const {
@@ -94,11 +102,7 @@ QTransform MetafileCanvas::ToImage() const {
 }
 
 QPointF MetafileCanvas::Map(QPointF point) const {
-  const QPointF mapped = ToImage().map(point);
-  const auto held = [](double value) {
-    return std::isfinite(value) ? std::clamp(value, -kFarthest, kFarthest) : 0.0;
-  };
-  return {held(mapped.x()), held(mapped.y())};
+  return MappedBy(ToImage(), point);
 }
 
 double MetafileCanvas::Scale() const {
@@ -106,26 +110,34 @@ double MetafileCanvas::Scale() const {
   return std::isfinite(area) ? std::sqrt(area) : 1;
 }
 
-bool MetafileCanvas::Spend(const QRectF& area, double besides) {
+bool MetafileCanvas::Spend(double work) {
+  isSpent_ = isSpent_ || !budget_.TakeWork(work);
+  return !isSpent_;
+}
+
+bool MetafileCanvas::SpendOn(const QRectF& area, double besides) {
   const QRectF seen = area.adjusted(-1, -1, 1, 1).intersected(QRectF(image_.rect()));
-  if (!budget_.TakeWork(seen.width() * seen.height() + besides)) return false;
+  if (!Spend(seen.width() * seen.height() + besides)) return false;
   hasDrawn_ = true;
   return true;
 }
 
 void MetafileCanvas::DrawPath(const QPainterPath& path, bool isFilled, bool isStroked) {
+  // Mapping the points costs too: what can't be paid for is not even looked at.
+  if (!Spend(kPartWork * (path.elementCount() + 1))) return;
+  const QTransform toImage = ToImage();
   QPainterPath mapped = path;
   const double longest = image_.width() + image_.height();
   double length = 0;
   QPointF last;
   for (int i = 0; i < path.elementCount(); ++i) {
-    const QPointF point = Map(path.elementAt(i));
+    const QPointF point = MappedBy(toImage, path.elementAt(i));
     mapped.setElementPositionAt(i, point.x(), point.y());
     if (i > 0) length += std::min((point - last).manhattanLength(), longest);
     last = point;
   }
   mapped.setFillRule(state_.Rule);
-  if (!Spend(mapped.controlPointRect(), kPartWork * (path.elementCount() + 1) + kLengthWork * length)) return;
+  if (!SpendOn(mapped.controlPointRect(), kLengthWork * length)) return;
   const bool hasPen = isStroked && state_.Pen.Style != Qt::NoPen;
   const double width = std::clamp(state_.Pen.Width * Scale(), 1.0, kFarthest);
   QPen pen(state_.Pen.Colour, width, state_.Pen.Style, Qt::RoundCap, Qt::RoundJoin);
@@ -153,6 +165,8 @@ void MetafileCanvas::DrawText(QPointF at, const QString& text) {
   font.setItalic(told.IsItalic);
   font.setUnderline(told.IsUnderlined);
   font.setStrikeOut(told.IsStruck);
+  const bool isPaid = Spend(kPartWork * static_cast<double>(text.size() + 1)) && budget_.TakeFont(font.key());
+  if (!isPaid) return;
   const QFontMetricsF metrics(font);
   const double width = metrics.horizontalAdvance(text);
   const QPointF place = Map((state_.Align & kUpdatesPlace) != 0 ? state_.At : at);
@@ -169,9 +183,7 @@ void MetafileCanvas::DrawText(QPointF at, const QString& text) {
     y = -metrics.descent();
   }
   const double reach = std::hypot(width, metrics.height());
-  if (!Spend(QRectF(place.x() - reach, place.y() - reach, 2 * reach, 2 * reach),
-             kPartWork * static_cast<double>(text.size() + 1)))
-    return;
+  if (!SpendOn(QRectF(place.x() - reach, place.y() - reach, 2 * reach, 2 * reach), 0)) return;
   painter_.save();
   painter_.translate(place);
   painter_.rotate(-told.Turn / 10.0);
@@ -187,7 +199,7 @@ void MetafileCanvas::DrawBitmap(const QRectF& target, const QByteArray& bitmap, 
                                 quint32 operation) {
   const QImage picture = DecodePicture(bitmap, "dib", budget_);
   const QRectF mapped = QRectF(Map(target.topLeft()), Map(target.bottomRight())).normalized();
-  if (picture.isNull() || mapped.isEmpty() || !Spend(mapped, kPartWork)) return;
+  if (picture.isNull() || mapped.isEmpty() || !SpendOn(mapped, kPartWork)) return;
   const bool isWhole = source.isEmpty() || !QRectF(picture.rect()).contains(source);
   painter_.save();
   if (operation == kAnd) painter_.setCompositionMode(QPainter::CompositionMode_Multiply);

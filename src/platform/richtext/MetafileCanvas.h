@@ -80,6 +80,8 @@ class MetafileCanvas {
   void Save();
   void Restore(int count);  // of that many saved states
   bool HasDrawn() const { return hasDrawn_; }
+  // The page's pictures have cost enough: nothing more is drawn.
+  bool IsSpent() const { return isSpent_; }
 
   // Objects by number; a file takes the lowest free one, or says which.
   void AddObject(Object object);
@@ -100,8 +102,9 @@ class MetafileCanvas {
  private:
   QTransform ToImage() const;
   double Scale() const;
-  // False when the page's pictures have cost enough. Both in pixels painted.
-  bool Spend(const QRectF& area, double besides);
+  // False when the page's pictures have cost enough. In pixels painted.
+  bool Spend(double work);
+  bool SpendOn(const QRectF& area, double besides);
 
   QImage& image_;
   QPainter painter_;
@@ -111,6 +114,7 @@ class MetafileCanvas {
   std::vector<State> saved_;
   std::vector<Object> objects_;
   bool hasDrawn_ = false;
+  bool isSpent_ = false;
 };
 
 // The players of the two kinds; false when the bytes are not of the kind.

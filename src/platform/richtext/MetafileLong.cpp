@@ -2,6 +2,7 @@
 #include "platform/richtext/MetafileCanvas.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -137,11 +138,16 @@ class LongPlayer {
         return true;
       case 60: isInPath_ = false; return true;
       case 61: path_.closeSubpath(); return true;
-      case 62: canvas_.DrawPath(path_, true, false); return true;
-      case 63: canvas_.DrawPath(path_, true); return true;
-      case 64: canvas_.DrawPath(path_, false); return true;
+      case 62: UsePath(true, false); return true;
+      case 63: UsePath(true, true); return true;
+      case 64: UsePath(false, true); return true;
       default: return false;
     }
+  }
+
+  // A path is drawn once.
+  void UsePath(bool isFilled, bool isStroked) {
+    canvas_.DrawPath(std::exchange(path_, {}), isFilled, isStroked);
   }
 
   void Draw(const QPainterPath& path, bool isFilled) {
@@ -333,7 +339,7 @@ bool PlayLongMetafile(const QByteArray& bytes, QImage& image, PixelBudget& budge
   if (all.Long(0) != kHeaderType || all.Long(40) != kSignature) return false;
   MetafileCanvas canvas(image, GroundOf(all, image.size()), budget);
   LongPlayer player(canvas);
-  for (qsizetype at = all.Long(4); at + kRecordHead <= bytes.size();) {
+  for (qsizetype at = all.Long(4); at + kRecordHead <= bytes.size() && !canvas.IsSpent();) {
     const quint32 type = all.Long(at);
     const qsizetype length = all.Long(at + 4);
     if (length < kRecordHead || type == kEndType) break;

@@ -217,7 +217,7 @@ bool PlayShortMetafile(const QByteArray& bytes, QImage& image, PixelBudget& budg
     canvas.Now().View = image.size();
   }
   ShortPlayer player(canvas, image.size());
-  for (qsizetype at = start + kHeader; at + 6 <= bytes.size();) {
+  for (qsizetype at = start + kHeader; at + 6 <= bytes.size() && !canvas.IsSpent();) {
     const qsizetype length = qsizetype{all.Long(at)} * 2;
     const int function = all.Word(at + 4);
     if (length < 6 || function == 0) break;

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr qint64 kMostPixels = 32'000'000;  // of one picture
+constexpr qsizetype kMostFonts = 500;       // of one page
 
 // The data knows better than the word before it: writers mix the kinds up.
 QByteArray FormatOf(const QByteArray& bytes) {
@@ -29,6 +30,11 @@ bool PixelBudget::TakeWork(double pixels) {
   if (pixels > workLeft_) return false;
   workLeft_ -= pixels;
   return true;
+}
+
+bool PixelBudget::TakeFont(const QString& key) {
+  if (fonts_.size() < kMostFonts) fonts_.insert(key);
+  return fonts_.contains(key);
 }
 
 QImage DecodePicture(const QByteArray& bytes, const QByteArray& format, PixelBudget& budget) {

@@ -3,6 +3,8 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QSet>
+#include <QString>
 
 // How many pixels the pictures of one page may have together, and each alone; and what drawing them may cost.
 class PixelBudget {
@@ -11,10 +13,13 @@ class PixelBudget {
   bool Take(QSize size);
   // The same of the work of drawing recorded pictures, in pixels painted.
   bool TakeWork(double pixels);
+  // Whether text may be drawn in the font of that key. Only so many different ones are made for a page.
+  bool TakeFont(const QString& key);
 
  private:
   qint64 left_ = 64'000'000;
   double workLeft_ = 500e6;
+  QSet<QString> fonts_;
 };
 
 // A null image for bytes that are no picture or that are over the budget. `format` is what the bytes are
