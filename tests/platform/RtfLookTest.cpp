@@ -396,6 +396,9 @@ const LinkRow kLinks[] = {
     {"Place", "HYPERLINK \\\\l \"More\"", {2, "More"}},
     {"PlaceInFile", "HYPERLINK \"file.txm\" \\\\l \"More\"", {1, "file.txm#More"}},
     {"TipIsNoTarget", "HYPERLINK \"a.doc\" \\\\o \"tip\"", {1, "a.doc"}},
+    {"PlaceAndLook", "HYPERLINK \\\\l \"x\" \\\\* MERGEFORMAT", {2, "x"}},
+    {"LookBeforeAddress", "HYPERLINK \\\\* MERGEFORMAT a.doc", {1, "a.doc"}},
+    {"DoubledBackslashWithoutQuotes", "HYPERLINK rt0102\\\\\\\\0007.txmx", {1, "rt0102\\0007.txmx"}},
     {"LowerCaseWord", " hyperlink \"a.doc\" ", {1, "a.doc"}},
     {"OtherLetters", "HYPERLINK \"\\u1046?\\'e9 \\{x\\}.doc\"", {1, "\u0416\u00E9 {x}.doc"}},
     {"OtherField", "PAGEREF More", {0, ""}},
@@ -403,6 +406,18 @@ const LinkRow kLinks[] = {
 };
 INSTANTIATE_TEST_SUITE_P(All, RtfLinks, ::testing::ValuesIn(kLinks),
                          [](const auto& row) { return std::string(row.param.What); });
+
+TEST(RtfLinks, AreThoseOfAllResultsOfTheirField) {
+  const RichPage page = ReadBody(
+      "{\\field{\\fldrslt first}{\\*\\fldinst HYPERLINK a}{\\fldrslt one}{\\fldrslt two}}"
+      "{\\field{\\*\\fldinst " +
+      QByteArray("x ").repeated(2000) + "}" + QByteArray("{\\fldrslt y}").repeated(20'000) + "}");
+  EXPECT_FALSE(FormatOf(page, "first").isAnchor());
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "one").anchorHref()), (PageLink{1, "a"}));
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "two").anchorHref()), (PageLink{1, "a"}));
+  EXPECT_FALSE(FormatOf(page, "y").isAnchor());
+  EXPECT_EQ(page.Document->toPlainText().count(u'y'), 20'000);
+}
 
 TEST(RtfLinks, AreUnderlinedAndBlueUnlessTheAuthorColouredThem) {
   const RichPage page = ReadBody(

@@ -28,9 +28,10 @@ Word ReadPlain(const QString& text, qsizetype& at) {
   const qsizetype start = at;
   while (at < text.size() && !text[at].isSpace() && text[at] != u'"')
     ++at;
-  const QString plain = text.mid(start, at - start);
+  QString plain = text.mid(start, at - start);
   const bool isSwitch = plain.size() == 2 && plain[0] == u'\\' && plain[1] != u'\\';
-  return {isSwitch ? plain.mid(1).toLower() : plain, isSwitch};
+  if (isSwitch) return {plain.mid(1).toLower(), true};
+  return {plain.replace(QLatin1String("\\\\"), QLatin1String("\\")), false};
 }
 
 QList<Word> WordsOf(const QString& text) {
@@ -45,15 +46,7 @@ QList<Word> WordsOf(const QString& text) {
   return words;
 }
 
-bool IsField(const QList<Word>& words, const char* name) {
-  return !words.isEmpty() && words[0].Text.compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
-}
-
-}  // namespace
-
-PageLink LinkOfField(const QString& instruction) {
-  const QList<Word> words = WordsOf(instruction);
-  if (!IsField(words, "HYPERLINK")) return {};
+PageLink LinkOf(const QList<Word>& words) {
   QString address;
   QString place;
   for (qsizetype i = 1; i < words.size(); ++i) {
@@ -62,8 +55,8 @@ PageLink LinkOfField(const QString& instruction) {
       if (address.isEmpty()) address = words[i].Text;
     } else if (words[i].Text == u"l" && hasNext) {
       place = words[++i].Text;
-    } else if ((words[i].Text == u"o" || words[i].Text == u"t") && hasNext) {
-      ++i;  // a tip, a frame's name
+    } else if ((words[i].Text == u"o" || words[i].Text == u"t" || words[i].Text == u"*") && hasNext) {
+      ++i;  // a tip, a frame's name, how the result looks
     }
   }
   if (address.isEmpty() && place.isEmpty()) return {};
@@ -71,13 +64,8 @@ PageLink LinkOfField(const QString& instruction) {
   return {PageLink::kFile, place.isEmpty() ? address : address + u'#' + place};
 }
 
-bool IsCheckBoxField(const QString& instruction) {
-  return IsField(WordsOf(instruction), "FORMCHECKBOX");
-}
-
-QString SymbolOfField(const QString& instruction) {
-  const QList<Word> words = WordsOf(instruction);
-  if (!IsField(words, "SYMBOL") || words.size() < 2) return {};
+QString SymbolOf(const QList<Word>& words) {
+  if (words.size() < 2) return {};
   bool isNumber = false;
   const int code = words[1].Text.toInt(&isNumber, 0);
   if (!isNumber || code < 0x20 || code > 0xFFFF) return {};
@@ -88,4 +76,18 @@ QString SymbolOfField(const QString& instruction) {
     }
   }
   return QString(QChar(code));
+}
+
+}  // namespace
+
+RtfInstruction ReadInstruction(const QString& text) {
+  const QList<Word> words = WordsOf(text);
+  const auto is = [&words](const char* name) {
+    return !words.isEmpty() && words[0].Text.compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
+  };
+  RtfInstruction instruction;
+  if (is("HYPERLINK")) instruction.Link = LinkOf(words);
+  if (is("SYMBOL")) instruction.Symbol = SymbolOf(words);
+  instruction.IsCheckBox = is("FORMCHECKBOX");
+  return instruction;
 }

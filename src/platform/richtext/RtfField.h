@@ -5,12 +5,12 @@
 
 #include <QString>
 
-// The link of a HYPERLINK instruction; kind 0 for any other field and for one without a target.
-// The address alone is kind 1, with a place behind it "address#place"; the place alone is kind 2.
-PageLink LinkOfField(const QString& instruction);
+struct RtfInstruction {
+  // Of HYPERLINK; kind 0 for any other field and for one without a target. The address alone is kind 1, with
+  // a place behind it "address#place"; the place alone is kind 2.
+  PageLink Link;
+  bool IsCheckBox = false;  // of a form, ticked or not
+  QString Symbol;           // the character of SYMBOL; empty for any other field
+};
 
-// Whether it is the box of a form that is ticked or not.
-bool IsCheckBoxField(const QString& instruction);
-
-// The character of a SYMBOL instruction; empty for any other field.
-QString SymbolOfField(const QString& instruction);
+RtfInstruction ReadInstruction(const QString& text);

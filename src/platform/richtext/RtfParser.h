@@ -4,6 +4,7 @@
 
 #include "platform/richtext/RichText.h"
 #include "platform/richtext/RtfBuilder.h"
+#include "platform/richtext/RtfField.h"
 #include "platform/richtext/RtfFlow.h"
 #include "platform/richtext/RtfFormats.h"
 #include "platform/richtext/RtfHeader.h"
@@ -14,6 +15,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
@@ -153,6 +155,7 @@ class RtfParser {
  private:
   struct Field {
     QString Instruction;
+    std::optional<RtfInstruction> Read;  // the same, once it was read
     int Link = 0;
     int State = -1;  // of a form field's box; below 0: as usual
     int UsualState = 0;

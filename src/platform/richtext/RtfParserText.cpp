@@ -1,5 +1,4 @@
 // The half of the parser that sends text where its group wants it.
-#include "platform/richtext/RtfField.h"
 #include "platform/richtext/RtfParser.h"
 #include "platform/richtext/SymbolFonts.h"
 
@@ -208,8 +207,11 @@ void RtfParser::BeginFieldResult() {
   // The instruction's own groups never hold a result that is shown.
   if (IsIn(RtfDestination::FieldInstruction)) return;
   field.HasResult = true;
-  const PageLink link = LinkOfField(field.Instruction);
-  if (link.Kind != 0 && field.Link == 0) field.Link = formats_.AddLink(link);
+  // Of several results all have the link of the first: a long instruction is not read for each of them.
+  if (!field.Read && !field.Instruction.isEmpty()) {
+    field.Read = ReadInstruction(field.Instruction);
+    if (field.Read->Link.Kind != 0) field.Link = formats_.AddLink(field.Read->Link);
+  }
   if (field.Link != 0) State().Chars.Link = field.Link;
 }
 
@@ -217,13 +219,15 @@ void RtfParser::EndField(int number) {
   if (number < 0) return;
   Field& field = fields_[static_cast<size_t>(number)];
   if (IsIn(RtfDestination::Body)) {
-    if (!field.HasResult) SendText(SymbolOfField(field.Instruction));
-    if (!field.HasShown && IsCheckBoxField(field.Instruction)) {
+    if (!field.Read) field.Read = ReadInstruction(field.Instruction);
+    if (!field.HasResult) SendText(field.Read->Symbol);
+    if (!field.HasShown && field.Read->IsCheckBox) {
       const int state = field.State >= 0 ? field.State : field.UsualState;
       SendText(QString(QChar(state == 0 ? kEmptyBox : kTickedBox)));
     }
   }
   field.Instruction.clear();
+  field.Read.reset();
 }
 
 void RtfParser::SetFieldState(int state) {
