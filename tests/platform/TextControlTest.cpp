@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QScrollBar>
 
 #include "platform/forms/Screen.h"
@@ -171,6 +172,11 @@ TEST_F(TextControlTest, TellsAScreenReaderOfTheLinksOfThePage) {
   EXPECT_EQ(TakeLog(), QStringList("link 2 More (further down)"));
   Load("no link");
   EXPECT_EQ(page->childCount(), 0);
+  EXPECT_TRUE(Page().Links().isEmpty());
+  Load("x " + kLinks);
+  Page().FocusLink(0);
+  EXPECT_EQ(Page().textCursor().selectedText(), "the next page");
+  EXPECT_EQ(Page().FocusedLink(), 0);
 }
 
 TEST_F(TextControlTest, LetsALinkReplaceThePageFromItsOwnEvent) {
@@ -456,12 +462,30 @@ TEST_F(TextControlTest, ChangesTheSizeByCtrlAndTheWheel) {
   Load("\\fs24 x\\par");
   const double own = SizeOf("x");
   const QPoint middle = Page().rect().center();
-  for (const int turned : {120, -120, -120}) {
-    QWheelEvent wheel(middle, form_.mapToGlobal(middle), {}, {0, turned}, Qt::NoButton, Qt::ControlModifier,
+  const auto turn = [&](QPoint by) {
+    QWheelEvent wheel(middle, form_.mapToGlobal(middle), {}, by, Qt::NoButton, Qt::ControlModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(Page().viewport(), &wheel);
+  };
+  const struct {
+    QPoint Turn;
+    int Times;
+    double Percent;
+    bool IsSamePage;  // not laid out anew
+  } rows[] = {{{0, 120}, 1, 110, false}, {{0, -120}, 2, 90, false}, {{0, 40}, 2, 90, true},
+              {{0, 40}, 1, 100, false},  {{120, 0}, 3, 100, true},  {{0, -240}, 1, 80, false},
+              {{0, -15}, 40, 50, false}, {{0, -120}, 2, 50, true}};
+  for (const auto& row : rows) {
+    const QPointer<QTextDocument> shown = Page().document();
+    for (int i = 0; i < row.Times; ++i)
+      turn(row.Turn);
+    EXPECT_NEAR(SizeOf("x"), own * row.Percent / 100, 0.3) << row.Percent;
+    EXPECT_EQ(Page().document() == shown, row.IsSamePage) << row.Turn.x() << ' ' << row.Turn.y();
   }
-  EXPECT_NEAR(SizeOf("x"), own * 0.9, 0.3);
+  const QTextDocument* shown = Page().document();
+  Page().SetFocus();
+  Gui::Key(form_, Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(Page().document(), shown);
 }
 
 }  // namespace

@@ -106,7 +106,8 @@ class PageAccess final : public QAccessibleWidget, public QAccessibleTextInterfa
     return -1;
   }
   QAccessibleInterface* focusChild() const override {
-    return page_.FocusedLink() >= 0 ? child(page_.FocusedLink()) : QAccessibleWidget::focusChild();
+    const int focused = page_.FocusedLink();
+    return focused >= 0 ? child(focused) : QAccessibleWidget::focusChild();
   }
   QAccessibleInterface* childAt(int x, int y) const override {
     for (int i = 0; i < childCount(); ++i) {

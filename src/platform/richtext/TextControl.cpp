@@ -22,13 +22,15 @@
 #include <QTextFrame>
 #include <QTextLayout>
 #include <QUrl>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 #include <memory>
 
 namespace {
 
-constexpr int kTopLine = 4;             // pixels; what is seen there counts as the top of what is read
+constexpr int kTopLine = 4;  // pixels; what is seen there counts as the top of what is read
+constexpr int kStep = QWheelEvent::DefaultDeltasPerStep;
 constexpr int kMostPictureFiles = 500;  // of one page
 constexpr QRgb kFocusBack = 0xFFCCCCFF, kFocusEdge = 0xFF4747B2, kFocusText = 0xFF000000;
 
@@ -141,6 +143,7 @@ void TextControl::ShowPage(RichPage&& page) {
   // The old page may be the one whose link is being followed: it goes when that is over.
   std::unique_ptr<QTextDocument> old = std::move(page_.Document);
   page_ = std::move(page);
+  links_.reset();
   setExtraSelections({});
   shownFocus_ = -1;
   shownWidth_ = width();
@@ -247,8 +250,9 @@ QRect TextControl::ObjectRect(int id) const {
 }
 
 bool TextControl::TakeKey(QKeyEvent& key) {
+  const double size = PageZoom::Factor();
   if (PageZoom::FollowsKey(key)) {
-    ShowAllAgain();
+    if (PageZoom::Factor() != size) ShowAllAgain();
     return true;
   }
   if ((key.modifiers() & ~Qt::KeypadModifier) != 0) return false;
@@ -268,12 +272,18 @@ void TextControl::keyPressEvent(QKeyEvent* event) {
 
 void TextControl::wheelEvent(QWheelEvent* event) {
   if ((event->modifiers() & Qt::ControlModifier) == 0) {
+    turned_ = 0;
     QTextBrowser::wheelEvent(event);
     return;
   }
-  const int turned = event->angleDelta().y();
-  if (turned != 0) turned > 0 ? PageZoom::Larger() : PageZoom::Smaller();
-  ShowAllAgain();
+  // Fine wheels and touch pads tell of a step in many small turns.
+  turned_ += event->angleDelta().y();
+  const double size = PageZoom::Factor();
+  for (; turned_ >= kStep; turned_ -= kStep)
+    PageZoom::Larger();
+  for (; turned_ <= -kStep; turned_ += kStep)
+    PageZoom::Smaller();
+  if (PageZoom::Factor() != size) ShowAllAgain();
   event->accept();
 }
 
@@ -356,7 +366,12 @@ void TextControl::ShowLinkFocus() {
   if (focused >= 0) TellLinkFocus(*this);
 }
 
-QList<TextControl::Link> TextControl::Links() const {
+const QList<TextControl::Link>& TextControl::Links() const {
+  if (!links_) links_ = ListLinks();
+  return *links_;
+}
+
+QList<TextControl::Link> TextControl::ListLinks() const {
   QList<Link> links;
   int number = 0;
   for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
@@ -389,11 +404,12 @@ QRect TextControl::LinkRect(const Link& link) const {
 int TextControl::FocusedLink() const {
   const QTextCursor cursor = textCursor();
   if (!hasFocus() || !cursor.hasSelection()) return -1;
-  const QList<Link> links = Links();
-  const auto found = std::find_if(links.begin(), links.end(), [&cursor](const Link& link) {
-    return link.Start == cursor.selectionStart() && link.End == cursor.selectionEnd();
-  });
-  return found == links.end() ? -1 : static_cast<int>(found - links.begin());
+  const QList<Link>& links = Links();
+  const auto found = std::lower_bound(links.begin(), links.end(), cursor.selectionStart(),
+                                      [](const Link& link, int position) { return link.Start < position; });
+  const bool isLink =
+      found != links.end() && found->Start == cursor.selectionStart() && found->End == cursor.selectionEnd();
+  return isLink ? static_cast<int>(found - links.begin()) : -1;
 }
 
 void TextControl::FocusLink(int index) {

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QTextBrowser>
 #include <memory>
+#include <optional>
 
 class TextControl : public QTextBrowser, public Control {
  public:
@@ -52,7 +53,7 @@ class TextControl : public QTextBrowser, public Control {
     QString Text;
     int Start, End;  // positions in the document
   };
-  QList<Link> Links() const;
+  const QList<Link>& Links() const;
   // Where a link begins to stand in the viewport, in pixels; of a link of several lines the first.
   QRect LinkRect(const Link& link) const;
   // The link that Enter follows, reached by Tab: an index into Links(), -1 without one.
@@ -119,6 +120,7 @@ class TextControl : public QTextBrowser, public Control {
   void TellMoved();
   void ShowPointerAt(QPoint point);
   void ShowLinkFocus();
+  QList<Link> ListLinks() const;
   void FollowHref(const QString& href);
   QTextCursor LinkAt(int position, int number) const;
   int PositionAt(QPoint point) const;
@@ -132,6 +134,7 @@ class TextControl : public QTextBrowser, public Control {
   };
 
   RichPage page_;
+  mutable std::optional<QList<Link>> links_;  // of the page, once somebody asked
   Source source_;
   QHash<int, bool> loadOptions_;
   bool property2_ = false;
@@ -140,6 +143,7 @@ class TextControl : public QTextBrowser, public Control {
   QString linkText_;
   int currentObject_ = 0;
   int shownFocus_ = -1;  // the link that looks focused
+  int turned_ = 0;       // of the wheel with Ctrl, less than a step
   int shownWidth_ = 0;   // of the control when the page was laid out
   int releasedAt_ = -1;  // position in the text of the click that is being handled
 };
