@@ -199,6 +199,36 @@ TEST(HtmlPictures, ComeFromTheLoaderAlone) {
   EXPECT_GE(page.Document->size().height(), 20);
 }
 
+TEST(HtmlEntities, AreResolvedAlikeInAllAttributes) {
+  const struct {
+    const char* Written;
+    QString Meant;
+  } rows[] = {{"K&auml;se", "K\u00E4se"},
+              {"K&#228;se", u"K\u00E4se"_qs},
+              {"K&#xE4;se", "K\u00E4se"},
+              {"&yuml;&times;&Agrave;", u"\u00FF\u00D7\u00C0"_qs},
+              {"a&#150;b", "a\u2013b"},
+              {"&#x1F600;", u"\U0001F600"_qs},
+              {"a&amp;auml;b", "a&auml;b"},
+              {"a&b&c=d", "a&b&c=d"},
+              {"a&;b&none;c&&amp;", "a&;b&none;c&&"}};
+  for (const auto& row : rows) {
+    QStringList asked;
+    const QByteArray written = row.Written;
+    const RichPage page =
+        Html("<p>x</p><p id='" + written + "'>by id</p><p><a name='" + written +
+                 "2'></a>by name</p><a href='" + written + "'>link</a><img src='" + written + "'>",
+             [&](const QString& name) {
+               asked << name;
+               return QImage();
+             });
+    EXPECT_EQ(page.PlaceOf(row.Meant), page.Document->find("by id").selectionStart()) << row.Written;
+    EXPECT_EQ(page.PlaceOf(row.Meant + '2'), page.Document->find("by name").selectionStart()) << row.Written;
+    EXPECT_EQ(LinkOfHref(FormatOf(page, "link").anchorHref()), (PageLink{1, row.Meant})) << row.Written;
+    EXPECT_TRUE(asked.contains(row.Meant)) << row.Written << ' ' << asked.join(' ').toStdString();
+  }
+}
+
 struct BombRow {
   const char* What;
   QByteArray Html;
