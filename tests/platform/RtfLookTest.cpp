@@ -280,6 +280,19 @@ TEST(RtfTables, JoinCells) {
   EXPECT_EQ(page.Document->toPlainText().simplified(), QStringLiteral("down across c d wide"));
 }
 
+TEST(RtfTables, JoinCellsBothWays) {
+  const RichPage page = ReadBody(
+      "\\trowd\\cellx1000\\clmgf\\clvmgf\\cellx2000\\clmrg\\clvmgf\\cellx3000\\pard\\intbl a\\cell "
+      "both\\cell\\cell\\row"
+      "\\trowd\\cellx1000\\clmgf\\clvmrg\\cellx2000\\clmrg\\clvmrg\\cellx3000\\pard\\intbl "
+      "b\\cell\\cell\\cell\\row");
+  const QTextTable* table = TableWith(page, "both");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->cellAt(0, 1).rowSpan(), 2);
+  EXPECT_EQ(table->cellAt(0, 1).columnSpan(), 2);
+  EXPECT_EQ(table->cellAt(1, 0).columnSpan(), 1);
+}
+
 TEST(RtfTables, HaveBordersShadingAndAlignment) {
   const RichPage page = ReadBody(
       "\\trowd\\trgaph150\\clbrdrt\\brdrs\\brdrw30\\brdrcf1\\clbrdrl\\brdrnone\\clcbpat3\\clvertalb\\cellx200"

@@ -115,8 +115,9 @@ void RtfBuilder::InsertWithLeaders(const RtfParagraph& paragraph) {
   for (const RtfSpan& span : paragraph.Spans) {
     const qsizetype end = at + span.Length;
     while (at < end) {
-      const qsizetype tab = paragraph.Text.indexOf(u'\t', at);
-      const qsizetype plain = (tab < 0 ? end : std::min(tab, end)) - at;
+      const QStringView rest = QStringView(paragraph.Text).mid(at, end - at);
+      const qsizetype tab = rest.indexOf(u'\t');
+      const qsizetype plain = tab < 0 ? rest.size() : tab;
       if (paragraph.Text.mid(at, plain).contains(QChar::LineSeparator)) stop = 0;
       if (plain > 0) drawn.Spans.push_back({static_cast<int>(plain), span.Format});
       at += plain;
@@ -160,14 +161,16 @@ void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
   QTextTableFormat format = grid.Format(formats_);
   if (hasLast_ && !isAtFreshBlock_)
     format.setTopMargin(format.topMargin() + formats_.Metrics().Pixels(RtfFormats::SpaceAfter(last_)));
-  if (++tables_ > kMostTables || grid.ColumnCount() == 0) {
+  cells_ += count * static_cast<size_t>(grid.ColumnCount());
+  if (++tables_ > kMostTables || cells_ > kMostRtfPageCells || grid.ColumnCount() == 0) {
     InsertAsText(table, first, count);
     return;
   }
   QTextTable* const made = cursor_.insertTable(static_cast<int>(count), grid.ColumnCount(), format);
   for (const RtfGridCell& cell : grid.Cells()) {
-    mergeWork_ += static_cast<long long>(count) * grid.ColumnCount();
-    if ((cell.RowSpan > 1 || cell.ColumnSpan > 1) && mergeWork_ < kMostMergeWork) {
+    const bool isJoined = cell.RowSpan > 1 || cell.ColumnSpan > 1;
+    if (isJoined) mergeWork_ += static_cast<long long>(count) * grid.ColumnCount();
+    if (isJoined && mergeWork_ < kMostMergeWork) {
       made->mergeCells(cell.Row, cell.Column, cell.RowSpan, cell.ColumnSpan);
     }
     QTextTableCell target = made->cellAt(cell.Row, cell.Column);

@@ -45,5 +45,6 @@ class RtfBuilder {
   int spaceAtTop_ = 0;
   QTextBlockFormat spaced_;
   int tables_ = 0;
+  size_t cells_ = 0;  // of all tables
   long long mergeWork_ = 0;
 };

@@ -12,6 +12,13 @@ constexpr size_t kDeepestTable = 4;
 
 constexpr int kFarthest = 31680;  // twips
 
+// Spans of a paragraph: the layout of a line looks through all of them for a place to break.
+constexpr size_t kMostSpans = 5000;
+
+bool IsInline(const QString& text) {
+  return text.endsWith(QChar::ObjectReplacementCharacter);
+}
+
 bool HasBorder(const RtfParaProps& props) {
   return std::any_of(props.Borders.begin(), props.Borders.end(),
                      [](const RtfBorder& border) { return border.Line != RtfLine::None; });
@@ -88,9 +95,12 @@ size_t LevelOf(const RtfParaProps& props) {
 
 void RtfFlow::AddText(const QString& text, int format) {
   if (text.isEmpty()) return;
+  std::vector<RtfSpan>& spans = paragraph_.Spans;
+  // Behind the last one that may look its own way, text goes on in its look. Pictures keep theirs.
+  const bool goesOn = spans.size() >= kMostSpans && !IsInline(paragraph_.Text) && !IsInline(text);
   paragraph_.Text += text;
   const int length = static_cast<int>(text.size());
-  if (!paragraph_.Spans.empty() && paragraph_.Spans.back().Format == format) {
+  if (!spans.empty() && (goesOn || spans.back().Format == format)) {
     paragraph_.Spans.back().Length += length;
   } else {
     paragraph_.Spans.push_back({length, format});
@@ -175,13 +185,20 @@ void RtfFlow::EndRow(const RtfParaProps& props, bool isNested) {
   EndRowOf(levels_.back(), row_);
 }
 
-void RtfFlow::EndRowOf(Level& level, RtfRowProps props) {
+void RtfFlow::EndRowOf(Level& level, const RtfRowProps& props) {
   if (!level.Cell.Blocks.empty()) EndCellOf(level);
-  if (!level.Row.Cells.empty()) {
-    level.Row.Props = std::move(props);
-    level.Table.Rows.push_back(std::move(level.Row));
+  RtfRow row = std::exchange(level.Row, {});
+  if (row.Cells.empty()) return;
+  cells_ += std::max(props.Cells.size(), row.Cells.size());
+  if (cells_ > kMostRtfPageCells && !level.Table.Rows.empty()) {
+    // Each row would keep a description of its own, which a few bytes call for again and again.
+    std::vector<RtfBlock>& last = level.Table.Rows.back().Cells.back().Blocks;
+    for (RtfCell& cell : row.Cells)
+      std::move(cell.Blocks.begin(), cell.Blocks.end(), std::back_inserter(last));
+    return;
   }
-  level.Row = {};
+  row.Props = props;
+  level.Table.Rows.push_back(std::move(row));
 }
 
 void RtfFlow::ResetRow() {

@@ -64,7 +64,7 @@ class RtfFlow {
   void OpenLevels(size_t count);
   void CloseLevelsTo(size_t count);
   static void EndCellOf(Level& level);
-  static void EndRowOf(Level& level, RtfRowProps props);
+  void EndRowOf(Level& level, const RtfRowProps& props);
   bool IsInFootnote() const;
   RtfParagraph TakeParagraph(const RtfParaProps& props, int endFormat);
 
@@ -77,4 +77,5 @@ class RtfFlow {
   std::vector<RtfBlock> outermost_;  // a box around paragraphs that may take in more
   std::vector<SavedParagraph> asides_;
   std::vector<RtfParagraph> footnotes_;
+  size_t cells_ = 0;  // that the rows so far describe or hold
 };

@@ -137,9 +137,13 @@ int RtfFormats::NumberOf(const RtfCharProps& props) {
   } else if (numbers_.size() < kMostFormats) {
     lastNumber_ = static_cast<int>(formats_.size());
     formats_.push_back(MakeCharFormat(props));
+    if (firstNumber_ < 0 || hasLinkFirst_) {
+      firstNumber_ = lastNumber_;
+      hasLinkFirst_ = props.Link != 0;
+    }
     numbers_.emplace(props, lastNumber_);
   } else {
-    lastNumber_ = numbers_.begin()->second;
+    lastNumber_ = firstNumber_;
   }
   lastProps_ = props;
   return lastNumber_;

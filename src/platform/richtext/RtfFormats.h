@@ -64,6 +64,8 @@ class RtfFormats {
   std::map<std::pair<int, RtfLeader>, int> leaders_;
   RtfCharProps lastProps_;
   int lastNumber_ = -1;
+  int firstNumber_ = -1;       // of the first that is no link's, where there is one
+  bool hasLinkFirst_ = false;  // there is none yet
   mutable RtfParaProps lastParagraph_;
   mutable QTextBlockFormat lastBlock_;
   mutable bool hasLastBlock_ = false;

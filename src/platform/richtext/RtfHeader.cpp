@@ -6,8 +6,11 @@ namespace {
 
 constexpr int kBulletNumbers = 23;
 constexpr int kMostCounted = 1'000'000;
+constexpr int kMostRoman = 4999;             // higher ones are shown in digits
+constexpr qsizetype kLongestListText = 100;  // characters; each paragraph of a list has it
 
 QString Roman(int number) {
+  if (number > kMostRoman) return QString::number(number);
   static constexpr std::array<std::pair<int, const char*>, 13> kDigits = {{{1000, "m"},
                                                                            {900, "cm"},
                                                                            {500, "d"},
@@ -68,6 +71,7 @@ QString TextOfLevel(const RtfList& list, size_t level) {
   const RtfListLevel& shownLevel = list.Levels[level];
   QString text;
   for (const QChar c : shownLevel.Template) {
+    if (text.size() > kLongestListText) break;
     const size_t shown = c.unicode();
     if (shown >= kListLevels) {
       text += c;
@@ -124,6 +128,7 @@ QString NextListText(RtfHeader& header, int list, int level) {
 
 QString OldListText(const RtfOldList& list, int count) {
   const int number = std::clamp(list.StartAt, 0, kMostCounted) + std::clamp(count, 1, kMostCounted) - 1;
-  const QString text = list.Before + NumberText(number, list.NumberKind) + list.After;
+  const QString text = list.Before.left(kLongestListText) + NumberText(number, list.NumberKind) +
+                       list.After.left(kLongestListText);
   return text.isEmpty() ? text : text + u'\t';
 }

@@ -12,6 +12,7 @@ namespace {
 
 constexpr qsizetype kLongestName = 4096;  // characters of names, instructions and data texts
 constexpr qsizetype kLongestFontName = 100;
+constexpr int kLongestTemplate = 255;  // of a list level, characters
 constexpr size_t kMostColours = 4096;
 constexpr size_t kMostFonts = 4096;
 constexpr size_t kMostFields = 200'000;
@@ -183,7 +184,8 @@ void RtfParser::EndListLevel(const RtfState& closed) {
   if (list_.Levels.empty()) return;
   RtfListLevel& level = list_.Levels.back();
   // The first character counts the others; behind them stands a semicolon.
-  const int length = level.Template.isEmpty() ? 0 : level.Template.at(0).unicode();
+  const int length =
+      level.Template.isEmpty() ? 0 : std::min<int>(level.Template.at(0).unicode(), kLongestTemplate);
   level.Template = level.Template.mid(1, length);
   const int codePage = header_.CodePageOf(closed.Chars.Font);
   for (QChar& c : level.Template) {

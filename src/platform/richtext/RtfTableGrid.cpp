@@ -33,6 +33,14 @@ QTextCharFormat::VerticalAlignment VerticalOf(Qt::Alignment alignment) {
   return alignment == Qt::AlignBottom ? QTextCharFormat::AlignBottom : QTextCharFormat::AlignTop;
 }
 
+// Covered cells hold no text by the rules of the format; one that does is not lost.
+bool IsCovered(const RtfRow& row, size_t number) {
+  if (number >= row.Cells.size()) return true;
+  const std::vector<RtfBlock>& blocks = row.Cells[number].Blocks;
+  return std::all_of(blocks.begin(), blocks.end(),
+                     [](const RtfBlock& block) { return !block.Table && block.Paragraph.Text.isEmpty(); });
+}
+
 }  // namespace
 
 RtfTableGrid::RtfTableGrid(const RtfTable& table, size_t first, size_t count) {
@@ -98,27 +106,24 @@ int RtfTableGrid::ColumnAt(int edge) const {
 
 void RtfTableGrid::PlaceRow(int row, const RtfRow& source, const RtfRowProps& props) {
   int column = ColumnAt(props.Left);
-  for (size_t i = 0; i < props.Cells.size(); ++i) {
-    const int end = std::max(ColumnAt(props.Cells[i].Right), column + 1);
+  size_t next = 0;
+  while (next < props.Cells.size()) {
+    const size_t i = next++;
+    int end = std::max(ColumnAt(props.Cells[i].Right), column + 1);
+    // Across first: a cell that is joined downwards, too, is as wide as what it joins.
+    for (; next < props.Cells.size(); ++next) {
+      if (props.Cells[next].Across != RtfMerge::Continued || !IsCovered(source, next)) break;
+      end = std::max(ColumnAt(props.Cells[next].Right), end + 1);
+    }
     if (end > ColumnCount()) return;
     RtfGridCell cell{row, column, 1, end - column, i, nullptr, &props, props.Cells[i]};
     column = end;
     if (i < source.Cells.size()) cell.Content = &source.Cells[i];
-    // Covered cells hold no text by the rules of the format; one that does is not lost.
-    const bool isCovered =
-        cell.Content == nullptr ||
-        std::all_of(cell.Content->Blocks.begin(), cell.Content->Blocks.end(),
-                    [](const RtfBlock& block) { return !block.Table && block.Paragraph.Text.isEmpty(); });
-    if (cell.Props.Across == RtfMerge::Continued && isCovered && !cells_.empty() &&
-        cells_.back().Row == row) {
-      cells_.back().ColumnSpan += cell.ColumnSpan;
-      continue;
-    }
-    if (cell.Props.Down == RtfMerge::Continued && isCovered && row > 0) {
+    if (cell.Props.Down == RtfMerge::Continued && IsCovered(source, i) && row > 0) {
       ExtendDown(row, cell.Column, cell.ColumnSpan);
-      continue;
+    } else {
+      cells_.push_back(cell);
     }
-    cells_.push_back(cell);
   }
 }
 

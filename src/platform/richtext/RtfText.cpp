@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kLatin1252 = 1252;
 constexpr int kJohab = 1361;
+constexpr size_t kMostCodePages = 64;  // of one page; further ones count as the western one
 
 struct Codec {
   const char* Name;
@@ -180,6 +181,8 @@ const RtfText::Table& RtfText::TableOf(int codePage) {
   if (lastTable_ != nullptr && lastPage_ == codePage) return *lastTable_;
   lastPage_ = codePage;
   if (IsSymbolCodePage(codePage)) return *(lastTable_ = &SymbolTable(codePage));
+  if (tables_.size() >= kMostCodePages && codePage != kLatin1252 && !tables_.contains(codePage))
+    return TableOf(kLatin1252);
   std::unique_ptr<Table>& table = tables_[codePage];
   if (!table) {
     table = std::make_unique<Table>();
@@ -199,6 +202,7 @@ const RtfText::Table& RtfText::TableOf(int codePage) {
 }
 
 QStringDecoder& RtfText::DecoderOf(int codePage) {
+  if (decoders_.size() >= kMostCodePages && !decoders_.contains(codePage)) codePage = kLatin1252;
   std::unique_ptr<QStringDecoder>& decoder = decoders_[codePage];
   if (!decoder) decoder = MakeDecoder(codePage);
   return *decoder;

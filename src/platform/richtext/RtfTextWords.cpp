@@ -83,11 +83,11 @@ constexpr RtfWord kWords[] = {
     {"sbasedon", [](P& p, A a) { p.SetStyleBase(a.Number); }},
     {"ds",
      [](P& p, A a) {
-       if (p.IsIn(D::StyleSheet)) p.SetStyleNumber(-1 - std::max(a.Number, 0));
+       if (p.IsIn(D::StyleSheet)) p.SetStyleNumber(-2 - std::clamp(a.Number, 0, 0xFFFF));
      }},
     {"ts",
      [](P& p, A a) {
-       if (p.IsIn(D::StyleSheet)) p.SetStyleNumber(-1 - std::max(a.Number, 0));
+       if (p.IsIn(D::StyleSheet)) p.SetStyleNumber(-2 - std::clamp(a.Number, 0, 0xFFFF));
      }},
     {"uc", [](P& p, A a) { p.State().FallbackCount = std::clamp(a.Or(1), 0, 64); }},
     {"tab", Put<u'\t'>, true},
