@@ -3,6 +3,7 @@
 #include "platform/richtext/HtmlStyle.h"
 #include "platform/richtext/HtmlTag.h"
 #include "platform/richtext/HtmlWriter.h"
+#include "platform/richtext/RichText.h"
 
 #include <QSet>
 #include <algorithm>
@@ -15,7 +16,6 @@ constexpr size_t kDeepestTable = 4;
 constexpr int kMostTables = 500;
 constexpr int kMostColumns = 100;
 constexpr int kMostRowsSpanned = 200;
-constexpr qint64 kMostCells = 50'000;  // rows times columns of all tables
 // Every rule of a style sheet is tried on every element: so many tries a page may cost.
 constexpr qint64 kMostStyleTries = 1'000'000;
 
@@ -247,7 +247,7 @@ class Filter {
     if (!tag.IsEnd && tag.Name == u"tr") {
       cells_ += std::max(table.Columns, 1);
       table.RowColumns = 0;
-      if (cells_ > kMostCells) table.IsKept = false;
+      if (cells_ > kMostPageCells) table.IsKept = false;
     } else if (!tag.IsEnd) {
       const int span = tag.HoldNumber(QStringLiteral("colspan"), kMostColumns);
       tag.HoldNumber(QStringLiteral("rowspan"), kMostRowsSpanned);
@@ -259,7 +259,8 @@ class Filter {
   }
 
   void BeginTable(const HtmlTag& tag) {
-    const bool isKept = tables_.size() < kDeepestTable && tableCount_ < kMostTables && cells_ < kMostCells;
+    const bool isKept =
+        tables_.size() < kDeepestTable && tableCount_ < kMostTables && cells_ < kMostPageCells;
     ++tableCount_;
     tables_.push_back({0, 0, isKept, isKept});
     if (isKept) {

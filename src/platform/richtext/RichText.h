@@ -10,6 +10,9 @@
 
 class QTextDocument;
 
+// Rows times columns of all tables of a page. What goes beyond is shown as lines.
+inline constexpr int kMostPageCells = 50'000;
+
 // How lengths of a page become pixels of the view.
 struct PageMetrics {
   double PixelsPerTwip = 1.0 / 15.0;  // at zoom 100 on a 96 dpi display

@@ -115,6 +115,11 @@ void RtfBuilder::InsertWithLeaders(const RtfParagraph& paragraph) {
   for (const RtfSpan& span : paragraph.Spans) {
     const qsizetype end = at + span.Length;
     while (at < end) {
+      if (drawn.Spans.size() >= kMostRtfSpans) {
+        drawn.Spans.push_back({static_cast<int>(end - at), span.Format});
+        at = end;
+        break;
+      }
       const QStringView rest = QStringView(paragraph.Text).mid(at, end - at);
       const qsizetype tab = rest.indexOf(u'\t');
       const qsizetype plain = tab < 0 ? rest.size() : tab;
@@ -162,7 +167,7 @@ void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
   if (hasLast_ && !isAtFreshBlock_)
     format.setTopMargin(format.topMargin() + formats_.Metrics().Pixels(RtfFormats::SpaceAfter(last_)));
   cells_ += count * static_cast<size_t>(grid.ColumnCount());
-  if (++tables_ > kMostTables || cells_ > kMostRtfPageCells || grid.ColumnCount() == 0) {
+  if (++tables_ > kMostTables || cells_ > size_t{kMostPageCells} || grid.ColumnCount() == 0) {
     InsertAsText(table, first, count);
     return;
   }

@@ -12,9 +12,6 @@ constexpr size_t kDeepestTable = 4;
 
 constexpr int kFarthest = 31680;  // twips
 
-// Spans of a paragraph: the layout of a line looks through all of them for a place to break.
-constexpr size_t kMostSpans = 5000;
-
 bool IsInline(const QString& text) {
   return text.endsWith(QChar::ObjectReplacementCharacter);
 }
@@ -97,7 +94,7 @@ void RtfFlow::AddText(const QString& text, int format) {
   if (text.isEmpty()) return;
   std::vector<RtfSpan>& spans = paragraph_.Spans;
   // Behind the last one that may look its own way, text goes on in its look. Pictures keep theirs.
-  const bool goesOn = spans.size() >= kMostSpans && !IsInline(paragraph_.Text) && !IsInline(text);
+  const bool goesOn = spans.size() >= kMostRtfSpans && !IsInline(paragraph_.Text) && !IsInline(text);
   paragraph_.Text += text;
   const int length = static_cast<int>(text.size());
   if (!spans.empty() && (goesOn || spans.back().Format == format)) {
@@ -190,14 +187,15 @@ void RtfFlow::EndRowOf(Level& level, const RtfRowProps& props) {
   RtfRow row = std::exchange(level.Row, {});
   if (row.Cells.empty()) return;
   cells_ += std::max(props.Cells.size(), row.Cells.size());
-  if (cells_ > kMostRtfPageCells && !level.Table.Rows.empty()) {
-    // Each row would keep a description of its own, which a few bytes call for again and again.
+  // Each row would keep a description of its own, which a few bytes call for again and again.
+  const bool isTooMuch = cells_ > size_t{kMostPageCells};
+  if (isTooMuch && !level.Table.Rows.empty()) {
     std::vector<RtfBlock>& last = level.Table.Rows.back().Cells.back().Blocks;
     for (RtfCell& cell : row.Cells)
       std::move(cell.Blocks.begin(), cell.Blocks.end(), std::back_inserter(last));
     return;
   }
-  row.Props = props;
+  if (!isTooMuch) row.Props = props;
   level.Table.Rows.push_back(std::move(row));
 }
 

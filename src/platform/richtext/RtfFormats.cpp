@@ -134,7 +134,7 @@ int RtfFormats::NumberOf(const RtfCharProps& props) {
   const auto found = numbers_.find(props);
   if (found != numbers_.end()) {
     lastNumber_ = found->second;
-  } else if (numbers_.size() < kMostFormats) {
+  } else if (numbers_.size() < kMostFormats || (hasLinkFirst_ && props.Link == 0)) {
     lastNumber_ = static_cast<int>(formats_.size());
     formats_.push_back(MakeCharFormat(props));
     if (firstNumber_ < 0 || hasLinkFirst_) {

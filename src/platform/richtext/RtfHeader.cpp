@@ -6,11 +6,10 @@ namespace {
 
 constexpr int kBulletNumbers = 23;
 constexpr int kMostCounted = 1'000'000;
-constexpr int kMostRoman = 4999;             // higher ones are shown in digits
+constexpr int kMostRoman = 3999;             // higher ones are shown in digits
 constexpr qsizetype kLongestListText = 100;  // characters; each paragraph of a list has it
 
 QString Roman(int number) {
-  if (number > kMostRoman) return QString::number(number);
   static constexpr std::array<std::pair<int, const char*>, 13> kDigits = {{{1000, "m"},
                                                                            {900, "cm"},
                                                                            {500, "d"},
@@ -24,7 +23,7 @@ QString Roman(int number) {
                                                                            {5, "v"},
                                                                            {4, "iv"},
                                                                            {1, "i"}}};
-  if (number < 1 || number > 3999) return QString::number(number);
+  if (number < 1 || number > kMostRoman) return QString::number(number);
   QString text;
   for (const auto& [value, digit] : kDigits) {
     for (; number >= value; number -= value)

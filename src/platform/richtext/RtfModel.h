@@ -180,8 +180,8 @@ struct RtfBlock {
 
 // A row holds no more cells; the text of further ones joins the last.
 inline constexpr size_t kMostRtfCells = 128;
-// Of all tables of a page. What goes beyond is told as lines.
-inline constexpr size_t kMostRtfPageCells = 50'000;
+// Spans of a paragraph: the layout of a line looks through all of them for a place to break.
+inline constexpr size_t kMostRtfSpans = 5000;
 
 struct RtfCell {
   std::vector<RtfBlock> Blocks;
