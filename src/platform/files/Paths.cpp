@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -26,11 +27,9 @@ QString MatchStep(const QString& folder, const QString& step, const FolderTest& 
   if (!mayList(listed)) return step;
   QStringList names =
       QDir(listed).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-  names.sort(Qt::CaseInsensitive);
-  for (const QString& name : names) {
-    if (name.compare(step, Qt::CaseInsensitive) == 0) return name;
-  }
-  return step;
+  names.removeIf([&](const QString& name) { return name.compare(step, Qt::CaseInsensitive) != 0; });
+  // Of several the first in code order, however the file system lists them.
+  return names.isEmpty() ? step : *std::min_element(names.cbegin(), names.cend());
 }
 
 // The steps of an absolute path without "." and "..".
