@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing. Usage: tools/setup.sh GROUP..., with the groups
 # build (program), players (what plays the movies), test (test run, the visit included), visit (scripted
-# visit without a display), bench (benchmarks), fidelity (pages beside LibreOffice's), fuzz (fuzz targets) and
-# artwork (what renders the skin and the films).
+# visit without a display), format (look of the code), bench (benchmarks), fidelity (pages beside
+# LibreOffice's), fuzz (fuzz targets) and artwork (what renders the skin and the films).
 set -euo pipefail
 
 packages_of() {
@@ -12,6 +12,7 @@ packages_of() {
     players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev \
       qt6-webengine-dev; command -v npm >/dev/null || echo npm ;;
     test) echo libgtest-dev strace; packages_of visit ;;
+    format) echo clang-format git ;;
     fuzz) echo clang libclang-rt-14-dev ;;
     artwork) echo ffmpeg libjpeg-turbo-progs librsvg2-bin ;;
     bench) echo libbenchmark-dev libx11-dev unrtf ;;

@@ -22,7 +22,7 @@
 namespace {
 
 constexpr QLatin1StringView kPassingBegin(".copy-");  // of a copy that is being made; a UUID follows
-constexpr qint64 kPiece = 256 * 1024;  // bytes of a file that are copied at a time
+constexpr qint64 kPiece = 256 * 1024;                 // bytes of a file that are copied at a time
 
 QString Reason(int error) {
   return QString::fromLocal8Bit(strerror(error));

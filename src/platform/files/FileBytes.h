@@ -28,8 +28,8 @@ inline constexpr QLatin1StringView kSavingName(".saving");
 void SaveFile(const QString& programPath, const QByteArray& bytes);
 
 // Copies a file over another one, or makes it, in one step: at no moment is half a file in its place. Both
-// are real paths. The target takes nothing over from what it replaces, which may be protected or a link. What a
-// copy that was cut short has left beside the target goes with the next one.
+// are real paths. The target takes nothing over from what it replaces, which may be protected or a link. What
+// a copy that was cut short has left beside the target goes with the next one.
 void CopyFile(const QString& sourcePath, const QString& targetPath);
 
 // Makes one folder in an existing one. A folder that is there already is no error.
