@@ -1,11 +1,8 @@
 // The control under the pointer, and its leave.
-#include <gtest/gtest.h>
-
 #include "coursescreen/Hover.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
-#include "support/Gui.h"
-#include "support/HandClock.h"
+#include "support/FormTest.h"
 
 namespace {
 
@@ -29,60 +26,28 @@ class Field final : public Form {
   QStringList left;
 };
 
-class HoverTest : public ::testing::Test {
- protected:
-  HoverTest() {
-    FormLife::Begin({});
-    FormLife::Load(field);
-    field->Show();
-  }
-  ~HoverTest() override {
-    FormLife::Begin({});
-    Gui::Settle();
-  }
+using HoverTest = FormTest<Field>;
 
-  HandClock clock;
-  Field* field = new Field;  // the collection of loaded forms owns it
-};
-
-TEST_F(HoverTest, AControlIsLeftOnceWithinATenthOfASecond) {
-  Gui::MoveTo(*field, "one");
+TEST_F(HoverTest, AControlIsLeftOnceAndOnlyByThePointer) {
+  Gui::MoveTo(form, "two");
+  Gui::MoveTo(form, "one");
+  form.one->SetVisible(false);
   clock.Advance(1000);
-  EXPECT_EQ(field->MousePointer(), kPointerHand);
-  EXPECT_EQ(field->left, QStringList());
-  Gui::MoveTo(*field, QPoint(1, 1));
+  EXPECT_EQ(form.MousePointer(), kPointerHand);
+  EXPECT_EQ(form.left, QStringList());
+  Gui::MoveTo(form, QPoint(1, 1));
   clock.Advance(100);
-  EXPECT_EQ(field->MousePointer(), kPointerDefault);
+  EXPECT_EQ(form.MousePointer(), kPointerDefault);
   clock.Advance(1000);
-  EXPECT_EQ(field->left, QStringList{"one"});
-}
-
-TEST_F(HoverTest, TheNextControlTakesThePlaceOfTheOneBefore) {
-  Gui::MoveTo(*field, "one");
-  Gui::MoveTo(*field, "two");
-  clock.Advance(100);
-  EXPECT_EQ(field->MousePointer(), kPointerHand);
-  Gui::MoveTo(*field, QPoint(1, 1));
-  clock.Advance(100);
-  EXPECT_EQ(field->left, QStringList{"two"});
-}
-
-TEST_F(HoverTest, AHiddenControlIsLeftByThePointerAlone) {
-  Gui::MoveTo(*field, "one");
-  field->one->SetVisible(false);
-  clock.Advance(1000);
-  EXPECT_EQ(field->MousePointer(), kPointerHand);
-  Gui::MoveTo(*field, QPoint(1, 1));
-  clock.Advance(100);
-  EXPECT_EQ(field->left, QStringList{"one"});
+  EXPECT_EQ(form.left, QStringList{"one"});
 }
 
 TEST_F(HoverTest, AControlThatGoesTakesItsLeaveAlong) {
-  Gui::MoveTo(*field, "one");
-  delete field->one;
+  Gui::MoveTo(form, "one");
+  delete form.one;
   clock.Advance(100);
-  EXPECT_EQ(field->MousePointer(), kPointerDefault);
-  EXPECT_EQ(field->left, QStringList());
+  EXPECT_EQ(form.MousePointer(), kPointerDefault);
+  EXPECT_EQ(form.left, QStringList());
 }
 
 }  // namespace

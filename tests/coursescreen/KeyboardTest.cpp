@@ -9,7 +9,6 @@
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "platform/forms/ComboBox.h"
-#include "platform/richtext/TextControl.h"
 
 namespace {
 
@@ -103,7 +102,7 @@ TEST_F(KeyboardTest, ThePageScrollsAndGrowsWhereverTheFocusIs) {
   store.Write("rt0101/0002.txm",
               QByteArray(30, ' ') + "{\\rtf1 " + QByteArray("a\\par ").repeated(300) + "}");
   Gui::Key(screen, Qt::Key_Right);
-  auto& page = *Gui::Find<TextControl>(screen, "TXTextControl1");
+  TextControl& page = PageView();
   const QScrollBar& bar = *page.verticalScrollBar();
   for (Control* control : {static_cast<Control*>(&page), static_cast<Control*>(&Button("Modules"))}) {
     control->SetFocus();

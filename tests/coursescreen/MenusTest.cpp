@@ -4,7 +4,6 @@
 #include "coursescreen/SlideMenu.h"
 #include "frame/ProgramState.h"
 #include "learners/ProfileBox.h"
-#include "platform/forms/ComboBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/grid/FlexGrid.h"
 #include "reference/Glossary.h"
@@ -35,7 +34,6 @@ class MenusTest : public ProgramTest {
   static Form1& Screen1() { return Default<Form1>(); }
   static QRect PlaceOf(const char* name) { return Gui::Find(Screen1(), name)->geometry(); }
   static bool Visible(const char* name) { return Gui::Find(Screen1(), name)->isVisible(); }
-  static Look LookOf(const QString& name) { return Gui::Find<SkinButton>(Screen1(), name)->Shown(); }
   static QStringList Lit(const QString& slice, int count) {
     QStringList lit;
     for (int i = 0; i < count; ++i) {
@@ -101,43 +99,35 @@ INSTANTIATE_TEST_SUITE_P(Menus, WindowsTest,
                                            Windows{10, 370, 370, false}, Windows{11, 366, 366, true}),
                          [](const auto& row) { return "Of" + std::to_string(row.param.Rows); });
 
-TEST_F(MenusTest, ASecondClickCloses) {
+TEST_F(MenusTest, WhateverIsClickedClosesWhatIsOpen) {
   Read(3);
-  for (const auto& [button, window] :
-       {std::pair{"Modules", "Main_Menu_frm"}, {"toolBar_But", "Main_Tool_frm"}}) {
-    Click(button);
-    EXPECT_TRUE(Visible(window));
-    Click(button);
-    EXPECT_FALSE(Visible(window));
-  }
-}
-
-TEST_F(MenusTest, WhateverIsPressedOutsideCloses) {
-  Read(3);
-  for (const char* outside : {"NextBtn", "Prev", "Label1", "CourseNameLbl", "TXTextControl1", "Return_Btn"}) {
+  // What is clicked, and the menu that it opens.
+  const std::pair<const char*, QString> rows[] = {{"NextBtn", {}},
+                                                  {"Prev", {}},
+                                                  {"Label1", {}},
+                                                  {"CourseNameLbl", {}},
+                                                  {"TXTextControl1", {}},
+                                                  {"Return_Btn", {}},
+                                                  {"Modules", "Main_Menu_frm"},
+                                                  {"toolBar_But", "Main_Tool_frm"}};
+  const auto open = [] {
+    QStringList windows{"Main_Menu_frm", "Main_Topic_frm", "Main_Tool_frm"};
+    windows.removeIf([](const QString& name) { return !Gui::Find(Screen1(), name)->isVisible(); });
+    return windows.join(' ');
+  };
+  for (const auto& [clicked, window] : rows) {
+    SCOPED_TRACE(clicked);
     OpenTopicsOf(0);
-    EXPECT_TRUE(Visible("Main_Topic_frm")) << outside;
-    Press(outside);
-    Release(outside);
-    EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm")) << outside;
-    Click("toolBar_But");
-    EXPECT_TRUE(Visible("Main_Tool_frm")) << outside;
-    Press(outside);
-    Release(outside);
-    EXPECT_FALSE(Visible("Main_Tool_frm")) << outside;
+    EXPECT_EQ(open(), "Main_Menu_frm Main_Topic_frm");
+    Click(clicked);
+    EXPECT_EQ(open(), window == "Main_Menu_frm" ? "" : window);
+    EXPECT_EQ(LookOf("Modules"), Look::Off);
+    if (window != "Main_Tool_frm") Click("toolBar_But");
+    EXPECT_EQ(open(), "Main_Tool_frm");
+    Click(clicked);
+    EXPECT_EQ(open(), window == "Main_Tool_frm" ? "" : window);
+    if (window == "Main_Menu_frm") Click(clicked);
   }
-}
-
-TEST_F(MenusTest, OneMenuClosesTheOthers) {
-  Read(3);
-  OpenTopicsOf(1);
-  EXPECT_TRUE(Visible("Main_Topic_frm"));
-  Click("toolBar_But");
-  EXPECT_TRUE(Visible("Main_Tool_frm"));
-  EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
-  EXPECT_EQ(LookOf("Modules"), Look::Off);
-  Click("Modules");
-  EXPECT_FALSE(Visible("Main_Tool_frm"));
 }
 
 TEST_F(MenusTest, TopicsOpenForTheModuleThatThePointerRestsOn) {
@@ -377,19 +367,7 @@ class ToolbarTest : public MenusTest {
     AddTwoModules();
     store.AddCourse("Cash desk", "rt0101rt0102");
     if (courses > 1) store.AddCourse("Warehouse", "rt0102");
-    store.AddLearner("Ann", "Lee");
-    script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
-    if (!Start()) qFatal("the program did not start");
-    if (courses > 1) Choose(0);
-    PassSplash();
-    Gui::Settle();
-    return Screen1();
-  }
-  void Choose(int course) {
-    auto& choice = *FormLife::Active();
-    Gui::Find<ComboBox>(choice, "CourseList")->SetListIndex(course);
-    clock.Advance(100);
-    Gui::Click(choice, "BeginCourse");
+    return ReadAs("Ann", "Lee", courses > 1 ? 0 : -1);
   }
 };
 
@@ -407,25 +385,20 @@ TEST_F(ToolbarTest, WithOneCourseThereIsNoneToChangeTo) {
   EXPECT_EQ(Lit("toolBar_Slice", 7), QStringList{"toolBar_Slice(6)"});
 }
 
-TEST_F(ToolbarTest, TheProfileOpensFilled) {
-  ReadOneOf(1);
-  Click("toolBar_But");
-  script.When("ProfileBox", [](Form& form) {
-    EXPECT_EQ(Gui::Find<TextBox>(form, "LastNameField")->Text(), "Lee");
-    EXPECT_FALSE(Visible("Main_Tool_frm"));
-    Gui::Click(form, "CancelBut");
-  });
-  Click("toolBar_Slice(4)");
-  EXPECT_EQ(LoadedForm<ProfileBox>(), nullptr);
-}
-
-TEST_F(ToolbarTest, TheReferenceScreensOpenOverTheCourse) {
+TEST_F(ToolbarTest, TheOtherItemsOpenTheirScreensOverTheCourse) {
   store.Write("Repository/1/guide.doc", "the guide");
   ReadOneOf(2);
   for (const auto& [slice, name] : {std::pair("toolBar_Slice(2)", "Repository"),
                                     {"toolBar_Slice(3)", "Glossary"},
+                                    {"toolBar_Slice(4)", "ProfileBox"},
                                     {"toolBar_Slice(6)", "About"}}) {
-    script.When(name, [](Form& form) { form.close(); });
+    script.When(name, [](Form& form) {
+      EXPECT_FALSE(Visible("Main_Tool_frm"));
+      if (form.Name() == "ProfileBox") {
+        EXPECT_EQ(Gui::Find<TextBox>(form, "LastNameField")->Text(), "Lee");
+      }
+      form.close();
+    });
     Click("toolBar_But");
     Click(slice);
     EXPECT_TRUE(script.Done()) << name;
@@ -445,7 +418,7 @@ TEST_F(ToolbarTest, AnotherCourseComesUpAndTheFirstOneGoesOnWhereItWasLeft) {
     Click("toolBar_But");
     Click("toolBar_Slice(5)");
     ASSERT_EQ(FormLife::Active()->Name(), "CourseSelection");
-    Choose(course);
+    ChooseCourse(course);
     PassSplash();
     Gui::Settle();
   };

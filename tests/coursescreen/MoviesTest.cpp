@@ -1,12 +1,10 @@
 // The movies of a page: which player an object gets, where it plays, and when it ends.
 #include <QDir>
 #include <QScrollBar>
-#include <QTextDocument>
 
 #include "frame/ProgramState.h"
 #include "platform/forms/Screen.h"
 #include "platform/movies/MoviePlayer.h"
-#include "platform/richtext/TextControl.h"
 #include "support/Program.h"
 
 namespace {
@@ -20,13 +18,9 @@ const QString kNoShockwave =
 constexpr const char* kFlash = "ShockwaveFlash1";
 constexpr const char* kOther = "ShockwaveCtl1";
 
-class MoviesTest : public ProgramTest {
+class MoviesTest : public CourseTest {
  protected:
-  MoviesTest() {
-    AddTwoModules();
-    store.AddCourse("Cash desk", "rt0101rt0102");
-    Took();
-  }
+  MoviesTest() { Took(); }
   ~MoviesTest() override { qApp->setProperty("noMovies", false); }
 
   void Install() const {
@@ -57,7 +51,6 @@ class MoviesTest : public ProgramTest {
     qApp->setProperty("movies", QStringList());
     return notes;
   }
-  static TextControl& PageView() { return *Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1"); }
   static QWidget& ImageFrame() { return *Gui::Find(Default<Form1>(), "ImageFrame"); }
   static MoviePlayer& Player(const char* name) { return *Gui::Find<MoviePlayer>(Default<Form1>(), name); }
   static QString Movie(const QString& file) { return gAppPath + "/rt0101/Movies/" + file; }
@@ -166,12 +159,6 @@ TEST_F(MoviesTest, EveryWayToAnotherPageEndsTheMovie) {
   WritePage(link + Object("clip.wmv"), "rt0101/0002.txm");
   Form1& screen = ReadAs("Ann", "Lee");
   const auto click = [&screen](const char* name) { return [&screen, name] { Gui::Click(screen, name); }; };
-  const auto clickLink = [&screen] {
-    QTextCursor cursor = PageView().document()->find("goods");
-    cursor.setPosition(cursor.selectionStart() + 1);
-    QTest::mouseClick(screen.windowHandle(), Qt::LeftButton, {},
-                      PageView().viewport()->mapTo(&screen, PageView().cursorRect(cursor).center()));
-  };
   const struct {
     const char* Way;
     std::function<void()> Leave;
@@ -179,7 +166,7 @@ TEST_F(MoviesTest, EveryWayToAnotherPageEndsTheMovie) {
       {"next", click("NextBtn")},
       {"previous", click("Prev")},
       {"return", click("Return_Btn")},
-      {"link", clickLink},
+      {"link", [] { ClickOnPage("goods"); }},
       {"topic", [&] { screen.Pages().JumpToTopic(0, "Greeting"); }},
       {"module", [&] { screen.Pages().JumpToModule(1); }},
       {"resume", [&] { screen.Pages().LoadModuleAtPage(1, "0002.txm"); }},

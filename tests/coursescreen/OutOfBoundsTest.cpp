@@ -19,9 +19,10 @@ QByteArray Utf8File(const QString& text) {
 
 class OutOfBoundsCourse : public OutOfBoundsTest {
  protected:
-  OutOfBoundsCourse() { store.AddCourse("Cash desk", "rt0101rt0102"); }
-
-  TextControl& Page() { return *Gui::Find<TextControl>(ReadAs("Ann", "Lee"), "TXTextControl1"); }
+  TextControl& Page() {
+    ReadAs("Ann", "Lee");
+    return PageView();
+  }
   // The first page still stands, and nothing else came of the attempt.
   void ExpectFirstPage(const QString& attempt) {
     EXPECT_EQ(PageText(), "rt0101 0001.txm") << attempt.left(80).toStdString();

@@ -1,10 +1,7 @@
 // The links of a page: where each kind of target leads, and the way back.
 #include <QScrollBar>
-#include <QTextDocument>
 
 #include "frame/ProgramState.h"
-#include "platform/forms/SkinButton.h"
-#include "platform/richtext/TextControl.h"
 #include "support/Opened.h"
 #include "support/Program.h"
 
@@ -33,18 +30,6 @@ class PageLinksTest : public CourseTest {
     instruction.replace("\\", "\\\\");
     return PageFile("{\\field{\\*\\fldinst HYPERLINK " + instruction + "}{\\fldrslt " + text + "}}");
   }
-  static TextControl& PageView() { return *Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1"); }
-  static void ClickOn(const QString& text) {
-    const TextControl& page = PageView();
-    QTextCursor cursor = page.document()->find(text);
-    ASSERT_FALSE(cursor.isNull()) << text.toStdString();
-    cursor.setPosition(cursor.selectionStart() + 1);
-    const Form1& screen = Default<Form1>();
-    const QPoint place = page.viewport()->mapTo(&screen, page.cursorRect(cursor).center());
-    QTest::mouseClick(screen.windowHandle(), Qt::LeftButton, {}, place);
-    Gui::Settle();
-  }
-  static Look LookOf(const char* name) { return Gui::Find<SkinButton>(Default<Form1>(), name)->Shown(); }
   static bool Minimised() { return Default<Form1>().isMinimized(); }
 
   // Reads the course again from its first page.
@@ -79,7 +64,7 @@ TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
   for (const auto& row : rows) {
     WriteLink('"' + row.Target + '"', "the link");
     screen.InitNewCourse();
-    ClickOn("the link");
+    ClickOnPage("the link");
     EXPECT_EQ(opened.Take(), QStringList(row.Opened)) << row.Target.toStdString();
     EXPECT_EQ(Minimised(), row.Minimises) << row.Target.toStdString();
     screen.showNormal();
@@ -88,7 +73,7 @@ TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
   }
   EXPECT_EQ(messages.Take(), QStringList());
   opened.Result = ShellResult::kNoFolder;
-  ClickOn("the link");
+  ClickOnPage("the link");
   EXPECT_EQ(messages.Take(), QStringList("Repository path not found.  Repository may not be installed."));
 }
 
@@ -114,7 +99,7 @@ TEST_F(PageLinksTest, TheSurveyAndTheDocumentsNeedACourseThatIsWhole) {
     Default<Form1>().InitNewCourse();
     gAllModules = row.AllModules ? 1 : 0;
     gCourses[gCurrentCourse].AllInstalled = row.AllInstalled;
-    ClickOn(row.Text.left(10));
+    ClickOnPage(row.Text.left(10));
     EXPECT_EQ(messages.Take().value(0), row.Message);
     EXPECT_EQ(opened.Take().size(), row.Message.isEmpty() ? 1 : 0) << row.Text.toStdString();
     Default<Form1>().showNormal();
@@ -125,7 +110,7 @@ TEST_F(PageLinksTest, APageOfAnotherModuleIsShownAndLeftAgain) {
   WriteLink("\"RT0102\\0002.txm_\"", "to the goods");
   Read();
   EXPECT_EQ(LookOf("Return_Btn"), Look::Disabled);
-  ClickOn("to the goods");
+  ClickOnPage("to the goods");
   EXPECT_EQ(PageText(), "rt0102 0002.txm");
   EXPECT_EQ(LookOf("Return_Btn"), Look::Off);
   EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
@@ -144,7 +129,7 @@ TEST_F(PageLinksTest, ATargetThatIsNoPageOfTheCourseIsToldAndLeavesAReturnPoint)
        {"rt0109\\0001.txm_", "rt0102\\0001.txm", "rt0102\\00001.txm_", ".txm", "rt0102\\0001.txm__"}) {
     WriteLink('"' + QLatin1String(target) + '"', "nowhere");
     screen.InitNewCourse();
-    ClickOn("nowhere");
+    ClickOnPage("nowhere");
     EXPECT_EQ(messages.Take(), QStringList(kNotInstalled)) << target;
     EXPECT_EQ(PageText(), "nowhere");
     ASSERT_EQ(gReturnStack.size(), 1) << target;
@@ -161,11 +146,11 @@ TEST_F(PageLinksTest, TheSkipLinkIsKnownByItsWordsAndRunsOutAtTheLastModule) {
   WriteLink("\"rt9999\\0009.txm_\"", kSkip);
   store.Write("rt0102/0002.txm", Page("\"x.txm\"", kSkip));
   Read();
-  ClickOn("Skip the Course");
+  ClickOnPage("Skip the Course");
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
   EXPECT_EQ(gReturnPoint.PageName, "0001.txm");
   Default<Form1>().NextPage();
-  ClickOn("Skip the Course");
+  ClickOnPage("Skip the Course");
   EXPECT_EQ(messages.Take(), QStringList("The course \"Cash desk\" has no module number 2."));
   EXPECT_EQ(PageText(), kSkip);
 }
@@ -180,12 +165,12 @@ TEST_F(PageLinksTest, APlaceIsShownOnThisPageOrInAFileAndIsNoJump) {
                        "{\\*\\bkmkstart down}deep\\par " + lines));
   Read();
   Form1& screen = Default<Form1>();
-  ClickOn("handbook");
+  ClickOnPage("handbook");
   EXPECT_TRUE(PageText().startsWith("start"));
   EXPECT_GT(PageView().verticalScrollBar()->value(), 0);
   EXPECT_TRUE(gReturnStack.isEmpty());
   screen.NextPage();  // from the page before
-  ClickOn("further");
+  ClickOnPage("further");
   EXPECT_GT(PageView().verticalScrollBar()->value(), 0);
   EXPECT_EQ(gReturnStack.size(), 1);
   EXPECT_EQ(messages.Take(), QStringList());
@@ -196,7 +181,7 @@ TEST_F(PageLinksTest, AFileThatIsMissingIsToldAndThePageStays) {
   for (const auto& [target, told] : {std::pair{"none.txm#x", "none.txm"}, {"#.txm", "it is not a file"}}) {
     WriteLink('"' + QLatin1String(target) + '"', "the handbook");
     Default<Form1>().InitNewCourse();
-    ClickOn("handbook");
+    ClickOnPage("handbook");
     EXPECT_TRUE(messages.Take().value(0).contains(told)) << target;
     EXPECT_EQ(PageText(), "the handbook");
     EXPECT_TRUE(gReturnStack.isEmpty()) << target;

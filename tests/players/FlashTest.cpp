@@ -4,10 +4,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QLibrary>
-#include <QTimer>
 #include <cstdlib>
 #include <filesystem>
 
@@ -81,15 +79,7 @@ class FlashTest : public ProgramTest {
     return store.Path(name);
   }
 
-  template <typename Condition>
-  static bool Await(Condition condition) {
-    const QDeadlineTimer end(kPatience);
-    QTimer bell;  // the condition is looked at now and then when nothing happens
-    bell.start(20);
-    while (!condition() && !end.hasExpired())
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    return condition();
-  }
+  static bool Await(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, kPatience); }
 
   // A player of its own on a form, with the commands that its movie has given.
   struct Watched {

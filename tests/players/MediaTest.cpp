@@ -4,7 +4,6 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QScrollBar>
@@ -13,7 +12,6 @@
 #include "frame/ProgramState.h"
 #include "platform/movies/MoviePlayer.h"
 #include "platform/movies/PlayerPlugins.h"
-#include "platform/richtext/TextControl.h"
 #include "support/Program.h"
 #include "support/TestPrinters.h"
 
@@ -22,12 +20,10 @@ namespace {
 constexpr int kPatience = 10000;          // milliseconds until a picture counts as not coming
 const QColor kCaption(0x66, 0x66, 0xFF);  // what the captions of the film stand on, in its lowest rows
 
-class MediaTest : public ProgramTest {
+class MediaTest : public CourseTest {
  protected:
   MediaTest() {
     qputenv("PULSE_SERVER", "/none");  // no sound while others work
-    AddTwoModules();
-    store.AddCourse("Cash desk", "rt0101rt0102");
     store.Write("players/media.so", store.Read(TALLOWMERE_PLAYER));
     store.Write("registry/media.reg", store.Read(TALLOWMERE_PLAYER_REG));
   }
@@ -42,7 +38,6 @@ class MediaTest : public ProgramTest {
     store.Write("rt0101/0002.txm", PageFile(Page("film.wmv")));
     return ReadAs("Ann", "Lee");
   }
-  static TextControl& PageView() { return *Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1"); }
   static QWidget& ImageFrame() { return *Gui::Find(Default<Form1>(), "ImageFrame"); }
   static QImage Picture(QWidget& widget) { return widget.grab().toImage(); }
   // The threads of the player that are there.
@@ -52,14 +47,7 @@ class MediaTest : public ProgramTest {
       count += store.Read("/proc/self/task/" + task + "/comm").startsWith("movie") ? 1 : 0;
     return count;
   }
-  static bool Await(const std::function<bool()>& condition) {
-    const QDeadlineTimer end(kPatience);
-    while (!condition()) {
-      if (end.hasExpired()) return false;
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return true;
-  }
+  static bool Await(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, kPatience); }
   static bool IsLike(QColor one, QColor other) {
     return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
                std::abs(one.blue() - other.blue()) <

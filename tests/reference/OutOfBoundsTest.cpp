@@ -16,10 +16,7 @@ namespace {
 
 const QString kNul{QChar::Null};
 
-class OutOfBoundsReference : public OutOfBoundsTest {
- protected:
-  OutOfBoundsReference() { store.AddCourse("Cash desk", "rt0101rt0102"); }
-};
+using OutOfBoundsReference = OutOfBoundsTest;
 
 TEST_F(OutOfBoundsReference, TheAboutAndTrademarkFilesOfACourseComeFromTheirFolderOnly) {
   const QString marker = Outside::kMarker;

@@ -2,8 +2,6 @@
 #include "reference/Trademark.h"
 
 #include "frame/ProgramState.h"
-#include "platform/forms/ComboBox.h"
-#include "platform/richtext/TextControl.h"
 #include "support/Program.h"
 
 namespace {
@@ -79,16 +77,7 @@ TEST_F(TrademarkTest, InAllModulesModeTheFirstPageIsThatOfTheModulesCourse) {
   store.AddCourse("Goods", "rt0102");
   AddPages("Cash desk", {1, 2});
   AddPages("All modules", {2});
-  store.AddLearner("Ann", "Lee");
-  script.When("CourseSelection", [this](Form& choice) {
-    Gui::Find<ComboBox>(choice, "CourseList")->SetListIndex(2);
-    clock.Advance(100);
-    Gui::Click(choice, "BeginCourse");
-  });
-  script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
-  ASSERT_TRUE(Start());
-  Gui::Settle();
-  PassSplash();
+  ReadAs("Ann", "Lee", 2);
   Leave();
   EXPECT_EQ(Run(), QStringList({"Trademark Cash desk_1", "Trademark All modules_2"}));
 }

@@ -78,41 +78,40 @@ TEST_F(StartTest, TheListEndsWithAllModulesAndBeginsWithNothingChosen) {
 TEST_F(StartTest, TheLastEntryTurnsAllModulesOn) {
   AddTwoCourses();
   ASSERT_TRUE(Start());
-  Choose(2);
-  Gui::Click(Choice(), "BeginCourse");
+  ChooseCourse(2);
   EXPECT_EQ(gAllModules, 1);
   EXPECT_EQ(gCurrentCourse, 2);
   EXPECT_NE(LoadedForm<SplashScreen>(), nullptr);
   EXPECT_EQ(PageText(), "rt0101 0001.txm");
 }
 
-TEST_F(StartTest, EscapeAndCancelLeaveAndTheProgramEnds) {
+TEST_F(StartTest, EscapeAndTheButtonsLeaveAndTheProgramEnds) {
   AddTwoCourses();
-  for (const char* way : {"escape", "cancel", "enter on cancel", "exit"}) {
-    SCOPED_TRACE(way);
+  const auto enterOn = [](const char* button) {
+    return [button](Form& choice) {
+      Gui::MoveTo(choice, button);
+      Gui::Key(choice, Qt::Key_Return);
+    };
+  };
+  const struct {
+    const char* Way;
+    std::function<void(Form&)> Leave;
+    bool Ends = true;
+  } rows[] = {{"escape", [](Form& choice) { Gui::Key(choice, Qt::Key_Escape); }},
+              {"cancel", [](Form& choice) { Gui::Click(choice, "Cancel"); }},
+              {"exit", [](Form& choice) { Gui::Click(choice, "Exit_btn"); }},
+              {"enter on cancel", enterOn("Cancel")},
+              {"enter on exit does nothing", enterOn("Exit_btn"), false}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.Way);
     ASSERT_TRUE(Start());
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Choice()));
     Choose(0);
-    if (way == QLatin1String("escape")) Gui::Key(Choice(), Qt::Key_Escape);
-    if (way == QLatin1String("cancel")) Gui::Click(Choice(), "Cancel");
-    if (way == QLatin1String("exit")) Gui::Click(Choice(), "Exit_btn");
-    if (way == QLatin1String("enter on cancel")) {
-      Gui::MoveTo(Choice(), "Cancel");
-      Gui::Key(Choice(), Qt::Key_Return);
-    }
-    EXPECT_EQ(quits, 1);
-    EXPECT_TRUE(FormLife::Loaded().isEmpty());
+    row.Leave(Choice());
+    EXPECT_EQ(quits, row.Ends ? 1 : 0);
+    EXPECT_EQ(FormLife::Loaded().isEmpty(), row.Ends);
     OneCopyAgain();
   }
-}
-
-TEST_F(StartTest, EnterOnTheExitButtonDoesNothing) {
-  AddTwoCourses();
-  ASSERT_TRUE(Start());
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&Choice()));
-  Gui::MoveTo(Choice(), "Exit_btn");
-  Gui::Key(Choice(), Qt::Key_Return);
-  EXPECT_NE(LoadedForm<CourseSelection>(), nullptr);
 }
 
 TEST_F(StartTest, ASingleCourseGoesStraightToTheSplash) {
@@ -144,8 +143,7 @@ TEST_F(StartTest, ACourseThatDoesNotOpenIsToldAndTheChoiceComesAgain) {
   messages.WhileUp = [this] { clock.Advance(3000); };  // the splash's timer must not go on meanwhile
   ASSERT_TRUE(Start());
   for (const int broken : {0, 1, 2}) {
-    Choose(broken);
-    Gui::Click(Choice(), "BeginCourse");
+    ChooseCourse(broken);
     const QStringList said = messages.Take();
     ASSERT_EQ(said.size(), 2) << broken;
     EXPECT_TRUE(said[1].startsWith("The course selected did not load properly."));
@@ -153,8 +151,7 @@ TEST_F(StartTest, ACourseThatDoesNotOpenIsToldAndTheChoiceComesAgain) {
     EXPECT_EQ(LoadedForm<SplashScreen>(), nullptr);
     EXPECT_TRUE(Choice().Shown());
   }
-  Choose(3);
-  Gui::Click(Choice(), "BeginCourse");
+  ChooseCourse(3);
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
 }
 

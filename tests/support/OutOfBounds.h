@@ -10,10 +10,8 @@
 #include "support/Outside.h"
 #include "support/Program.h"
 
-class OutOfBoundsTest : public ProgramTest {
+class OutOfBoundsTest : public CourseTest {
  protected:
-  OutOfBoundsTest() { AddTwoModules(); }
-
   // A link below the program folder.
   void Link(const QString& target, const QString& name) const {
     if (!QFile::link(target, store.Path(name))) qFatal("cannot link %s", qPrintable(name));

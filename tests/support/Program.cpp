@@ -2,9 +2,10 @@
 
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
+#include "platform/forms/ComboBox.h"
 #include "platform/forms/Label.h"
-#include "platform/richtext/TextControl.h"
 #include "progress/Status.h"
+#include "startup/CourseSelection.h"
 #include "startup/Main.h"
 #include "startup/OneCopy.h"
 
@@ -60,10 +61,18 @@ void ProgramTest::PassSplash() {
   clock.Advance(1000);
 }
 
-Form1& ProgramTest::ReadAs(const QString& firstName, const QString& lastName) {
+void ProgramTest::ChooseCourse(int course) {
+  auto& choice = Default<CourseSelection>();
+  Gui::Find<ComboBox>(choice, "CourseList")->SetListIndex(course);
+  clock.Advance(100);
+  Gui::Click(choice, "BeginCourse");
+}
+
+Form1& ProgramTest::ReadAs(const QString& firstName, const QString& lastName, int course) {
   store.AddLearner(firstName, lastName);
   script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
   if (!Start()) qFatal("the program did not start");
+  if (course >= 0) ChooseCourse(course);
   PassSplash();
   Gui::Settle();
   return Default<Form1>();
@@ -74,5 +83,19 @@ QString ProgramTest::Header() {
 }
 
 QString ProgramTest::PageText() {
-  return Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1")->toPlainText().trimmed();
+  return PageView().toPlainText().trimmed();
+}
+
+TextControl& ProgramTest::PageView() {
+  return *Gui::Find<TextControl>(Default<Form1>(), "TXTextControl1");
+}
+
+void ProgramTest::ClickOnPage(const QString& text) {
+  QTextCursor cursor = PageView().document()->find(text);
+  ASSERT_FALSE(cursor.isNull()) << text.toStdString();
+  cursor.setPosition(cursor.selectionStart() + 1);
+  const Form1& screen = Default<Form1>();
+  const QPoint place = PageView().viewport()->mapTo(&screen, PageView().cursorRect(cursor).center());
+  QTest::mouseClick(screen.windowHandle(), Qt::LeftButton, {}, place);
+  Gui::Settle();
 }

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "coursescreen/Form1.h"
+#include "platform/forms/SkinButton.h"
+#include "platform/richtext/TextControl.h"
 #include "support/Gui.h"
 #include "support/HandClock.h"
 #include "support/Messages.h"
@@ -25,11 +27,19 @@ class ProgramTest : public ::testing::Test {
   void PassSplash();
   // After an end: the program can be started once more, and its ends count anew.
   void OneCopyAgain();
-  // Starts with one learner, who signs in and closes the check-progress screen.
-  Form1& ReadAs(const QString& firstName, const QString& lastName);
+  // In the choice of a course that stands: `course` is taken, and begun.
+  void ChooseCourse(int course);
+  // Starts with one learner, who signs in and closes the check-progress screen; with a number the learner
+  // chooses that course first.
+  Form1& ReadAs(const QString& firstName, const QString& lastName, int course = -1);
 
   static QString Header();
   static QString PageText();
+  static TextControl& PageView();
+  // Onto a text of the page, a link most often.
+  static void ClickOnPage(const QString& text);
+  static SkinButton& Button(const QString& name) { return *Gui::Find<SkinButton>(Default<Form1>(), name); }
+  static SkinButton::Look LookOf(const QString& name) { return Button(name).Shown(); }
 
   // Whether the check-progress screen is closed as soon as it shows, for the tests that are not about it.
   bool leavesProgress = true;

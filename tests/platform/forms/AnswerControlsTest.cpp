@@ -1,11 +1,8 @@
 // The controls of a question: answers that wrap and can be unticked, the frame, the scroll bar; labels that
 // follow their caption.
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QApplication>
 #include <QWheelEvent>
-#include <QWindow>
 
 #include "platform/forms/CheckBox.h"
 #include "platform/forms/Frame.h"
@@ -14,8 +11,7 @@
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/VScrollBar.h"
-#include "support/Gui.h"
-#include "support/Store.h"
+#include "support/FormTest.h"
 
 namespace {
 
@@ -43,27 +39,9 @@ class AnswerForm : public Form {
   VScrollBar* bar;
 };
 
-class AnswerControlsTest : public ::testing::Test {
- protected:
-  AnswerControlsTest() { FormLife::Begin({}); }
-  ~AnswerControlsTest() override {
-    FormLife::Begin({});
-    Dispatcher::SetIdleCheck({});
-    Gui::Settle();
-  }
-
-  AnswerForm& Shown() {
-    auto& form = Default<AnswerForm>();
-    form.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
-    return form;
-  }
-
-  Store store;
-};
+using AnswerControlsTest = FormTest<AnswerForm>;
 
 TEST_F(AnswerControlsTest, OptionsExcludeEachOtherCheckBoxesDoNotAndCodeUnticksBoth) {
-  AnswerForm& form = Shown();
   for (const char* name : {"Option1(0)", "Option1(1)", "Check1(0)", "Check1(1)"})
     Gui::Click(form, name);
   EXPECT_FALSE(form.options[0]->Value());
@@ -80,7 +58,6 @@ TEST_F(AnswerControlsTest, OptionsExcludeEachOtherCheckBoxesDoNotAndCodeUnticksB
 }
 
 TEST_F(AnswerControlsTest, KeysTickAndWalkTheAnswersAndTabReachesThemAfterTheyWereUnticked) {
-  AnswerForm& form = Shown();
   form.options[0]->SetFocus();
   Gui::Key(form, Qt::Key_Space);
   EXPECT_TRUE(form.options[0]->Value());
@@ -94,7 +71,6 @@ TEST_F(AnswerControlsTest, KeysTickAndWalkTheAnswersAndTabReachesThemAfterTheyWe
 }
 
 TEST_F(AnswerControlsTest, AnAnswerIsPlainTextInItsColour) {
-  AnswerForm& form = Shown();
   const auto shades = [&](int colour) {
     const QImage image = form.grab().toImage();
     int found = 0;
@@ -116,7 +92,6 @@ TEST_F(AnswerControlsTest, AnAnswerIsPlainTextInItsColour) {
 }
 
 TEST_F(AnswerControlsTest, ALabelFollowsItsCaptionAndBreaksWordsThatAreTooLong) {
-  AnswerForm& form = Shown();
   auto* label = new Label(form.frame, QStringLiteral("TestLabel"));
   label->Move(0, 0, 100 * Screen::TwipsPerPixelX(), 0);
   label->SetAutoSize(true);
@@ -132,7 +107,6 @@ TEST_F(AnswerControlsTest, ALabelFollowsItsCaptionAndBreaksWordsThatAreTooLong) 
 }
 
 TEST_F(AnswerControlsTest, AScrollBarTellsADragFromAnyOtherChange) {
-  AnswerForm& form = Shown();
   QStringList told;
   form.bar->Scroll = [&] { told.append(QStringLiteral("scroll")); };
   form.bar->Change = [&] { told.append(QStringLiteral("change %1").arg(form.bar->Value())); };
@@ -152,7 +126,6 @@ TEST_F(AnswerControlsTest, AScrollBarTellsADragFromAnyOtherChange) {
 }
 
 TEST_F(AnswerControlsTest, TheWheelOverAViewportTurnsItsBarWhileThatShows) {
-  AnswerForm& form = Shown();
   form.bar->SetMax(20);
   form.bar->TakeWheelOf(form.frame);
   const auto turn = [&] {

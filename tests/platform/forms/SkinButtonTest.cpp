@@ -1,12 +1,9 @@
 // The skinned button: its family, its keys, and what a screen reader makes of it.
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
-#include "support/Gui.h"
-#include "support/Store.h"
+#include "support/FormTest.h"
 
 namespace {
 
@@ -37,81 +34,65 @@ class Bar final : public Form {
   QStringList heard;
 };
 
-class SkinButtonTest : public ::testing::Test {
- protected:
-  SkinButtonTest() {
-    FormLife::Begin({});
-    FormLife::Load(bar);
-    bar->Show();
-    Gui::Settle();  // the window becomes the active one
-    bar->heard.clear();
-  }
-  ~SkinButtonTest() override {
-    FormLife::Begin({});
-    Gui::Settle();
-  }
-
-  Store store;
-  Bar* bar = new Bar;  // the collection of loaded forms owns it
-};
+using SkinButtonTest = FormTest<Bar>;
 
 TEST_F(SkinButtonTest, AFamilyLightsItsMembersWhateverTheFormDoesWithTheirEvents) {
-  bar->one->MouseMove = [this] { bar->heard.append(QStringLiteral("move")); };
-  bar->one->GotFocus = [this] { bar->heard.append(QStringLiteral("focus")); };
-  Gui::MoveTo(*bar, "two");
-  Gui::MoveTo(*bar, "one");
-  EXPECT_EQ(bar->family.Lit(), bar->one);
-  EXPECT_EQ(bar->two->Shown(), Look::Off);
-  EXPECT_EQ(bar->MousePointer(), kPointerHand);
-  EXPECT_TRUE(bar->heard.contains("move") && bar->heard.contains("focus"));
-  bar->heard.clear();
-  bar->family.PressLit();
-  EXPECT_EQ(bar->heard, QStringList({"down", "up", "one"}));
+  form.one->MouseMove = [this] { form.heard.append(QStringLiteral("move")); };
+  form.one->GotFocus = [this] { form.heard.append(QStringLiteral("focus")); };
+  Gui::MoveTo(form, "two");
+  Gui::MoveTo(form, "one");
+  EXPECT_EQ(form.family.Lit(), form.one);
+  EXPECT_EQ(form.two->Shown(), Look::Off);
+  EXPECT_EQ(form.MousePointer(), kPointerHand);
+  EXPECT_TRUE(form.heard.contains("move") && form.heard.contains("focus"));
+  form.heard.clear();
+  form.family.PressLit();
+  EXPECT_EQ(form.heard, QStringList({"down", "up", "one"}));
 }
 
 TEST_F(SkinButtonTest, TheSpaceBarPressesTheButtonWithTheFocusAtItsRelease) {
-  for (SkinButton* button : {bar->plain, bar->one}) {
+  for (SkinButton* button : {form.plain, form.one}) {
     button->SetFocus();
-    bar->heard.clear();
-    QTest::keyPress(bar->windowHandle(), Qt::Key_Space);
-    EXPECT_EQ(bar->heard, QStringList());
-    QTest::keyRelease(bar->windowHandle(), Qt::Key_Space);
-    EXPECT_EQ(bar->heard, QStringList({"down", "up", button->Name()}));
+    form.heard.clear();
+    QTest::keyPress(form.windowHandle(), Qt::Key_Space);
+    EXPECT_EQ(form.heard, QStringList());
+    QTest::keyRelease(form.windowHandle(), Qt::Key_Space);
+    EXPECT_EQ(form.heard, QStringList({"down", "up", button->Name()}));
   }
   // A press that began elsewhere is none.
-  bar->one->SetFocus();
-  bar->heard.clear();
-  QTest::keyPress(bar->windowHandle(), Qt::Key_Space);
-  bar->plain->SetFocus();
-  QTest::keyRelease(bar->windowHandle(), Qt::Key_Space);
-  EXPECT_EQ(bar->heard, QStringList());
+  form.one->SetFocus();
+  form.heard.clear();
+  QTest::keyPress(form.windowHandle(), Qt::Key_Space);
+  form.plain->SetFocus();
+  QTest::keyRelease(form.windowHandle(), Qt::Key_Space);
+  EXPECT_EQ(form.heard, QStringList());
 }
 
 TEST_F(SkinButtonTest, AButtonReachedByTabShowsAFrameAndOneReachedByTheMouseDoesNot) {
-  bar->two->SetFocus();
-  const QImage plain = bar->plain->grab().toImage();
-  bar->plain->setFocus(Qt::TabFocusReason);
-  EXPECT_NE(bar->plain->grab().toImage(), plain);
-  bar->two->SetFocus();
-  EXPECT_EQ(bar->plain->grab().toImage(), plain);
-  bar->plain->setFocus(Qt::MouseFocusReason);
-  EXPECT_EQ(bar->plain->grab().toImage(), plain);
+  form.two->SetFocus();
+  const QImage plain = form.plain->grab().toImage();
+  form.plain->setFocus(Qt::TabFocusReason);
+  EXPECT_NE(form.plain->grab().toImage(), plain);
+  form.two->SetFocus();
+  EXPECT_EQ(form.plain->grab().toImage(), plain);
+  form.plain->setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(form.plain->grab().toImage(), plain);
 }
 
 TEST_F(SkinButtonTest, AScreenReaderFindsAButtonWithItsWordsAndCanPressIt) {
-  bar->plain->SetCaption(QStringLiteral("Words"));  // has no label to show them
-  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(bar->plain);
+  form.plain->SetCaption(QStringLiteral("Words"));  // has no label to show them
+  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(form.plain);
   ASSERT_NE(accessible, nullptr);
   EXPECT_EQ(accessible->role(), QAccessible::Button);
   EXPECT_EQ(accessible->text(QAccessible::Name), "Words");
   accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-  EXPECT_EQ(bar->heard, QStringList());  // the reader does not wait for what the press does
+  EXPECT_EQ(form.heard, QStringList());  // the reader does not wait for what the press does
   Gui::Settle();
-  EXPECT_EQ(bar->heard, QStringList({"down", "up", "plain"}));
-  bar->plain->SetEnabled(false);
+  EXPECT_EQ(form.heard, QStringList({"down", "up", "plain"}));
+  form.plain->SetEnabled(false);
   accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   Gui::Settle();
-  EXPECT_EQ(bar->heard.size(), 3);
+  EXPECT_EQ(form.heard.size(), 3);
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
 // FlexGrid: cells and their looks, the selection, scrolling, keys, and what a screen reader finds.
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QAccessibleTableInterface>
 #include <QImage>
@@ -8,7 +6,7 @@
 #include "platform/forms/Screen.h"
 #include "platform/grid/FlexGrid.h"
 #include "support/Errors.h"
-#include "support/Gui.h"
+#include "support/FormTest.h"
 
 namespace {
 
@@ -26,16 +24,8 @@ class GridForm final : public Form {
   FlexGrid* grid = new FlexGrid(this, QStringLiteral("Grid"));
 };
 
-class GridTest : public ::testing::Test {
+class GridTest : public FormTest<GridForm> {
  protected:
-  GridTest() {
-    form.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
-  }
-  ~GridTest() override {
-    FormLife::Begin({});
-    Gui::Settle();
-  }
   void Fill(int rows) {
     for (int row = 0; row < rows; ++row)
       grid.AddItem(QStringLiteral("Row %1").arg(row));
@@ -54,12 +44,6 @@ class GridTest : public ::testing::Test {
     return colour.blue() << 16 | colour.green() << 8 | colour.red();
   }
 
-  static GridForm& Begin() {
-    FormLife::Begin({});
-    return Default<GridForm>();
-  }
-
-  GridForm& form = Begin();
   FlexGrid& grid = *form.grid;
 };
 
