@@ -5,17 +5,16 @@
 #include "assessment/Scoring.h"
 #include "platform/FailingCalls.h"
 #include "support/HandClock.h"
+#include "support/ProgressLines.h"
 
 namespace {
 
 constexpr int kDay = 24 * 60 * 60 * 1000;
-const QByteArray kNoTest = ",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
-
 QByteArray Resume(const QByteArray& id) {
-  return "\"" + id + "\",\"0012.txm\"\r\n";
+  return ResumeBytes(id, "0012.txm");
 }
 QByteArray ModuleLine(const QByteArray& id, const QByteArray& tests) {
-  return "\"" + id + "\",\"_T_\"" + tests;
+  return ModuleBytes(id, "_T_", tests);
 }
 
 // Takes the test to its end, with every question answered as the pattern says.

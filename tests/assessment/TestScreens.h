@@ -7,6 +7,7 @@
 #include "assessment/TestReview.h"
 #include "platform/forms/VScrollBar.h"
 #include "support/Program.h"
+#include "support/ProgressLines.h"
 
 class TestScreensTest : public ProgramTest {
  protected:
@@ -32,12 +33,11 @@ class TestScreensTest : public ProgramTest {
   // Signs in at the page before the test.
   Form1& ReadToTheTest() {
     store.AddLearner("Ann", "Lee", kCourse,
-                     "\"rt0101\",\"0002.txm\"\r\n\"rt0101\",\"_Greeting_\"" + NoTest());
+                     ResumeBytes("rt0101", "0002.txm") + ModuleBytes("rt0101", "_Greeting_"));
     Form1& screen = ReadAs("Ann", "Lee");
     EXPECT_EQ(PageText(), "rt0101 0002.txm");
     return screen;
   }
-  static QByteArray NoTest() { return QByteArray(",\"\"").repeated(8) + "\r\n"; }
 
   // Turns the page onto the test; `visit` is what the learner does there.
   void TakeTest(const std::function<void(QuestionForm&)>& visit) {

@@ -205,8 +205,10 @@ TEST_F(MenusTest, ATopicIsReachedByItsNameAndTheWayBackIsKept) {
   Click("TopicSlice(1)");
   EXPECT_EQ(PageText(), "rt0001 0002.txm");
   EXPECT_EQ(Header(), "Module 1 : Topic 1");
+  EXPECT_TRUE(Progress("Ann Lee", "Cash desk").contains("\"rt0001\",\"_Topic 1_\""));
   EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
   EXPECT_TRUE(Lit("TopicSlice", 2).isEmpty() && Lit("MenuSlice", 3).isEmpty());
+  EXPECT_EQ(LookOf("Prev"), Look::Off);
   Click("Return_Btn");
   EXPECT_EQ(PageText(), "rt0000 0001.txm");
 }

@@ -187,10 +187,8 @@ const QStringList kKept =
 
 // Registers a learner; told is the folder that the entries stand for.
 QString Register(HandClock& clock, const QString& firstName, const QString& lastName) {
-  auto& form = Default<NewUserLogin>();
-  form.InitNewUserForm();
-  form.Show();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+  Default<NewUserLogin>().InitNewUserForm();
+  auto& form = Gui::Show<NewUserLogin>();
   const std::pair<const char*, QString> entries[] = {
       {"LoginBox", firstName}, {"LastNameBox", lastName}, {"EMailBox", "b@c.d"}};
   QStringList taken;

@@ -37,9 +37,7 @@ class ProfileTest : public CourseTest {
     ReadAs("Ann", "Lee");
     auto& box = Default<ProfileBox>();
     box.Fill(gUserFirstName, gUserLastName, gUserEmail);
-    box.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
-    return box;
+    return Gui::Show<ProfileBox>();
   }
   void Enter(ProfileBox& box, const char* field, const QString& text) {
     Gui::Find<TextBox>(box, field)->SetText({});

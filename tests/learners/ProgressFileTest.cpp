@@ -1,20 +1,13 @@
 #include "learners/ProgressFile.h"
 
 #include "LearnerStore.h"
+#include "support/ProgressLines.h"
 
 namespace {
 
 const TestFields kRun = {"2", "80", "10110", "2004-03-09", "90", "10111", "2004-03-10", "70"};
-const QByteArray kNoTest = ",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
 const QByteArray kRunBytes =
     ",\"2\",\"80\",\"10110\",\"2004-03-09\",\"90\",\"10111\",\"2004-03-10\",\"70\"\r\n";
-
-QByteArray Line(const QByteArray& id, const QByteArray& viewed, const QByteArray& tests = kNoTest) {
-  return "\"" + id + "\",\"" + viewed + "\"" + tests;
-}
-QByteArray Resume(const QByteArray& id, const QByteArray& page) {
-  return "\"" + id + "\",\"" + page + "\"\r\n";
-}
 
 void Record(const QString& moduleId, const QString& topic, const TestFields& tests = {}) {
   RecordModuleProgress(moduleId, topic, "Ann", "Lee", tests);
@@ -36,9 +29,9 @@ TEST(ViewedList, GrowsByWhatIsNotInIt) {
 }
 
 TEST(Progress, APageTurnKeepsTheFilesForm) {
-  const QByteArray before = Resume("RT0101", "0009.txm"), now = Resume("RT0101", "0002.txm");
-  const QByteArray old = before + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_");
-  const QByteArray same = now + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_");
+  const QByteArray before = ResumeBytes("RT0101", "0009.txm"), now = ResumeBytes("RT0101", "0002.txm");
+  const QByteArray old = before + ModuleBytes("RT0101", "_A_", kRunBytes) + ModuleBytes("RT0102", "_X_");
+  const QByteArray same = now + ModuleBytes("RT0101", "_A_", kRunBytes) + ModuleBytes("RT0102", "_X_");
   const struct {
     const char* What;
     QByteArray Before;
@@ -47,14 +40,16 @@ TEST(Progress, APageTurnKeepsTheFilesForm) {
     TestFields Tests = {};
   } cases[] = {
       {"a new module is appended, and the resume line stays", before, "RT0102", "A",
-       before + Line("RT0102", "_A_")},
-      {"a new module without a topic", before, "RT0102", "", before + Line("RT0102", "__")},
-      {"a new module with a result", before, "RT0102", "A", before + Line("RT0102", "_A_", kRunBytes), kRun},
-      {"a new topic", old, "RT0101", "B", now + Line("RT0101", "_A__B_", kRunBytes) + Line("RT0102", "_X_")},
+       before + ModuleBytes("RT0102", "_A_")},
+      {"a new module without a topic", before, "RT0102", "", before + ModuleBytes("RT0102", "__")},
+      {"a new module with a result", before, "RT0102", "A", before + ModuleBytes("RT0102", "_A_", kRunBytes),
+       kRun},
+      {"a new topic", old, "RT0101", "B",
+       now + ModuleBytes("RT0101", "_A__B_", kRunBytes) + ModuleBytes("RT0102", "_X_")},
       {"the same topic", old, "RT0102", "X", same},
       {"no topic", old, "RT0102", "", same},
       {"a result", old, "RT0102", "X",
-       now + Line("RT0101", "_A_", kRunBytes) + Line("RT0102", "_X_", kRunBytes), kRun},
+       now + ModuleBytes("RT0101", "_A_", kRunBytes) + ModuleBytes("RT0102", "_X_", kRunBytes), kRun},
       {"a result without attempts changes no field",
        old,
        "RT0101",
@@ -62,13 +57,13 @@ TEST(Progress, APageTurnKeepsTheFilesForm) {
        same,
        {"", "1", "1", "1", "1", "1", "1", "1"}},
       {"a topic with quotes does not break the line", before, "RT0102", "The \"B\"",
-       before + Line("RT0102", "_The 'B'_")},
-      {"a topic with quotes is found again", before + Line("RT0102", "_The 'B'_"), "RT0102", "The \"B\"",
-       now + Line("RT0102", "_The 'B'_")},
-      {"an empty file", "", "RT0101", "A", now + Line("RT0101", "_A_")},
-      {"a last line without its end", before + Line("RT0101", "_A_").chopped(2), "RT0102", "B",
-       before + Line("RT0101", "_A_") + Line("RT0102", "_B_")},
-      {"blank lines at the end", before + "\r\n\r\n", "RT0102", "B", before + Line("RT0102", "_B_")},
+       before + ModuleBytes("RT0102", "_The 'B'_")},
+      {"a topic with quotes is found again", before + ModuleBytes("RT0102", "_The 'B'_"), "RT0102",
+       "The \"B\"", now + ModuleBytes("RT0102", "_The 'B'_")},
+      {"an empty file", "", "RT0101", "A", now + ModuleBytes("RT0101", "_A_")},
+      {"a last line without its end", before + ModuleBytes("RT0101", "_A_").chopped(2), "RT0102", "B",
+       before + ModuleBytes("RT0101", "_A_") + ModuleBytes("RT0102", "_B_")},
+      {"blank lines at the end", before + "\r\n\r\n", "RT0102", "B", before + ModuleBytes("RT0102", "_B_")},
   };
   for (const auto& c : cases) {
     const LearnerStore store;
@@ -85,7 +80,7 @@ TEST(Progress, TheResumeLineAloneBeginsAFile) {
   store.Write("Selling", "old");
   gCurrentModule = 1;
   WriteResumeLine();
-  EXPECT_EQ(store.Read("Selling"), Resume("RT0102", "0001.txm"));
+  EXPECT_EQ(store.Read("Selling"), ResumeBytes("RT0102", "0001.txm"));
   const ResumeLine resume = ReadResumeLine("Ann Lee", "Selling");
   EXPECT_EQ(resume.Module + " " + resume.Page, "RT0102 0001.txm");
 }
@@ -102,9 +97,9 @@ TEST(Progress, NobodyIsRecordedNowhere) {
 
 TEST(Progress, WithoutNamesTheFolderIsTold) {
   const LearnerStore store;
-  store.Write("Selling", Resume("RT0101", "0001.txm"));
+  store.Write("Selling", ResumeBytes("RT0101", "0001.txm"));
   RecordModuleProgress("RT0101", "A", "", "", {}, "Ann Lee");
-  EXPECT_EQ(store.Read("Selling"), Resume("RT0101", "0001.txm") + Line("RT0101", "_A_"));
+  EXPECT_EQ(store.Read("Selling"), ResumeBytes("RT0101", "0001.txm") + ModuleBytes("RT0101", "_A_"));
 }
 
 TEST(Progress, AMissingFileIsAnError) {
@@ -117,18 +112,18 @@ TEST(Progress, AMissingFileIsAnError) {
 }
 
 TEST(Progress, DamageIsNamedAndNeverWrittenOver) {
-  const QByteArray good = Resume("RT0101", "0001.txm") + Line("RT0101", "_A_");
+  const QByteArray good = ResumeBytes("RT0101", "0001.txm") + ModuleBytes("RT0101", "_A_");
   const QString line = "the line of module \"RT0102\" does not hold ten fields.";
   const struct {
     QByteArray File;
     QString Reason;
   } cases[] = {
-      {"\"RT0101\"\r\n" + Line("RT0101", "_A_"), "the first line does not hold a module and a page."},
-      {"\"RT0101\",\"1\",\"2\"\r\n" + Line("RT0101", "_A_"),
+      {"\"RT0101\"\r\n" + ModuleBytes("RT0101", "_A_"), "the first line does not hold a module and a page."},
+      {"\"RT0101\",\"1\",\"2\"\r\n" + ModuleBytes("RT0101", "_A_"),
        "the first line does not hold a module and a page."},
       {good + "\"RT0102\",\"_X_\"\r\n", line},
-      {good + "\"RT0102\",\"_X_\"\r\n" + Line("RT0103", "_Y_"), line},
-      {good + Line("RT0102", "_X_").chopped(2) + ",\"\"\r\n", line},
+      {good + "\"RT0102\",\"_X_\"\r\n" + ModuleBytes("RT0103", "_Y_"), line},
+      {good + ModuleBytes("RT0102", "_X_").chopped(2) + ",\"\"\r\n", line},
       {good + "\"RT0102\",\"_X_\",\"2\",\"80", ""},
       {good + "\"RT0102\",", ""},
   };
@@ -146,17 +141,17 @@ TEST(Progress, DamageIsNamedAndNeverWrittenOver) {
 }
 
 TEST(Progress, OldBytesStayAsTheyAreUntilATextNeedsUtf8) {
-  const QByteArray cp = Resume("RT0101", "0001.txm") + Line("RT0101", "_Caf\xE9\x81_");
+  const QByteArray cp = ResumeBytes("RT0101", "0001.txm") + ModuleBytes("RT0101", "_Caf\xE9\x81_");
   const QByteArray utf8 =
-      "\xEF\xBB\xBF" + Resume("RT0101", "0001.txm") + Line("RT0101", "_Caf\xC3\xA9\xC2\x81_");
+      "\xEF\xBB\xBF" + ResumeBytes("RT0101", "0001.txm") + ModuleBytes("RT0101", "_Caf\xC3\xA9\xC2\x81_");
   const struct {
     QByteArray Before;
     QString Topic;
     QByteArray After;
   } cases[] = {
-      {cp, u"Th\u00E9"_qs, cp + Line("RT0102", "_Th\xE9_")},
-      {cp, u"Łódź"_qs, utf8 + Line("RT0102", "_\xC5\x81\xC3\xB3\x64\xC5\xBA_")},
-      {utf8, u"Th\u00E9"_qs, utf8 + Line("RT0102", "_Th\xC3\xA9_")},
+      {cp, u"Th\u00E9"_qs, cp + ModuleBytes("RT0102", "_Th\xE9_")},
+      {cp, u"Łódź"_qs, utf8 + ModuleBytes("RT0102", "_\xC5\x81\xC3\xB3\x64\xC5\xBA_")},
+      {utf8, u"Th\u00E9"_qs, utf8 + ModuleBytes("RT0102", "_Th\xC3\xA9_")},
   };
   for (const auto& c : cases) {
     const LearnerStore store;
@@ -169,18 +164,18 @@ TEST(Progress, OldBytesStayAsTheyAreUntilATextNeedsUtf8) {
 TEST(Progress, BytesThatAreNoTextAreKeptAndNotTurnedIntoUtf8) {
   const LearnerStore store;
   ASSERT_TRUE(SetCodePage("cp932"));
-  const QByteArray old = Resume("RT0101", "0001.txm") + Line("RT0101", "_\x93\x63\x85\x40_");
+  const QByteArray old = ResumeBytes("RT0101", "0001.txm") + ModuleBytes("RT0101", "_\x93\x63\x85\x40_");
   store.Write("Selling", old);
   EXPECT_TRUE(ErrorOf([] { Record("RT0102", u"☕"_qs); }).contains("is not valid in the code page"));
   EXPECT_EQ(store.Read("Selling"), old);
   Record("RT0102", u"田"_qs);
-  EXPECT_EQ(store.Read("Selling"), old + Line("RT0102", "_\x93\x63_"));
+  EXPECT_EQ(store.Read("Selling"), old + ModuleBytes("RT0102", "_\x93\x63_"));
 }
 
 TEST(Progress, ArraysAreFilledInTheOrderOfTheFile) {
   const LearnerStore store;
-  store.Write("Selling",
-              Resume("RT0101", "0001.txm") + Line("RT0102", "_A_", kRunBytes) + Line("RT0101", "_B_"));
+  store.Write("Selling", ResumeBytes("RT0101", "0001.txm") + ModuleBytes("RT0102", "_A_", kRunBytes) +
+                             ModuleBytes("RT0101", "_B_"));
   ReadProgressFile();
   EXPECT_EQ(gProgModuleId, QStringList({"RT0102", "RT0101"}));
   EXPECT_EQ(gProgViewed, QStringList({"_A_", "_B_"}));
@@ -188,7 +183,7 @@ TEST(Progress, ArraysAreFilledInTheOrderOfTheFile) {
                           gProgFirstDate.at(0), gProgHighest.at(0),    gProgHighPattern.at(0),
                           gProgHighDate.at(0),  gProgLast.at(0)};
   EXPECT_EQ(tests, QStringList({"2", "80", "10110", "2004-03-09", "90", "10111", "2004-03-10", "70"}));
-  store.Write("Selling", Resume("RT0101", "0001.txm"));
+  store.Write("Selling", ResumeBytes("RT0101", "0001.txm"));
   ReadProgressFile();
   EXPECT_EQ(gProgModuleId.size(), 2);  // without lines they keep what they hold
 }
@@ -198,38 +193,39 @@ TEST(AllModules, ANewModuleGoesToItsOwnCourse) {
   store.Program.MakeDir(store.kFolder);
   store.EnterAllModules(2);
   Record("RT0201", "A");
-  EXPECT_EQ(store.Read("Paying"), Resume("RT0201", "0001.txm") + Line("RT0201", "_A_"));
-  EXPECT_EQ(store.Read("All modules"), Resume("RT0201", "0001.txm"));
+  EXPECT_EQ(store.Read("Paying"), ResumeBytes("RT0201", "0001.txm") + ModuleBytes("RT0201", "_A_"));
+  EXPECT_EQ(store.Read("All modules"), ResumeBytes("RT0201", "0001.txm"));
   gCurrentModule = 3;
   store.ShowPage("0005.txm");
   Record("RT0102", "B");  // both list it; the first gets its file now
-  EXPECT_EQ(store.Read("Selling"), Resume("RT0102", "0005.txm") + Line("RT0102", "_B_"));
-  EXPECT_EQ(store.Read("All modules"), Resume("RT0102", "0005.txm"));
+  EXPECT_EQ(store.Read("Selling"), ResumeBytes("RT0102", "0005.txm") + ModuleBytes("RT0102", "_B_"));
+  EXPECT_EQ(store.Read("All modules"), ResumeBytes("RT0102", "0005.txm"));
   gCurrentModule = 0;
   store.ShowPage("0007.txm");
   Record("RT0101", "C");  // the file is there: a line more, and no resume line moves
   EXPECT_EQ(store.Read("Selling"),
-            Resume("RT0102", "0005.txm") + Line("RT0102", "_B_") + Line("RT0101", "_C_"));
-  EXPECT_EQ(store.Read("All modules"), Resume("RT0102", "0005.txm"));
+            ResumeBytes("RT0102", "0005.txm") + ModuleBytes("RT0102", "_B_") + ModuleBytes("RT0101", "_C_"));
+  EXPECT_EQ(store.Read("All modules"), ResumeBytes("RT0102", "0005.txm"));
 }
 
 TEST(AllModules, AnUpdateLeavesTheRealCoursesPlace) {
   const LearnerStore store;
-  store.Write("Paying", Resume("RT0201", "0009.txm") + Line("RT0201", "_A_") + Line("RT0102", "_B_"));
+  store.Write("Paying", ResumeBytes("RT0201", "0009.txm") + ModuleBytes("RT0201", "_A_") +
+                            ModuleBytes("RT0102", "_B_"));
   store.EnterAllModules(1);
   store.ShowPage("0003.txm");
   Record("RT0102", "C", kRun);
-  EXPECT_EQ(store.Read("Paying"),
-            Resume("RT0201", "0009.txm") + Line("RT0201", "_A_") + Line("RT0102", "_B__C_", kRunBytes));
-  EXPECT_EQ(store.Read("All modules"), Resume("RT0102", "0003.txm"));
+  EXPECT_EQ(store.Read("Paying"), ResumeBytes("RT0201", "0009.txm") + ModuleBytes("RT0201", "_A_") +
+                                      ModuleBytes("RT0102", "_B__C_", kRunBytes));
+  EXPECT_EQ(store.Read("All modules"), ResumeBytes("RT0102", "0003.txm"));
   EXPECT_EQ(store.Names(), QStringList({"All modules", "Paying"}));
 }
 
 TEST(AllModules, TheArraysHoldAllRealCourses) {
   const LearnerStore store;
-  store.Write("Selling", Resume("RT0101", "1") + Line("RT0101", "_A_"));
-  store.Write("Paying", Resume("RT0201", "1") + Line("RT0201", "_B_"));
-  store.Write("All modules", Resume("RT0201", "1"));
+  store.Write("Selling", ResumeBytes("RT0101", "1") + ModuleBytes("RT0101", "_A_"));
+  store.Write("Paying", ResumeBytes("RT0201", "1") + ModuleBytes("RT0201", "_B_"));
+  store.Write("All modules", ResumeBytes("RT0201", "1"));
   store.EnterAllModules(0);
   ReadProgressFile();
   EXPECT_EQ(gProgModuleId, QStringList({"RT0101", "RT0201"}));

@@ -28,12 +28,8 @@ QByteArray Groups(const char* letters, int terms = 6) {
   return text + "^Z";
 }
 
-class GlossaryTest : public ProgramTest {
+class GlossaryTest : public CourseTest {
  protected:
-  GlossaryTest() {
-    AddTwoModules();
-    store.AddCourse("Cash desk", "rt0101");
-  }
   ~GlossaryTest() override { AnswerPrintDialogs({}); }
 
   // The glossary of a learner who has chosen the course.
@@ -43,10 +39,8 @@ class GlossaryTest : public ProgramTest {
     return *LoadedForm<Glossary>();
   }
   Glossary& Open(const QByteArray& common) {
-    Glossary& form = Read(common);
-    form.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
-    return form;
+    Read(common);
+    return Gui::Show<Glossary>();
   }
 
   static FlexGrid& List(const Form& form) { return *Gui::Find<FlexGrid>(form, "MSFlexGrid1"); }
@@ -178,21 +172,18 @@ TEST_F(GlossaryTest, TheLetterUnderTheMouseIsLitAndNoOther) {
   EXPECT_EQ(Marked(form), "");  // the mouse passing over the selected letter has cleared it
 }
 
-TEST_F(GlossaryTest, AClickBesideTheLettersIsAnErrorUpToThe26th) {
-  Glossary& form = Open(Groups("AB"));
-  ClickLetter(form, 3);
-  EXPECT_EQ(messages.Take(), QStringList{"The glossary has no letter number 4."});
-  ClickLetter(form, 26);
-  EXPECT_EQ(messages.Take(), QStringList());
-}
-
-TEST_F(GlossaryTest, LettersBehindThe26thTakeNoMouse) {
+TEST_F(GlossaryTest, OnlyTheFirst26PlacesTakeTheMouse) {
   Glossary& form = Open(Groups("ABCDEFGHIJKLMNOPQRSTUVWXY01"));
   EXPECT_EQ(Letters(form).size(), 28);
   ClickLetter(form, 26);
   EXPECT_EQ(Marked(form), "");
   ClickLetter(form, 25);
   EXPECT_EQ(TopTerm(form), "0");
+  form.Clear_Form();
+  ClickLetter(form, 26);
+  EXPECT_EQ(messages.Take(), QStringList());
+  ClickLetter(form, 3);
+  EXPECT_EQ(messages.Take(), QStringList{"The glossary has no letter number 4."});
 }
 
 TEST_F(GlossaryTest, KeysFindALetterAndWorkTheButtons) {
@@ -235,9 +226,7 @@ TEST_F(GlossaryTest, CloseAndTheCloseBoxKeepTheGlossary) {
   form.Show();
   form.close();
   EXPECT_FALSE(form.Shown());
-  form.Show();
   EXPECT_EQ(Letters(form), "ABZ");
-  form.Hide();
   messages.Answer({MsgAnswer::Yes});
   Default<Form1>().close();
   EXPECT_EQ(quits, 1);  // hidden, it does not keep the program
@@ -264,8 +253,10 @@ TEST_F(GlossaryTest, PrintsThePagesThatWereChosen) {
 
 TEST_F(GlossaryTest, ACancelledOrFailedPrintIsQuiet) {
   Glossary& form = Open(Groups("AB"));
+  int asked = 0;
   for (const bool accepted : {false, true}) {
     AnswerPrintDialogs([&](QPrinter& printer, PrintDialog&) {
+      ++asked;
       printer.setOutputFileName(store.PathBeside("no/such/folder/printed.pdf"));
       return accepted;
     });
@@ -274,6 +265,7 @@ TEST_F(GlossaryTest, ACancelledOrFailedPrintIsQuiet) {
     EXPECT_EQ(messages.Take(), QStringList());
     EXPECT_TRUE(form.Shown());
   }
+  EXPECT_EQ(asked, 2);
 }
 
 TEST_F(GlossaryTest, WithoutAFileOrWithOneThatCannotBeReadItIsEmpty) {

@@ -37,9 +37,7 @@ class RepositoryTest : public CourseTest {
     return OpenAgain();
   }
   Repository& OpenAgain() {
-    auto& repository = Default<Repository>();
-    repository.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&repository));
+    auto& repository = Gui::Show<Repository>();
     clock.Advance(100);
     return repository;
   }

@@ -4,11 +4,11 @@
 #include "platform/forms/Label.h"
 #include "platform/forms/SkinButton.h"
 #include "support/Program.h"
+#include "support/ProgressLines.h"
 
 namespace {
 
-const QByteArray kAtThePaying =
-    "\"rt0101\",\"0003.txm\"\r\n\"rt0101\",\"_Greeting_\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n";
+const QByteArray kAtThePaying = ResumeBytes("rt0101", "0003.txm") + ModuleBytes("rt0101", "_Greeting_");
 
 using SignInTest = CourseTest;
 
@@ -41,9 +41,8 @@ TEST_F(SignInTest, TheOnlyLearnerIsGreetedByNameAndBeginsANewCourseAtItsFirstPag
   PassSplash();
   EXPECT_EQ(gUserFirstName, "Ann");
   EXPECT_EQ(Header(), "Customers : Greeting");
-  EXPECT_EQ(
-      Progress("Ann Lee", "Cash desk"),
-      "\"rt0101\",\"0001.txm\"\r\n\"rt0101\",\"_Greeting_\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n");
+  EXPECT_EQ(Progress("Ann Lee", "Cash desk"),
+            ResumeBytes("rt0101", "0001.txm") + ModuleBytes("rt0101", "_Greeting_"));
 }
 
 TEST_F(SignInTest, ALearnerComesBackToTheResumePage) {

@@ -10,10 +10,6 @@
 template <typename TestedForm>
 class FormTest : public ::testing::Test {
  protected:
-  FormTest() {
-    form.Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
-  }
   ~FormTest() override {
     FormLife::Begin({});
     Dispatcher::SetIdleCheck({});
@@ -27,6 +23,6 @@ class FormTest : public ::testing::Test {
  private:
   static TestedForm& Fresh() {
     FormLife::Begin({});
-    return Default<TestedForm>();
+    return Gui::Show<TestedForm>();
   }
 };

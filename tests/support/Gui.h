@@ -31,6 +31,15 @@ void Type(const Form& form, const QString& text);
 // The controls that have the focus, from the one now on, Tab by Tab.
 QStringList TabWalk(const Form& form, int steps);
 
+// The form of that kind, shown and in front.
+template <typename ShownForm>
+ShownForm& Show() {
+  auto& form = Default<ShownForm>();
+  form.Show();
+  if (!QTest::qWaitForWindowActive(&form)) qFatal("%s does not come forward", qPrintable(form.Name()));
+  return form;
+}
+
 // Lets everything that is posted be delivered, deletions included.
 void Settle();
 
