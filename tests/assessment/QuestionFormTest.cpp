@@ -135,21 +135,18 @@ TEST_F(QuestionFormTest, TheResultListsTheWrongOnesThatHaveALink) {
 
 TEST_F(QuestionFormTest, ExitAsksAndOnlyYesLeavesWithoutARecord) {
   WriteTest("1", {Question("Which?", "0>>1>>0")});
-  for (const char* way : {"button", "escape", "window"}) {
-    SCOPED_TRACE(way);
+  const std::function<void(Form&)> ways[] = {[](Form& form) { Gui::Click(form, "Picture2"); },
+                                             [](Form& form) { Gui::Key(form, Qt::Key_Escape); },
+                                             [](Form& form) { form.close(); }};
+  for (const auto& leave : ways) {
     QDir(store.DataPath()).removeRecursively();
     ReadToTheTest();
     TakeTest([&](QuestionForm& form) {
-      const auto leave = [&] {
-        if (way == QLatin1String("button")) Gui::Click(form, "Picture2");
-        if (way == QLatin1String("escape")) Gui::Key(form, Qt::Key_Escape);
-        if (way == QLatin1String("window")) form.close();
-      };
-      leave();  // answered No
+      leave(form);  // answered No
       EXPECT_EQ(messages.Take(), QStringList{"Are you sure you want to exit this assessment?"});
       EXPECT_TRUE(form.Shown());
       messages.Answer({MsgAnswer::Yes});
-      leave();
+      leave(form);
     });
     messages.Take();
     EXPECT_EQ(PageText(), "rt0102 0001.txm");

@@ -65,6 +65,10 @@ TEST_F(TestReviewTest, AnItemOpensItsPageUnderTheFloatingList) {
   EXPECT_EQ(Colour(review, 1), kOpen);
   Gui::Click(review, "Label1(0)");  // once more: visited becomes open
   EXPECT_EQ(Colour(review, 0), kOpen);
+  Gui::Click(review, "Label1(2)");
+  EXPECT_EQ(messages.Take(), QStringList{"Link points to a module not currently installed."});
+  EXPECT_EQ(Colour(review, 2), kOpen);
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
 }
 
 TEST_F(TestReviewTest, TheWindowSlidesIntoTheCornerWithinOneTick) {
@@ -123,13 +127,6 @@ TEST_F(TestReviewTest, EveryWayBackLeadsToTheTestPageAndItsResult) {
   EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
   EXPECT_EQ(Record().value(2), "1");  // one run, however often its result was looked at
-}
-
-TEST_F(TestReviewTest, ALinkIntoAModuleThatIsNotThereIsToldAndMarked) {
-  TestReview& review = Review(2);
-  EXPECT_EQ(messages.Take(), QStringList{"Link points to a module not currently installed."});
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
-  EXPECT_EQ(Colour(review, 2), kOpen);
 }
 
 TEST_F(TestReviewTest, ATestPageReachedMeanwhileStartsNoTest) {

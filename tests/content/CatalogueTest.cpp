@@ -98,14 +98,6 @@ TEST(Catalogue, WhatIsMalformedIsToldAndTheCourseStays) {
   }
 }
 
-TEST(Catalogue, AMissingOneIsToldFromAnEmptyOne) {
-  Catalogue none;
-  EXPECT_EQ(none.Load("[HKEY_LOCAL_MACHINE\\SOFTWARE]"), CatalogueResult::NoRootKey);
-  EXPECT_FALSE(HasCourses(none.Courses));
-  Catalogue empty;
-  EXPECT_EQ(empty.Load("[+]\n\"DataRoot\"=\"x\""), CatalogueResult::NoCourses);
-}
-
 TEST(RegistryValues, AreTextsOrTheFirstNumberOfBinaries) {
   const struct {
     QByteArray Data;
@@ -123,19 +115,4 @@ TEST(RegistryValues, AreTextsOrTheFirstNumberOfBinaries) {
   }
   EXPECT_EQ(ReadValueFromPath("K", "absent"), "");
   EXPECT_EQ(ReadValueFromPath("Absent", ""), "");
-}
-
-TEST(PlayerVersions, AreLeftAloneWhenThePlayerIsAbsent) {
-  LocalMachine().Clear();
-  LocalMachine().LoadText(
-      "REGEDIT4\n[HKEY_CLASSES_ROOT\\ShockwaveFlash.ShockwaveFlash\\CurVer]\n@=\"Flash.9\"\n"
-      "[HKEY_CLASSES_ROOT\\MediaPlayer.MediaPlayer\\CurVer]\n",
-      "test.reg");
-  QString flash = "old", shockwave = "old", media = "old";
-  GetFlashVersion(flash);
-  GetShockwaveVersion(shockwave);
-  GetMediaPlayerVersion(media);
-  EXPECT_EQ(flash, "Flash.9");
-  EXPECT_EQ(shockwave, "old");
-  EXPECT_EQ(media, "");
 }

@@ -123,17 +123,6 @@ TEST(LinkedList, MovesAndLookUps) {
   }
 }
 
-TEST(LinkedList, PagesAreFoundWithoutMoving) {
-  LinkedList list;
-  Load(list, kHead + kPages);
-  EXPECT_TRUE(list.PageExist("0005.txm"));
-  EXPECT_FALSE(list.PageExist("0006.txm"));
-  EXPECT_FALSE(list.PageExist(""));
-  EXPECT_EQ(list.GetCurrentPageName(), "0001.txm");
-  list.GoToLastPage();
-  EXPECT_EQ(list.GetCurrentPageTpye(), "Test");
-}
-
 TEST(LinkedList, WithoutPagesThereIsNoCurrentOne) {
   LinkedList list;
   Load(list, kHead);

@@ -107,14 +107,15 @@ TEST_F(OutOfBoundsCourse, AResumeLineOpensNothingThatTheCourseDoesNotList) {
 TEST_F(OutOfBoundsCourse, APictureOrStyleOfAPageComesFromTheProgramFolderOnly) {
   const QString red = outside.Folder() + "/red.png", css = outside.Folder() + "/sheet.css";
   const QString form = outside.Folder() + "/page.htm";
-  QStringList sources = outside.WaysTo("red.png", "../../") + QStringList{"&#46;&#46;/&#46;&#46;/out/red.png",
-                                                                          "red.png?" + red,
-                                                                          red + "#x",
-                                                                          red + "&#0;",
-                                                                          "&#0;" + red,
-                                                                          "%2e%2e%5c%2e%2e%5cout%5cred.png",
-                                                                          " " + red,
-                                                                          "\t../../out/\nred.png"};
+  const QStringList more{"&#46;&#46;/&#46;&#46;/out/red.png",
+                         "%2e%2e%5c%2e%2e%5cout%5cred.png",
+                         "red.png?" + red,
+                         red + "#x",
+                         red + "&#0;",
+                         "&#0;" + red,
+                         " " + red,
+                         "\t../../out/\nred.png"};
+  QStringList sources = outside.WaysTo("red.png", "../../") + more;
   for (const QString& name : AddTraps("rt0101/", "red", ".png"))
     sources.append(name + ".png");
   QStringList bodies{"<link rel=stylesheet type=text/css href=\"" + css + "\"><p>x</p>",
@@ -167,14 +168,15 @@ TEST_F(OutOfBoundsCourse, AFileNamedWithItsPlaceIsLoadedFromTheProgramFolderOnly
   store.Write("rt0101/near.htm", "<html><p>near</p></html>");
   Link("/proc/self", "proc");
   const QString file = outside.Folder() + "/page.htm";
-  QStringList paths = outside.WaysTo("page.htm", "../") + QStringList{"rt0101\\..\\..\\OUT\\page.htm",
-                                                                      store.Path() + "x/../out/page.htm",
-                                                                      "proc/environ",
-                                                                      "near.htm#" + file,
-                                                                      file + "#place",
-                                                                      "rt0101/near.htm" + kNul + "x",
-                                                                      "/dev/stdin",
-                                                                      ""};
+  const QStringList more{"rt0101\\..\\..\\OUT\\page.htm",
+                         store.Path() + "x/../out/page.htm",
+                         "proc/environ",
+                         "near.htm#" + file,
+                         file + "#place",
+                         "rt0101/near.htm" + kNul + "x",
+                         "/dev/stdin",
+                         ""};
+  QStringList paths = outside.WaysTo("page.htm", "../") + more;
   for (const QString& name : AddTraps("rt0101/", "page", ".htm"))
     paths.append("rt0101/" + name + ".htm");
   TextControl& page = Page();
@@ -196,22 +198,11 @@ TEST_F(OutOfBoundsCourse, ALinkOpensAndShowsNothingOutside) {
   const QByteArray path = qgetenv("PATH");
   qputenv("PATH", QFile::encodeName(store.PathBeside("bin")));
   const QString file = outside.Folder() + "/page.htm";
-  QStringList targets = outside.WaysTo("page.htm", "../../../") + QStringList{"..\\Hidden\\page.htm",
-                                                                              "page.htm",
-                                                                              "",
-                                                                              "..",
-                                                                              "https://www.example.com",
-                                                                              "mailto:x@example.com",
-                                                                              "javascript:x",
-                                                                              "-h",
-                                                                              "..\\..\\..\\bin\\xdg-open",
-                                                                              "near.txt" + kNul,
-                                                                              file + ".txm",
-                                                                              file + "#x.txm",
-                                                                              "../out/0001.txm#x",
-                                                                              "..\\out\\0001.txm#x",
-                                                                              "../out\\0001.txm_",
-                                                                              "#.txm"};
+  const QString more =
+      R"(..\Hidden\page.htm|page.htm||..|https://www.example.com|mailto:x@example.com|javascript:x|-h|)"
+      R"(..\..\..\bin\xdg-open|../out/0001.txm#x|..\out\0001.txm#x|../out\0001.txm_|#.txm)";
+  QStringList targets = outside.WaysTo("page.htm", "../../../") + more.split('|') +
+                        QStringList{"near.txt" + kNul, file + ".txm", file + "#x.txm"};
   for (const QString& name : AddTraps("Repository/1/", "sheet", ".txt"))
     targets.append(name + ".txt");
   TextControl& page = Page();

@@ -75,26 +75,6 @@ TEST(Progress, APageTurnKeepsTheFilesForm) {
   }
 }
 
-TEST(Progress, TheResumeLineAloneBeginsAFile) {
-  const LearnerStore store;
-  store.Write("Selling", "old");
-  gCurrentModule = 1;
-  WriteResumeLine();
-  EXPECT_EQ(store.Read("Selling"), ResumeBytes("RT0102", "0001.txm"));
-  const ResumeLine resume = ReadResumeLine("Ann Lee", "Selling");
-  EXPECT_EQ(resume.Module + " " + resume.Page, "RT0102 0001.txm");
-}
-
-TEST(Progress, NobodyIsRecordedNowhere) {
-  const LearnerStore store;
-  gUserFirstName.clear();
-  gUserLastName.clear();
-  WriteResumeLine();
-  RecordModuleProgress("RT0101", "A", "", "");
-  ReadProgressFile();
-  EXPECT_EQ(store.Program.Names("."), QStringList());
-}
-
 TEST(Progress, WithoutNamesTheFolderIsTold) {
   const LearnerStore store;
   store.Write("Selling", ResumeBytes("RT0101", "0001.txm"));

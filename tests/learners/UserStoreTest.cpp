@@ -21,13 +21,6 @@ TEST(UserStore, NamesInAnyScriptComeBackWhole) {
   }
 }
 
-TEST(UserStore, NobodyIsNotRegistered) {
-  const LearnerStore store;
-  CreateUser("", "", "a@b.c");
-  EXPECT_EQ(store.Program.Names("."), QStringList());
-  EXPECT_EQ(gUserFirstName, "");
-}
-
 TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
   const struct {
     const char* First;
@@ -48,15 +41,5 @@ TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
     EXPECT_EQ(gUserFirstName, c.First);
     EXPECT_EQ(gUserEmail, "new@a.b");
     EXPECT_EQ(ReadUserFile(c.Folder).Email, "new@a.b");
-  }
-}
-
-TEST(UserStore, ARecordThatCannotBeReadNamesItsFile) {
-  const LearnerStore store;
-  store.Write("x", "");
-  EXPECT_TRUE(ErrorOf([] { ReadUserFile("Ann Lee"); }).contains("Ann Lee/User\" was not found."));
-  for (const char* damaged : {"", "\"Ann\",\"Lee\"\r\n", "\"Ann\",\"Le"}) {
-    store.Write("User", damaged);
-    EXPECT_TRUE(ErrorOf([] { ReadUserFile("Ann Lee"); }).contains("Ann Lee\\User ends")) << damaged;
   }
 }

@@ -104,12 +104,6 @@ TEST_F(GlossaryFile, OneOutsideTheProgramFolderIsNone) {
   EXPECT_EQ(Taken("Cash desk"), "");
 }
 
-TEST_F(GlossaryFile, OneThatIsTooLargeIsAnErrorThatNamesIt) {
-  QFile file(gAppPath + QStringLiteral("/Glossary.txt"));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(kTextFileLimit + 1));
-  EXPECT_TRUE(ErrorOf([] { OpenGlossary("Cash desk"); }).contains("Glossary.txt"));
-}
-
 // In a font whose wide signs are ten as wide as the others.
 double WidthOf(char32_t character) {
   return character == U'W' || character == U'\U0001F600' ? 10 : 1;

@@ -46,12 +46,6 @@ TEST(TextStream, ReadsCharactersBetweenLines) {
   EXPECT_EQ(stream.ReadChar(), u'c');
   EXPECT_EQ(stream.Read(5), "d");
   EXPECT_TRUE(stream.AtEndOfStream());
-}
-
-TEST(TextStream, RunningOffTheEndNamesTheText) {
-  TextStream stream(QByteArray("a\n"), "The map");
-  stream.ReadLine();
-  EXPECT_EQ(ErrorOf([&] { stream.ReadLine(); }), "The map ends too early.");
-  EXPECT_EQ(ErrorOf([&] { stream.Read(1); }), "The map ends too early.");
-  EXPECT_EQ(ErrorOf([&] { stream.ReadChar(); }), "The map ends too early.");
+  EXPECT_EQ(ErrorOf([&] { stream.Read(1); }), "The glossary ends too early.");
+  EXPECT_EQ(ErrorOf([&] { stream.ReadChar(); }), "The glossary ends too early.");
 }

@@ -157,14 +157,6 @@ TEST_F(FormsTest, TheProgramEndsWhenTheOutermostHandlerLeavesNoFormVisible) {
   EXPECT_TRUE(FormLife::Loaded().isEmpty());  // the hidden form went with the program
 }
 
-TEST_F(FormsTest, AMinimisedFormKeepsTheProgramUp) {
-  Dispatcher::Run([] {
-    Default<First>().Show();
-    Default<First>().Minimise();
-  });
-  EXPECT_EQ(quits, 0);
-}
-
 TEST_F(FormsTest, TheImmediateEndRunsNoUnloadHandlers) {
   Default<First>().Show();
   TakeLog();
