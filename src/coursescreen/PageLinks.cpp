@@ -1,5 +1,7 @@
 #include "coursescreen/PageLinks.h"
 
+#include <QUrl>
+
 #include <algorithm>
 #include <array>
 
@@ -46,6 +48,18 @@ QString ModuleOf(const QString& target) {
   return target.left(std::max<qsizetype>(target.size() - kBehindModule, 0));
 }
 
+// Word processors write a name as an address has it, "my%20list.txt". A document that is nowhere gets its
+// place in the hidden folder: the opener tells that it is missing.
+QString DocumentPath(const QString& target) {
+  for (const QString& name : {target, QUrl::fromPercentEncoding(target.toUtf8())}) {
+    for (const QString& folder : {QString(), kHiddenFolder}) {
+      const QString path = Attachment(CurrentCourse(), folder + name);
+      if (!path.isEmpty() && FileExists(path)) return path;
+    }
+  }
+  return Attachment(CurrentCourse(), kHiddenFolder + target);
+}
+
 }  // namespace
 
 PageLinks::PageLinks(Form& screen, TextControl& page, PageTurning& pages)
@@ -90,9 +104,7 @@ void PageLinks::OpenWebLink(const QString& linkText, const QString& surveyText, 
 
 void PageLinks::OpenCourseDocument(const QString& target) {
   if (RefusedInAllModules()) return;
-  QString path = Attachment(CurrentCourse(), target);
-  if (path.isEmpty() || !FileExists(path)) path = Attachment(CurrentCourse(), kHiddenFolder + target);
-  OpenDocument(path, kShownNormally, {}, {}, kVerbOpen);
+  OpenDocument(DocumentPath(target), kShownNormally, {}, {}, kVerbOpen);
 }
 
 // The name is used as it stands, without a module's folder and without a lead-in, and the page list stays

@@ -20,6 +20,9 @@ class PageLinksTest : public CourseTest {
   PageLinksTest() {
     store.Write("Repository/1/list.txt", "x");
     store.Write("Repository/1/Hidden/Extra List.txt", "x");
+    store.Write("Repository/1/50%25.txt", "x");
+    store.Write("Repository/1/50%.txt", "x");
+    store.Write("outside.txt", "x");
   }
 
   // The first page of the course is one link.
@@ -56,6 +59,9 @@ TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
       {"gopher://example.com", "Open gopher://example.com (1)", true},
       {"List.TXT ", repository + "/list.txt (5)", false},
       {"Extra List.txt", repository + "/Hidden/Extra List.txt (5)", false},
+      {"Extra%20List.txt", repository + "/Hidden/Extra List.txt (5)", false},
+      {"50%25.txt", repository + "/50%25.txt (5)", false},
+      {"%2e%2e%5c%2E%2E%5coutside.txt", repository + "/Hidden/%2e%2e%5c%2e%2e%5coutside.txt (5)", false},
       {"none.txt", repository + "/Hidden/none.txt (5)", false},
       {"setup.exe", repository + "/Hidden/setup.exe (0)", false},
   };
@@ -178,7 +184,8 @@ TEST_F(PageLinksTest, APlaceIsShownOnThisPageOrInAFileAndIsNoJump) {
 
 TEST_F(PageLinksTest, AFileThatIsMissingIsToldAndThePageStays) {
   Read();
-  for (const auto& [target, told] : {std::pair{"none.txm#x", "none.txm"}, {"#.txm", "it is not a file"}}) {
+  for (const auto& [target, told] :
+       {std::pair{"none.txm#x", "none.txm"}, {"#.txm\" \\l \"x", "it is not a file"}}) {
     WriteLink('"' + QLatin1String(target) + '"', "the handbook");
     Default<Form1>().InitNewCourse();
     ClickOnPage("handbook");

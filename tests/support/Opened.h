@@ -9,7 +9,7 @@ class Opened {
  public:
   Opened() {
     AnswerOpener([this](const ShellCall& call) {
-      calls_.append(QStringLiteral("%1 %2 (%3)").arg(call.Verb, call.File).arg(call.ShowState));
+      calls_.append(QStringLiteral("%1 %2 (%3)").arg(call.Verb, call.File, QString::number(call.ShowState)));
       return Result;
     });
   }
