@@ -414,6 +414,8 @@ const LinkRow kLinks[] = {
     {"DoubledBackslashWithoutQuotes", "HYPERLINK rt0102\\\\\\\\0007.txmx", {1, "rt0102\\0007.txmx"}},
     {"LowerCaseWord", " hyperlink \"a.doc\" ", {1, "a.doc"}},
     {"OtherLetters", "HYPERLINK \"\\u1046?\\'e9 \\{x\\}.doc\"", {1, "\u0416\u00E9 {x}.doc"}},
+    {"PlaceAsAddress", "HYPERLINK \"#More%20here\"", {2, "More here"}},
+    {"PlaceBehindPlaceAsAddress", "HYPERLINK \"#a\" \\\\l \"b\"", {1, "#a#b"}},
     {"OtherField", "PAGEREF More", {0, ""}},
     {"NoTarget", "HYPERLINK", {0, ""}},
 };

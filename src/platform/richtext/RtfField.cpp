@@ -3,6 +3,7 @@
 #include "platform/richtext/SymbolFonts.h"
 
 #include <QStringList>
+#include <QUrl>
 
 namespace {
 
@@ -61,6 +62,9 @@ PageLink LinkOf(const QList<Word>& words) {
   }
   if (address.isEmpty() && place.isEmpty()) return {};
   if (address.isEmpty()) return {PageLink::kPlace, place};
+  // Some writers put a place on the same page where the address belongs.
+  if (place.isEmpty() && address.startsWith(u'#'))
+    return {PageLink::kPlace, QUrl::fromPercentEncoding(address.mid(1).toUtf8())};
   return {PageLink::kFile, place.isEmpty() ? address : address + u'#' + place};
 }
 
