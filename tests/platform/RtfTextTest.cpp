@@ -49,6 +49,8 @@ const TextRow kWords[] = {
      "\u2612\u2610"},
     {"ToldTwice", "{\\upr{a?}{\\*\\ud{a\\u381 ?}}}b", "a\u017Db"},
     {"SymbolField", "{\\field{\\*\\fldinst SYMBOL 183 \\\\f \"Symbol\"}}", "\u2022"},
+    {"FormulaByItsPicture",
+     "a{\\mmath{\\*\\moMath{\\mr x}}{\\mmathPict{\\pict\\picwgoal90\\pichgoal90 00}}}b", "a\uFFFCb"},
     {"BinarySkipped", QByteArray("a{\\*\\x\\bin4 }}{{}b\\bin2 \\}c"), "abc"},
     {"ObjectResultWithoutData", "{\\object\\objemb{\\*\\objdata 00}{\\result shown}}", "shown"},
     {"ColumnsAndSections", "a\\sect b\\column c", "a\nb\nc"},

@@ -14,6 +14,10 @@ void Begin(P& parser, A) {
   parser.SetDestination(Destination, AtEnd);
 }
 
+void Keep(P& parser, A) {
+  parser.SetDestination(parser.State().Destination);
+}
+
 template <int RtfPicture::*Number>
 void Measure(P& parser, A argument) {
   constexpr int kMost = 1'000'000;
@@ -153,6 +157,8 @@ constexpr RtfWord kWords[] = {
     {"fldinst", Begin<D::FieldInstruction>},
     {"fldrslt", [](P& p, A) { p.BeginFieldResult(); }},
     {"bkmkstart", BeginPlace},
+    // A formula that is told as text of its own kind has a picture that stands in for it.
+    {"mmathPict", Keep},
     {"pict", [](P& p, A) { p.BeginPicture(); }},
     {"shppict", [](P& p, A) { p.BeginShapePicture(); }},
     {"nonshppict", [](P& p, A) { p.BeginPlainPicture(); }},
@@ -243,7 +249,6 @@ constexpr RtfWord kWords[] = {
     {"falt", Begin<D::OtherFontName>},
     {"fontemb", Begin<D::Skip>},
     {"fontfile", Begin<D::Skip>},
-    {"mmathPict", Begin<D::Skip>},
     {"ftnsep", Begin<D::Skip>},
     {"ftnsepc", Begin<D::Skip>},
     {"ftncn", Begin<D::Skip>},
