@@ -235,6 +235,20 @@ TEST(RtfLists, OfTheOlderKindCountWhereThePageDoesNot) {
             QString("\u2022\ta\n(c)\tb\n(d)\tc\nd"));
 }
 
+TEST(RtfLists, NumberAParagraphInItsOwnLook) {
+  const RichPage page = ReadBody(
+      kLists +
+      "\\pard\\ls1\\b{\\field{\\*\\fldinst HYPERLINK a}{\\fldrslt\\ul\\cf1\\super\\highlight3 go}}\\par");
+  const QTextCharFormat number = FormatOf(page, "3.");
+  EXPECT_EQ(number.fontWeight(), QFont::Bold);
+  EXPECT_FALSE(number.isAnchor());
+  EXPECT_EQ(number.underlineStyle(), QTextCharFormat::NoUnderline);
+  EXPECT_EQ(number.foreground().style(), Qt::NoBrush);
+  EXPECT_EQ(number.background().style(), Qt::NoBrush);
+  EXPECT_EQ(number.verticalAlignment(), QTextCharFormat::AlignNormal);
+  EXPECT_TRUE(FormatOf(page, "go").isAnchor());
+}
+
 TEST(RtfLists, HangTheirTextBehindTheBullet) {
   const RichPage page = ReadBody("\\pard\\li720\\fi-360{\\pntext\\bullet\\tab}x\\par");
   page.Document->setTextWidth(500);

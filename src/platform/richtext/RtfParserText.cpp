@@ -105,7 +105,14 @@ void RtfParser::AddGeneratedListText() {
     countedList_ = props.OldList;
     text = OldListText(oldLists_[static_cast<size_t>(props.OldList) - 1], oldListCount_);
   }
-  flow_.AddText(text, formats_.NumberOf(State().Chars));
+  // It looks as the paragraph does, not as the link or the marked word that the paragraph begins with.
+  RtfCharProps look = State().Chars;
+  if (look.Link > 0) look.Colour = 0;
+  look.Link = 0;
+  look.Underline = RtfUnderline::None;
+  look.Shade = {};
+  look.Script = RtfScript::Normal;
+  flow_.AddText(text, formats_.NumberOf(look));
 }
 
 void RtfParser::BeginListOverride() {
