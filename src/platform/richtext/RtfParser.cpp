@@ -13,6 +13,8 @@ constexpr size_t kDeepestGroup = 512;
 constexpr size_t kMostStyleWords = 64;
 constexpr size_t kMostStyleBases = 12;
 constexpr size_t kMostStyles = 4096;
+// Words that all uses of styles repeat: more than a page calls for that has any text to show in them.
+constexpr size_t kMostRepeated = 1'000'000, kMostRepeatedPerByte = 2;
 
 RichPage EmptyPage() {
   RichPage page;
@@ -32,7 +34,8 @@ RtfParser::RtfParser(std::string_view bytes, const PageMetrics& metrics)
       builder_(page_, formats_),
       flow_(builder_),
       pictures_(metrics),
-      states_(1) {}
+      states_(1),
+      styleWordsLeft_(kMostRepeated + bytes.size() * kMostRepeatedPerByte) {}
 
 RichPage RtfParser::Read() {
   for (RtfToken token = tokens_.Next(); token.Kind != RtfTokenKind::End && !isAtEnd_;
@@ -239,6 +242,8 @@ void RtfParser::ApplyStyle(int number) {
     if (found->second.IsWhole) break;
   }
   for (auto style = chain.rbegin(); style != chain.rend(); ++style) {
+    if ((*style)->Words.size() > styleWordsLeft_) return;
+    styleWordsLeft_ -= (*style)->Words.size();
     for (const StyleWord& word : (*style)->Words)
       word.Handle(*this, word.Argument);
   }

@@ -229,6 +229,7 @@ class RtfParser {
   Style style_;
   int styleNumber_ = 0;
   std::unordered_map<int, Style> styles_;
+  size_t styleWordsLeft_;  // that may still be repeated
   RtfList list_;
   int listId_ = 0;
   int listNumber_ = 0;
