@@ -32,6 +32,8 @@ const TextRow kWords[] = {
     {"IgnorableKnownGroup", "a{\\*\\cs10 b}c", "abc"},
     {"HeadersAreSkipped", "{\\header top}{\\footerl bottom}{\\info{\\title t}}body", "body"},
     {"HiddenText", "a{\\v hidden {\\b deep}}b\\v gone\\v0 c", "abc"},
+    {"HiddenParagraph", "one\\par{\\v\\pard hidden para\\par}two", "one\ntwo"},
+    {"HiddenEndOfAParagraph", "one{\\v hidden\\par}two\\par three", "onetwo\nthree"},
     {"PlainEndsHidden", "a\\v gone\\plain b", "ab"},
     {"DeletedText", "a{\\deleted gone}b", "ab"},
     {"NotesComeLast", "a{\\super\\chftn}{\\footnote\\chftn  note}b\\par c", "a1b\nc\n\n1 note"},

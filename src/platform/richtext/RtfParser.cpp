@@ -287,6 +287,11 @@ std::span<RtfBorder> RtfParser::Borders() {
 
 void RtfParser::EndParagraph() {
   if (!IsIn(RtfDestination::Body)) return;
+  if (State().Chars.IsHidden) {
+    // What follows goes on in the paragraph; of one that is hidden altogether nothing is left.
+    if (flow_.IsParagraphEmpty()) flow_.ForgetListText();
+    return;
+  }
   RtfParaProps props = State().Para;
   if (isPageBreakDue_) props.HasPageBreak = true;
   isPageBreakDue_ = false;
@@ -298,6 +303,7 @@ void RtfParser::EndParagraphWithText() {
 }
 
 void RtfParser::BreakPage() {
+  if (State().Chars.IsHidden) return;
   EndParagraphWithText();
   isPageBreakDue_ = true;
 }
