@@ -209,6 +209,17 @@ TEST(RtfLists, CountTheirParagraphs) {
       QString("3.\ta\n4.\tb\n4.a)\tc\n4.b)\td\n5.\te\n5.a)\tf\n\u2022\tg"));
 }
 
+TEST(RtfLists, CountParagraphsOfPicturesAndOfNothing) {
+  const QByteArray picture = "{\\pict\\picwgoal90\\pichgoal90}";
+  EXPECT_EQ(TextOfBody(kLists + "\\pard\\ls1 a\\par\\par" + picture +
+                       "b\\par{\\v gone\\par}c\\par"
+                       "\\trowd\\cellx900\\pard\\intbl\\ls1\\cell\\row"),
+            QString("3.\ta\n4.\t\n5.\t\uFFFCb\n6.\tc\n7.\t\n"));
+  EXPECT_EQ(TextOfBody(kLists + "{\\listtext 9.\\tab}\\pard\\ls1 a\\par\\par"
+                                "{\\v{\\listtext 9.\\tab}gone\\par}b\\par\\pard c"),
+            QString("9.\ta\n\n3.\tb\nc"));
+}
+
 TEST(RtfLists, LeaveTheNumbersThatThePageBrings) {
   EXPECT_EQ(
       TextOfBody(kLists +

@@ -292,6 +292,7 @@ void RtfParser::EndParagraph() {
     if (flow_.IsParagraphEmpty()) flow_.ForgetListText();
     return;
   }
+  NumberEmptyParagraph();
   RtfParaProps props = State().Para;
   if (isPageBreakDue_) props.HasPageBreak = true;
   isPageBreakDue_ = false;
@@ -309,7 +310,9 @@ void RtfParser::BreakPage() {
 }
 
 void RtfParser::EndCell(bool isNested) {
-  if (IsIn(RtfDestination::Body)) flow_.EndCell(State().Para, formats_.NumberOf(State().Chars), isNested);
+  if (!IsIn(RtfDestination::Body)) return;
+  NumberEmptyParagraph();
+  flow_.EndCell(State().Para, formats_.NumberOf(State().Chars), isNested);
 }
 
 void RtfParser::EndRow(bool isNested) {

@@ -202,6 +202,8 @@ class RtfParser {
   void EndListLevel(const RtfState& closed);
   void InsertObject(Object& object);
   void InsertPicture(const QImage& image, double width, double height, int objectId);
+  bool IsNumberDue();
+  void NumberEmptyParagraph();
   void AddGeneratedListText();
   void SetUpDocument();
   void SetPageBorder(QTextFrameFormat& frame) const;

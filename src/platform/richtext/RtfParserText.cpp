@@ -57,10 +57,7 @@ void RtfParser::SendText(const QString& text) {
     case RtfDestination::Body:
       if (state.Chars.IsHidden || text.isEmpty()) return;
       // Blanks alone may stand in front of the number that the page brings.
-      if ((state.Para.List > 0 || state.Para.OldList > 0) && !flow_.HasListText() &&
-          flow_.IsParagraphBlank() && !text.trimmed().isEmpty()) {
-        AddGeneratedListText();
-      }
+      if (IsNumberDue() && !text.trimmed().isEmpty()) AddGeneratedListText();
       if (state.Field >= 0) fields_[static_cast<size_t>(state.Field)].HasShown = true;
       flow_.AddText(text, formats_.NumberOf(state.Chars));
       return;
@@ -92,6 +89,18 @@ void RtfParser::SendText(const QString& text) {
 void RtfParser::SetHasListText() {
   flow_.SetHasListText();
   bringsListText_ = true;
+}
+
+// Whether the paragraph is to begin with a bullet or number that has not come.
+bool RtfParser::IsNumberDue() {
+  const RtfState& state = State();
+  const bool isInList = state.Para.List > 0 || state.Para.OldList > 0;
+  return isInList && !state.Chars.IsHidden && !flow_.HasListText() && flow_.IsParagraphBlank();
+}
+
+// Pages that bring their numbers bring them for the empty paragraphs too that are to have one.
+void RtfParser::NumberEmptyParagraph() {
+  if (!bringsListText_ && IsNumberDue()) AddGeneratedListText();
 }
 
 void RtfParser::AddGeneratedListText() {
@@ -297,6 +306,7 @@ void RtfParser::InsertPicture(const QImage& image, double width, double height, 
   format.setWidth(std::max(metrics_.Pixels(width), 1.0));
   format.setHeight(std::max(metrics_.Pixels(height), 1.0));
   if (objectId > 0) format.setProperty(kObjectIdProperty, objectId);
+  if (IsNumberDue()) AddGeneratedListText();
   flow_.AddInline(formats_.AddInline(format));
 }
 
