@@ -142,8 +142,19 @@ INSTANTIATE_TEST_SUITE_P(All, RtfCodePages, ::testing::ValuesIn(kCodePages), Nam
 INSTANTIATE_TEST_SUITE_P(All, DamagedRtf, ::testing::ValuesIn(kDamaged), NameOf);
 
 TEST(DamagedRtf, KeepsItsTextBelowAnyDepth) {
-  const QByteArray deep = QByteArray("{\\b ").repeated(100'000) + "deep" + QByteArray("}").repeated(100'000);
-  EXPECT_EQ(TextOfBody(deep + "after"), QStringLiteral("deepafter"));
+  const struct {
+    QByteArray Open, Text, Told;
+    int Depth;
+  } rows[] = {
+      {"{\\b ", "deep", "deep", 100'000},
+      {"{", "{\\*\\x gone}{\\header gone}{\\v gone}{\\uc2 }{\\f5 }\\u8364 ?a\\'e9", "\u20ACa\u00E9", 600},
+      {"{", "a{\\footnote b{\\shp{\\shptxt c}}}{\\field{\\*\\fldinst SYMBOL 97}}d", "abcad", 600},
+      {"{\\v{\\v0 ", "deep", "deep", 120'000},
+  };
+  for (const auto& row : rows) {
+    const QByteArray closes = QByteArray("}").repeated(row.Depth * row.Open.count('{'));
+    EXPECT_EQ(TextOfBody(row.Open.repeated(row.Depth) + row.Text + closes + "after"), row.Told + "after");
+  }
 }
 
 TEST(DamagedRtf, KeepsTheTextOfCellsBeyondAnyCount) {

@@ -94,6 +94,10 @@ void BeginPlace(P& parser, A) {
 
 void BeginBox(P& parser, A) {
   parser.Shape().IsShown = true;
+  if (parser.IsDeep()) {
+    parser.SetDestination(D::Body);
+    return;
+  }
   parser.SetDestination(D::Body, E::Aside);
   parser.SetPlain();
   parser.State().Para = {};
@@ -120,6 +124,7 @@ void BeginBackground(P& parser, A) {
 }
 
 void BeginNestedRow(P& parser, A) {
+  if (parser.IsDeep()) return;
   parser.SetDestination(parser.State().Destination, E::NestedRow);
   parser.Flow().BeginNestedRow();
 }

@@ -8,8 +8,9 @@
 
 namespace {
 
-// Groups deeper than this share the state of the deepest one that is kept.
-constexpr size_t kDeepestGroup = 512;
+// Groups deeper than this share the look of the deepest one that has its own.
+constexpr size_t kDeepestLook = 512;
+constexpr size_t kMostDeepGroups = 100'000;
 constexpr size_t kMostStyleWords = 64;
 constexpr size_t kMostStyleBases = 12;
 constexpr size_t kMostStyles = 4096;
@@ -105,6 +106,7 @@ void RtfParser::HandleWord(const RtfToken& token) {
     fallbackLeft_ = fallbackLeft - 1;
     return;
   }
+  if (bareGroups_ > 0 && (known == nullptr || !known->IsCharacter)) return;
   FlushText();
   const bool isIgnorable = std::exchange(isIgnorable_, false);
   if (IsIn(RtfDestination::Twice) && token.Text != "upr") {
@@ -157,12 +159,12 @@ void RtfParser::OpenGroup() {
   if (!IsIn(RtfDestination::Skip)) FlushText();
   fallbackLeft_ = 0;
   isIgnorable_ = false;
-  if (states_.size() >= kDeepestGroup) {
-    ++tooDeep_;
+  const RtfGroupEnd outer = State().AtEnd;
+  if (states_.size() < kDeepestLook) {
+    states_.push_back(states_.back());
+  } else if (!OpenDeepGroup()) {
     return;
   }
-  const RtfGroupEnd outer = State().AtEnd;
-  states_.push_back(states_.back());
   RtfState& state = State();
   state.AtEnd = RtfGroupEnd::Nothing;
   if (!IsIn(RtfDestination::StyleSheet)) return;
@@ -176,12 +178,45 @@ void RtfParser::OpenGroup() {
   }
 }
 
+// False: there are too many.
+bool RtfParser::OpenDeepGroup() {
+  const RtfState& state = State();
+  const DeepGroup group{state, state.Chars.Link, state.Chars.IsHidden};
+  const bool isSame = IsDeep() && deepGroups_.back().Group == group.Group &&
+                      deepGroups_.back().Link == group.Link && deepGroups_.back().IsHidden == group.IsHidden;
+  if (bareGroups_ > 0 || (!isSame && deepGroups_.size() >= kMostDeepGroups)) {
+    ++bareGroups_;
+    return false;
+  }
+  if (isSame) {
+    ++deepGroups_.back().Count;
+  } else {
+    deepGroups_.push_back(group);
+  }
+  return true;
+}
+
+void RtfParser::CloseDeepGroup() {
+  std::optional<RtfState> closed;
+  if (State().AtEnd != RtfGroupEnd::Nothing) closed = State();
+  DeepGroup& outer = deepGroups_.back();
+  static_cast<RtfGroup&>(State()) = outer.Group;
+  State().Chars.Link = outer.Link;
+  State().Chars.IsHidden = outer.IsHidden;
+  if (--outer.Count == 0) deepGroups_.pop_back();
+  if (closed) EndGroup(*closed);
+}
+
 void RtfParser::CloseGroup() {
   if (!IsIn(RtfDestination::Skip)) FlushText();
   fallbackLeft_ = 0;
   isIgnorable_ = false;
-  if (tooDeep_ > 0) {
-    --tooDeep_;
+  if (bareGroups_ > 0) {
+    --bareGroups_;
+    return;
+  }
+  if (IsDeep()) {
+    CloseDeepGroup();
     return;
   }
   if (states_.size() <= 2) {

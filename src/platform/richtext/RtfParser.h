@@ -64,21 +64,28 @@ enum class RtfGroupEnd : unsigned char {
 // What has the border that is being described; nothing: something without one here.
 enum class RtfBorderOf : unsigned char { Nothing, Paragraph, Cell, Row, Page };
 
-struct RtfState {
+// What a group makes of its text.
+struct RtfGroup {
+  RtfDestination Destination = RtfDestination::Body;
+  RtfDestination Outer = RtfDestination::Body;  // of what is told twice
+  RtfGroupEnd AtEnd = RtfGroupEnd::Nothing;
+  bool IsFootnote = false;
+  bool IsBackground = false;  // the group describes what lies behind the page
+  int CodePage = 1252;        // of the text that comes
+  int FallbackCount = 1;      // characters behind a \u that stand in for it
+  int Field = -1;             // number of the field the group is in
+  int Object = -1;            // number of the object the group is in
+
+  bool operator==(const RtfGroup&) const = default;
+};
+
+// With how it looks.
+struct RtfState : RtfGroup {
   RtfCharProps Chars;
   RtfCharProps LeftToRight;  // what holds again behind letters that run from right to left
   bool IsRightToLeft = false;
   RtfParaProps Para;
-  RtfDestination Destination = RtfDestination::Body;
-  RtfDestination Outer = RtfDestination::Body;  // of what is told twice
-  RtfGroupEnd AtEnd = RtfGroupEnd::Nothing;
-  RtfTab NextTab;         // whose place comes next
-  int CodePage = 1252;    // of the text that comes
-  int FallbackCount = 1;  // characters behind a \u that stand in for it
-  int Field = -1;         // number of the field the group is in
-  int Object = -1;        // number of the object the group is in
-  bool IsFootnote = false;
-  bool IsBackground = false;  // the group describes what lies behind the page
+  RtfTab NextTab;  // whose place comes next
 };
 
 class RtfParser {
@@ -127,6 +134,8 @@ class RtfParser {
   void SetOverrideStart(int number);
   RtfOldList& OldList() { return oldList_; }
   void SetHasListText();  // the paragraph brings its own bullet or number
+  // Whether the group shares its look with those around it; it gets no place of its own on the page.
+  bool IsDeep() const { return !deepGroups_.empty(); }
   void BeginTwice();
   void ClearName() { name_.clear(); }
   RtfCellProps& NextCell() { return nextCell_; }
@@ -180,6 +189,14 @@ class RtfParser {
     bool IsWhole = false;  // what it doesn't tell is as usual, not as in the other style
   };
 
+  // Groups around a deep one, as many in a row as are the same.
+  struct DeepGroup {
+    RtfGroup Group;
+    int Link = 0;
+    bool IsHidden = false;
+    int Count = 1;
+  };
+
   void Handle(const RtfToken& token);
   void HandleSkipped(const RtfToken& token);
   void HandleWord(const RtfToken& token);
@@ -187,6 +204,8 @@ class RtfParser {
   void HandleBytes(std::string_view bytes);
   void OpenGroup();
   void CloseGroup();
+  bool OpenDeepGroup();
+  void CloseDeepGroup();
   void EndGroup(const RtfState& closed);
   void FlushText();
   void SendText(const QString& text);
@@ -219,7 +238,8 @@ class RtfParser {
   RtfPictureDecoder pictures_;
 
   std::vector<RtfState> states_;
-  size_t tooDeep_ = 0;  // groups open beyond the deepest that is kept
+  std::vector<DeepGroup> deepGroups_;
+  size_t bareGroups_ = 0;  // open beyond the deepest one that is kept: their words count for nothing
   int fallbackLeft_ = 0;
   bool isIgnorable_ = false;  // the last token was \*
   bool isAtEnd_ = false;      // the page's own group is closed

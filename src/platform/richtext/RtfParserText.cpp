@@ -369,6 +369,7 @@ void RtfParser::AddFootnoteMark() {
 }
 
 void RtfParser::BeginFootnote() {
+  if (IsDeep()) return;
   SetDestination(RtfDestination::Body, RtfGroupEnd::Aside);
   State().IsFootnote = true;
   flow_.BeginAside(RtfFlow::Aside::Footnote);
