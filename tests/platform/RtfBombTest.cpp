@@ -51,6 +51,21 @@ TEST(RtfBombs, AParagraphHasSoManyLooks) {
   }
 }
 
+TEST(RtfBombs, StylesAreRepeatedWithinBounds) {
+  QByteArray styles = "{\\stylesheet{\\s1 all;}";
+  for (int i = 2; i <= 12; ++i) {
+    const QByteArray number = QByteArray::number(i);
+    styles += "{\\s" + number + "\\sbasedon" + QByteArray::number(i - 1) + QByteArray("\\b\\i").repeated(24) +
+              " x;}";
+  }
+  const auto isBold = [&styles](const QByteArray& body) {
+    return FormatOf(ReadBody(styles + "}" + body + "\\pard\\plain\\s12 last"), "last").fontWeight() ==
+           QFont::Bold;
+  };
+  EXPECT_TRUE(isBold(QByteArray("\\pard\\plain\\s12 x\\par ").repeated(1000)));
+  EXPECT_FALSE(isBold(QByteArray("\\s12").repeated(10'000)));
+}
+
 TEST(RtfBombs, ALookBeyondTheLastIsNoLink) {
   QByteArray looks;
   for (int i = 0; i < 5000; ++i)
