@@ -5,13 +5,6 @@
 
 namespace {
 
-QString Items() {
-  QStringList items;
-  for (const ReviewItem& item : gReviewItems)
-    items.append(item.ItemLabel + '>' + item.ItemLink);
-  return items.join(' ');
-}
-
 // "101" as ticks.
 QList<bool> Ticks(const char* text) {
   QList<bool> ticks;
@@ -47,30 +40,6 @@ TEST(Judging, EveryCorrectAnswerAndNoOther) {
     EXPECT_EQ(run.CorrectAnswers(), c.Correct ? 1 : 0);
     EXPECT_EQ(run.ReviewCount(), c.Correct ? 0 : 1);
   }
-}
-
-TEST(TestRun, WrongAnswersLeaveTheirLinksWithoutGaps) {
-  const TestStore store;
-  store.WriteTest("\"1\"\r\n" + Line("A>>B", "1>>0", "First", "") + Line("A>>B", "1>>0", "Second", "x_1") +
-                  Line("A>>B", "1>>0", "Third", "x_2") + Line("A>>B", "1>>0", "", "x_3"));
-  TestRun run;
-  ASSERT_TRUE(run.Start(store.kPage));
-  EXPECT_EQ(run.QuestionCount(), 4);
-  for (const char* ticks : {"01", "01", "10", "00"}) {
-    const bool isLast = run.IsLastQuestion();
-    run.Judge(Ticks(ticks));
-    EXPECT_EQ(run.MoveOn(), !isLast);
-  }
-  EXPECT_EQ(run.AnswerPattern(), "0010");
-  EXPECT_EQ(run.CorrectAnswers(), 1);
-  EXPECT_EQ(run.ReviewCount(), 2);
-  EXPECT_EQ(Items(), "Second>x_1 >x_3");
-  EXPECT_FALSE(run.MoveOn());
-  EXPECT_EQ(run.CurrentQuestion(), 4);
-
-  ASSERT_TRUE(run.Start(store.kPage));
-  EXPECT_EQ(Items(), ">") << "the next run begins with one empty item";
-  EXPECT_EQ(run.AnswerPattern() + QString::number(run.CurrentQuestion()), "0");
 }
 
 TEST(TestRun, BeforeTheFirstQuestionThereIsNone) {

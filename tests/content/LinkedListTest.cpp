@@ -1,7 +1,5 @@
 #include "content/LinkedList.h"
 
-#include <functional>
-
 #include "platform/TestProgram.h"
 #include "platform/files/TextStream.h"
 
@@ -30,6 +28,17 @@ QStringList PagesOf(const LinkedList& list) {
   for (int i = 1; i <= count; ++i)
     pages.append(names.at(i) + "|" + types.at(i) + "|" + topics.at(i));
   return pages;
+}
+
+// One step: "next", "back", "first", "last", "page NAME" or "topic NAME".
+void Move(LinkedList& list, const QString& step) {
+  const QString name = step.section(' ', 1);
+  if (step == "next") list.NextPage();
+  if (step == "back") list.PreviousPage();
+  if (step == "first") list.GoToFirstPage();
+  if (step == "last") list.GoToLastPage();
+  if (step.startsWith("page")) list.SetPageAsCurrent(name);
+  if (step.startsWith("topic")) list.GoToTopic(name);
 }
 
 }  // namespace
@@ -74,52 +83,35 @@ TEST(Map, ALineWithoutAStarStopsTheReadingAndNamesTheMap) {
 }
 
 TEST(LinkedList, MovesAndLookUps) {
-  const auto next = [](LinkedList& list) { list.NextPage(); };
-  const auto previous = [](LinkedList& list) { list.PreviousPage(); };
-  const auto last = [](LinkedList& list) { list.GoToLastPage(); };
-  const auto page = [](const char* name) {
-    return [name](LinkedList& list) { list.SetPageAsCurrent(name); };
-  };
-  const auto topic = [](const char* name) { return [name](LinkedList& list) { list.GoToTopic(name); }; };
-  using Step = std::function<void(LinkedList&)>;
   const struct {
-    const char* What;
-    QList<Step> Steps;
-    QStringList Names;  // previous, current, next
-    QString TopicName;  // "!" when there is none
+    const char *Steps, *Names;  // previous, current, next
+    QString TopicName;          // "!" when there is none
   } cases[] = {
-      {"loaded", {}, {"", "0001.txm", "0002.txm"}, "Getting started"},
-      {"next", {next}, {"0001.txm", "0002.txm", "0003.txm"}, "Getting started"},
-      {"a dropped topic", {next, next}, {"0002.txm", "0003.txm", "0004.txm"}, "Getting started"},
-      {"last", {last}, {"0004.txm", "0005.txm", ""}, "Opening"},
-      {"behind the last", {last, next}, {"0004.txm", "0005.txm", ""}, "Opening"},
-      {"onto the head", {previous}, {"", "", "0001.txm"}, "!"},
-      {"before the head", {previous, previous}, {"", "", "0001.txm"}, "!"},
-      {"back from the head", {previous, next}, {"", "0001.txm", "0002.txm"}, "Getting started"},
-      {"by name", {page("0004.txm")}, {"0003.txm", "0004.txm", "0005.txm"}, "Opening"},
-      {"by a name in capitals", {page("0004.TXM")}, {"", "0001.txm", "0002.txm"}, "Getting started"},
-      {"by no name", {page("")}, {"", "0001.txm", "0002.txm"}, "Getting started"},
-      {"by topic", {topic("Opening")}, {"0003.txm", "0004.txm", "0005.txm"}, "Opening"},
-      {"by an unknown topic",
-       {next, topic("opening")},
-       {"0001.txm", "0002.txm", "0003.txm"},
-       "Getting started"},
-      {"first",
-       {last, [](LinkedList& list) { list.GoToFirstPage(); }},
-       {"", "0001.txm", "0002.txm"},
-       "Getting started"},
+      {"", "|0001.txm|0002.txm", "Getting started"},
+      {"next", "0001.txm|0002.txm|0003.txm", "Getting started"},
+      {"next,next", "0002.txm|0003.txm|0004.txm", "Getting started"},
+      {"last", "0004.txm|0005.txm|", "Opening"},
+      {"last,next", "0004.txm|0005.txm|", "Opening"},
+      {"last,first", "|0001.txm|0002.txm", "Getting started"},
+      {"back", "||0001.txm", "!"},
+      {"back,back", "||0001.txm", "!"},
+      {"back,next", "|0001.txm|0002.txm", "Getting started"},
+      {"page 0004.txm", "0003.txm|0004.txm|0005.txm", "Opening"},
+      {"page 0004.TXM", "|0001.txm|0002.txm", "Getting started"},
+      {"page ", "|0001.txm|0002.txm", "Getting started"},
+      {"topic Opening", "0003.txm|0004.txm|0005.txm", "Opening"},
+      {"next,topic opening", "0001.txm|0002.txm|0003.txm", "Getting started"},
   };
   for (const auto& c : cases) {
     LinkedList list;
     Load(list, kHead + kPages);
-    for (const Step& step : c.Steps)
-      step(list);
-    EXPECT_EQ(QStringList({list.GetPrevPageName(), list.GetCurrentPageName(), list.GetNextPageName()}),
-              c.Names)
-        << c.What;
+    for (const QString& step : QString(c.Steps).split(','))
+      Move(list, step);
+    const QStringList names{list.GetPrevPageName(), list.GetCurrentPageName(), list.GetNextPageName()};
+    EXPECT_EQ(names.join('|'), c.Names) << c.Steps;
     QString topicName = "!";
     IgnoreErrors([&] { topicName = list.GetCurrentPageTopName(); });
-    EXPECT_EQ(topicName, c.TopicName) << c.What;
+    EXPECT_EQ(topicName, c.TopicName) << c.Steps;
   }
 }
 

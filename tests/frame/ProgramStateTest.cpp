@@ -12,21 +12,3 @@ TEST(Rounding, HalvesGoToTheEvenNeighbour) {
   for (const auto& c : cases)
     EXPECT_EQ(RoundHalfToEven(c.Value), c.Rounded) << c.Value;
 }
-
-TEST(ProgramState, AModuleOutsideTheCourseIsAnError) {
-  ResetProgramState();
-  EXPECT_EQ(ErrorOf([] { CurrentModule(); }), "No course is open.");
-  CourseRecord course;
-  course.CourseName = "Selling";
-  course.Modules.append(ModuleRecord{"Selling", "First", "RT0101", {}});
-  gCourses.append(course);
-  EXPECT_EQ(CurrentModule().ModuleId, "RT0101");
-  for (const int outside : {-1, 1}) {
-    gCurrentModule = outside;
-    EXPECT_EQ(ErrorOf([] { CurrentModule(); }),
-              "The course \"Selling\" has no module number " + QString::number(outside) + ".");
-  }
-  ResetProgramState();
-  EXPECT_TRUE(gCourses.isEmpty());
-  EXPECT_EQ(gCurrentModule, 0);
-}

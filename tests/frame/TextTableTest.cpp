@@ -1,22 +1,7 @@
 #include "frame/TextTable.h"
 
-#include "frame/ResConstants.h"
 #include "platform/Descriptions.h"
 #include "platform/TestProgram.h"
-
-TEST(TextTable, BlanksQuotesAndMisspellingsArePartOfAText) {
-  const struct {
-    int Number;
-    const char* Text;
-  } cases[] = {
-      {kResReturnTo, "Return to "},
-      {kResResultOutOf, " out of "},
-      {kResAboutVersion, "Tallowmere Manager    version "},
-      {109, ""},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(LoadStringResource(c.Number), c.Text) << c.Number;
-}
 
 TEST(TextTable, EveryGroupIsWhole) {
   const struct {

@@ -177,7 +177,8 @@ TEST_F(OutOfBoundsLearner, ALinkWithinTheDataFolderIsTheFolderItLeadsTo) {
 
 // Names as a learner may type or paste them; the boxes take 32 characters.
 const QStringList kRefused =
-    QString("../Ann ..\\Ann /tmp/Ann C:\\Ann \\\\host\\Ann file://Ann :Ann Ann|sh Ann*").split(' ') +
+    QString("../Ann ..\\Ann /tmp/Ann C:\\Ann \\\\host\\Ann file://Ann :Ann Ann|sh Ann* A?n A\"n A<n A>n")
+        .split(' ') +
     QStringList(" ..");
 const QStringList kKept =
     QString(

@@ -23,13 +23,6 @@ TEST(NameRules, TheAddressRuleLooksAtTheFirstSignsOnly) {
   }
 }
 
-TEST(NameRules, NineCharactersAreIllegalInANameAndNoOthers) {
-  for (const QChar character : QStringLiteral("\\/:*?\"<>|"))
-    EXPECT_TRUE(ContainsIllegalChar(QString("a") + character));
-  for (const QChar character : QStringLiteral("'. -_&%\u00e9\u674e"))
-    EXPECT_FALSE(ContainsIllegalChar(character));
-}
-
 class ProfileTest : public CourseTest {
  protected:
   // The learner's profile, opened and filled as the toolbar does it.

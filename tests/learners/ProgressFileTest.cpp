@@ -6,8 +6,7 @@
 namespace {
 
 const TestFields kRun = {"2", "80", "10110", "2004-03-09", "90", "10111", "2004-03-10", "70"};
-const QByteArray kRunBytes =
-    ",\"2\",\"80\",\"10110\",\"2004-03-09\",\"90\",\"10111\",\"2004-03-10\",\"70\"\r\n";
+const QByteArray kRunBytes = "2,80,10110,2004-03-09,90,10111,2004-03-10,70";
 
 void Record(const QString& moduleId, const QString& topic, const TestFields& tests = {}) {
   RecordModuleProgress(moduleId, topic, "Ann", "Lee", tests);

@@ -31,11 +31,4 @@ TEST_F(DoorBellTest, IsHeardForAsLongAsItHangs) {
   EXPECT_EQ(rung_, 2);
 }
 
-TEST_F(DoorBellTest, ASecondOneOfTheNameIsSilent) {
-  const DoorBell first(name_, [this] { ++rung_; });
-  const DoorBell second(name_, [this] { rung_ += 100; });
-  EXPECT_TRUE(Ring());
-  EXPECT_EQ(rung_, 1);
-}
-
 }  // namespace

@@ -3,13 +3,12 @@
 
 #include <QByteArray>
 
-// The eight fields of a module's tests: of none, or with their quotes and commas as they stand.
-inline const QByteArray kNoTest = QByteArray(",\"\"").repeated(8) + "\r\n";
-
 inline QByteArray ResumeBytes(const QByteArray& moduleId, const QByteArray& page) {
   return "\"" + moduleId + "\",\"" + page + "\"\r\n";
 }
+// The eight fields of its tests stand in a list with commas.
 inline QByteArray ModuleBytes(const QByteArray& moduleId, const QByteArray& viewed,
-                              const QByteArray& tests = kNoTest) {
-  return "\"" + moduleId + "\",\"" + viewed + "\"" + tests;
+                              const QByteArray& tests = ",,,,,,,") {
+  const QByteArray fields = moduleId + ',' + viewed + ',' + tests;
+  return '"' + QByteArray(fields).replace(",", "\",\"") + "\"\r\n";
 }

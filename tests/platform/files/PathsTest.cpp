@@ -101,14 +101,3 @@ TEST(Paths, FilesAndFoldersAreToldApart) {
   EXPECT_EQ(ListFolders("data"), QStringList({".c", "a", "b"}));
   EXPECT_EQ(ListFolders("Data\\missing"), QStringList());
 }
-
-TEST(Paths, AFileNameIsOneStep) {
-  for (const QString& good :
-       {QString("a"), QString(" Lee"), QString(". "), QString(255, u'x'), QString(127, u'é')}) {
-    EXPECT_TRUE(IsFileName(good)) << good.toStdString();
-  }
-  for (const QString& bad : {QString(), QString("."), QString(".."), QString("a/b"), QString("a\\b"),
-                             QString(QChar::Null), QString(256, u'x'), QString(128, u'é')}) {
-    EXPECT_FALSE(IsFileName(bad)) << bad.toStdString();
-  }
-}
