@@ -49,6 +49,10 @@ const TextRow kWords[] = {
      "{\\field{\\*\\fldinst FORMCHECKBOX {\\*\\formfield{\\fftype1\\ffres25\\ffdefres1}}}{\\fldrslt }}"
      "{\\field{\\*\\fldinst FORMCHECKBOX {\\*\\formfield{\\ffres0\\ffdefres1{\\*\\ffname n}}}}}",
      "\u2612\u2610"},
+    {"ChoiceOfAForm",
+     "{\\field{\\*\\fldinst FORMDROPDOWN {\\*\\formfield{\\ffres25\\ffdefres1{\\*\\ffl a}{\\*\\ffl b}}}}"
+     "{\\fldrslt a}} {\\field{\\*\\fldinst FORMDROPDOWN {\\*\\formfield{\\ffres0{\\*\\ffl c}}}}{\\fldrslt }}",
+     "b c"},
     {"ToldTwice", "{\\upr{a?}{\\*\\ud{a\\u381 ?}}}b", "a\u017Db"},
     {"SymbolField", "{\\field{\\*\\fldinst SYMBOL 183 \\\\f \"Symbol\"}}", "\u2022"},
     {"FormulaByItsPicture",
@@ -124,6 +128,7 @@ const TextRow kDamaged[] = {
     {"CutInPicture", "{\\rtf1 a{\\pict\\pngblip\\picwgoal100\\pichgoal100 8950", "a\uFFFC"},
     {"CutInBinary", "{\\rtf1 a\\bin100 b", "a"},
     {"CutInField", "{\\rtf1 a{\\field{\\*\\fldinst HYPERLINK", "a"},
+    {"FieldInAChoice", "{\\rtf1 a{\\field{\\ffl{\\field x}}}b", "ab"},
     {"CutInTable", "{\\rtf1\\trowd\\cellx100\\pard\\intbl a\\cell b", "\na\nb\n"},
     {"CellWithoutTable", "{\\rtf1 a\\cell b}", "\na\nb"},
     {"RowWithoutCells", "{\\rtf1\\trowd\\row a}", "a"},
@@ -131,6 +136,7 @@ const TextRow kDamaged[] = {
      "{\\rtf1\\fs99999999999\\li-99999999999\\trowd\\cellx2147483647\\pard\\intbl a\\cell\\row}", "\na\n"},
     {"NumbersOfNothing", "{\\rtf1\\f77\\cf99\\s88\\ls66\\highlight-5 a}", "a"},
     {"ListTextInTheBodyOfAList", "{\\rtf1{\\*\\listtable{\\list{\\listlevel{\\leveltext}}}}a}", "a"},
+    {"LostStars", "{\\rtf1{\\themedata 504b}{\\xmlnstbl{\\xmlns1 urn:x;}}{\\wgrffmtfilter 2450}a}", "a"},
     {"LeadingMarkAndBlanks", "\xEF\xBB\xBF \r\n{\\rtf1 a}", "a"},
 };
 

@@ -247,6 +247,7 @@ constexpr RtfWord kWords[] = {
     {"formfield", BeginFormField},
     {"ffres", [](P& p, A a) { p.SetFieldState(a.Number); }},
     {"ffdefres", [](P& p, A a) { p.SetFieldUsualState(a.Number); }},
+    {"ffl", [](P& p, A) { p.BeginFieldChoice(); }},
     {"bkmkend", Begin<D::Skip>},
     {"filetbl", Begin<D::Skip>},
     {"revtbl", Begin<D::Skip>},
@@ -260,6 +261,23 @@ constexpr RtfWord kWords[] = {
     {"aftnsep", Begin<D::Skip>},
     {"aftnsepc", Begin<D::Skip>},
     {"aftncn", Begin<D::Skip>},
+    // These always stand behind \*, which a page that went through other programs may have lost.
+    {"blipuid", Begin<D::Skip>},
+    {"colorschememapping", Begin<D::Skip>},
+    {"datastore", Begin<D::Skip>},
+    {"defchp", Begin<D::Skip>},
+    {"defpap", Begin<D::Skip>},
+    {"docvar", Begin<D::Skip>},
+    {"generator", Begin<D::Skip>},
+    {"latentstyles", Begin<D::Skip>},
+    {"mmathPr", Begin<D::Skip>},
+    {"panose", Begin<D::Skip>},
+    {"pgptbl", Begin<D::Skip>},
+    {"rsidtbl", Begin<D::Skip>},
+    {"themedata", Begin<D::Skip>},
+    {"userprops", Begin<D::Skip>},
+    {"wgrffmtfilter", Begin<D::Skip>},
+    {"xmlnstbl", Begin<D::Skip>},
 };
 
 }  // namespace

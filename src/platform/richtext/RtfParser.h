@@ -15,6 +15,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -34,6 +35,7 @@ enum class RtfDestination : unsigned char {
   OldListBefore,
   OldListAfter,
   FieldInstruction,
+  FormChoice,
   PlaceName,
   ObjectName,
   ShapeName,
@@ -147,8 +149,9 @@ class RtfParser {
   void BeginFont(int number);
   void BeginField();
   void BeginFieldResult();
-  void SetFieldState(int state);       // of a form field's box: 0 or 1; any other: as usual
-  void SetFieldUsualState(int state);  // 0 or 1
+  void SetFieldState(int state);       // of a form field: 0 or 1 of a box, the place of a choice from 0
+  void SetFieldUsualState(int state);  // what holds where the state is none of these
+  void BeginFieldChoice();             // its text comes
   void BeginObject();
   void SetObjectSize(int width, int height);  // 0: leave as it is
   void BeginObjectResult();
@@ -166,10 +169,15 @@ class RtfParser {
     QString Instruction;
     std::optional<RtfInstruction> Read;  // the same, once it was read
     int Link = 0;
-    int State = -1;  // of a form field's box; below 0: as usual
+    int State = -1;  // of a form field
     int UsualState = 0;
+    QStringList Choices;  // of a form field's list
     bool HasResult = false;
     bool HasShown = false;  // its result is not empty
+
+    bool IsTicked() const { return (State == 0 || State == 1 ? State : UsualState) != 0; }
+    int Choice() const { return State >= 0 && State < Choices.size() ? State : UsualState; }
+    bool HasChoice() const { return Choice() >= 0 && Choice() < Choices.size(); }
   };
   struct Object {
     QString DataText;

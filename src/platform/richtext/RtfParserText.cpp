@@ -16,6 +16,7 @@ constexpr int kLongestTemplate = 255;  // of a list level, characters
 constexpr size_t kMostColours = 4096;
 constexpr size_t kMostFonts = 4096;
 constexpr size_t kMostFields = 200'000;
+constexpr qsizetype kMostChoices = 25;  // of a form field, as many as its program takes
 constexpr size_t kMostObjects = 1000;
 constexpr size_t kMostOldLists = 4096;
 constexpr int kMostPictures = 5000;
@@ -72,6 +73,12 @@ void RtfParser::SendText(const QString& text) {
     case RtfDestination::FieldInstruction:
       if (state.Field >= 0) AddTo(fields_[static_cast<size_t>(state.Field)].Instruction, text);
       return;
+    case RtfDestination::FormChoice: {
+      // A field in the choice has none of its own.
+      QStringList& choices = fields_[static_cast<size_t>(state.Field)].Choices;
+      if (!choices.isEmpty()) AddTo(choices.last(), text);
+      return;
+    }
     case RtfDestination::PlaceName: AddTo(name_, text); return;
     case RtfDestination::ObjectName:
       if (state.Object >= 0) AddTo(objects_[static_cast<size_t>(state.Object)].DataText, text);
@@ -225,6 +232,11 @@ void RtfParser::BeginFieldResult() {
   // The instruction's own groups never hold a result that is shown.
   if (IsIn(RtfDestination::FieldInstruction)) return;
   field.HasResult = true;
+  // A list shows its choice, whatever was shown when the page was written.
+  if (field.HasChoice()) {
+    SetDestination(RtfDestination::Skip);
+    return;
+  }
   // Of several results all have the link of the first: a long instruction is not read for each of them.
   if (!field.Read && !field.Instruction.isEmpty()) {
     field.Read = ReadInstruction(field.Instruction);
@@ -239,21 +251,32 @@ void RtfParser::EndField(int number) {
   if (IsIn(RtfDestination::Body)) {
     if (!field.Read) field.Read = ReadInstruction(field.Instruction);
     if (!field.HasResult) SendText(field.Read->Symbol);
-    if (!field.HasShown && field.Read->IsCheckBox) {
-      const int state = field.State >= 0 ? field.State : field.UsualState;
-      SendText(QString(QChar(state == 0 ? kEmptyBox : kTickedBox)));
-    }
+    if (!field.HasShown && field.Read->IsCheckBox)
+      SendText(QString(QChar(field.IsTicked() ? kTickedBox : kEmptyBox)));
+    if (field.HasChoice()) SendText(field.Choices[field.Choice()]);
   }
   field.Instruction.clear();
+  field.Choices.clear();
   field.Read.reset();
 }
 
 void RtfParser::SetFieldState(int state) {
-  if (State().Field >= 0) fields_[static_cast<size_t>(State().Field)].State = state > 1 ? -1 : state;
+  if (State().Field >= 0) fields_[static_cast<size_t>(State().Field)].State = state;
 }
 
 void RtfParser::SetFieldUsualState(int state) {
   if (State().Field >= 0) fields_[static_cast<size_t>(State().Field)].UsualState = state;
+}
+
+void RtfParser::BeginFieldChoice() {
+  QStringList* const choices =
+      State().Field >= 0 ? &fields_[static_cast<size_t>(State().Field)].Choices : nullptr;
+  if (choices == nullptr || choices->size() >= kMostChoices) {
+    SetDestination(RtfDestination::Skip);
+  } else {
+    SetDestination(RtfDestination::FormChoice);
+    choices->append(QString());
+  }
 }
 
 void RtfParser::BeginPicture() {
