@@ -373,6 +373,20 @@ TEST(RtfTables, KeepTheSpacesAroundThemAndInTheirCells) {
   EXPECT_NEAR(top("", "", "\\sb300") - bare, 20, 0.5);
 }
 
+TEST(RtfTables, KeepTheEmptyLinesAroundThem) {
+  const auto top = [](const QByteArray& before, const QByteArray& between, const QByteArray& behind) {
+    const QByteArray table = "\\trowd\\cellx3000\\pard\\intbl b\\cell\\row\\pard ";
+    const RichPage page = ReadBody("\\fs40 a\\par " + before + table + between + table + behind + "c\\par");
+    page.Document->setTextWidth(500);
+    return page.Document->documentLayout()->blockBoundingRect(BlockOf(page, "c")).top();
+  };
+  const double line = top("x\\par ", "", "") - top("", "", "");
+  EXPECT_NEAR(top("\\par ", "", "") - top("", "", ""), line, 0.5);
+  EXPECT_NEAR(top("", "\\par ", "") - top("", "", ""), line, 0.5);
+  EXPECT_NEAR(top("", "", "\\par ") - top("", "", ""), line, 0.5);
+  EXPECT_GT(top("", "", "\\line "), top("", "", "") - 0.5);
+}
+
 TEST(RtfTables, TakeTheirShareOfTheWidthOrTheirCellsWidths) {
   const RichPage page = ReadBody(
       "\\trowd\\trftsWidth2\\trwWidth2500\\cellx1000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row\\pard "

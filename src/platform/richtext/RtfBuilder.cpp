@@ -34,6 +34,15 @@ void RtfBuilder::FlattenBlock() {
   cursor_.setBlockFormat(flat);
 }
 
+// A document gives an empty paragraph right above a table no height, unless it has a background, be it none.
+// Its own format went behind the table.
+void RtfBuilder::KeepEmptyLine(const QTextTable& table, QTextBlockFormat format) {
+  if (!format.hasProperty(QTextFormat::BackgroundBrush)) format.setBackground(Qt::NoBrush);
+  QTextCursor line(page_.Document.get());
+  line.setPosition(table.firstPosition() - 1);
+  line.setBlockFormat(format);
+}
+
 void RtfBuilder::Insert(const RtfBlock& block) {
   if (block.Table) {
     InsertTable(*block.Table);
@@ -78,6 +87,10 @@ void RtfBuilder::PutSpaceAbove(int twips) {
 }
 
 void RtfBuilder::InsertParagraph(const RtfParagraph& paragraph) {
+  // A document takes away the first line of what stands right behind a table when that line is empty. The
+  // fresh block, which has no height then, is left in between.
+  const bool beginsEmpty = paragraph.Text.isEmpty() || paragraph.Text.startsWith(QChar::LineSeparator);
+  if (isAtFreshBlock_ && lastTable_ != nullptr && beginsEmpty) isAtFreshBlock_ = false;
   const QTextBlockFormat& blockFormat =
       isAtFreshBlock_ ? formats_.BlockFormat(paragraph.Props) : FormatBehindLast(paragraph.Props);
   if (isAtFreshBlock_) PutSpaceAbove(RtfFormats::SpaceBefore(paragraph.Props));
@@ -171,7 +184,10 @@ void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
     InsertAsText(table, first, count);
     return;
   }
+  const bool isBelowEmptyLine = hasLast_ && cursor_.block().length() == 1;
+  const QTextBlockFormat emptyLine = cursor_.blockFormat();
   QTextTable* const made = cursor_.insertTable(static_cast<int>(count), grid.ColumnCount(), format);
+  if (isBelowEmptyLine) KeepEmptyLine(*made, emptyLine);
   for (const RtfGridCell& cell : grid.Cells()) {
     const bool isJoined = cell.RowSpan > 1 || cell.ColumnSpan > 1;
     if (isJoined) mergeWork_ += static_cast<long long>(count) * grid.ColumnCount();
@@ -185,6 +201,7 @@ void RtfBuilder::InsertRows(const RtfTable& table, size_t first, size_t count) {
     if (cell.Content != nullptr) InsertCell(*cell.Content, target.firstCursorPosition());
   }
   cursor_.setPosition(made->lastPosition() + 1);
+  if (isBelowEmptyLine) cursor_.setBlockFormat({});
   isAtFreshBlock_ = true;
   hasLast_ = false;
   lastTable_ = made;

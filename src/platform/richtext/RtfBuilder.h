@@ -30,6 +30,7 @@ class RtfBuilder {
   void InsertAsText(const RtfTable& table, size_t first, size_t count);
   QTextCharFormat EmptyLineFont(const RtfCell* cell) const;
   void FlattenBlock();
+  void KeepEmptyLine(const QTextTable& table, QTextBlockFormat format);
   void InsertSpans(const RtfParagraph& paragraph);
   void InsertWithLeaders(const RtfParagraph& paragraph);
   const QTextBlockFormat& FormatBehindLast(const RtfParaProps& props);
