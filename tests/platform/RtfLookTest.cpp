@@ -305,6 +305,15 @@ TEST(RtfTables, JoinCells) {
   EXPECT_EQ(page.Document->toPlainText().simplified(), QStringLiteral("down across c d wide"));
 }
 
+TEST(RtfTables, HaveNoColumnForAJoinedCellOfNoWidth) {
+  const RichPage page = ReadBody(
+      "\\trowd\\clmgf\\cellx2000\\clmrg\\cellx2000\\cellx3000\\pard\\intbl a\\cell\\cell b\\cell\\row");
+  const QTextTable* table = TableWith(page, "a");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->columns(), 2);
+  EXPECT_EQ(table->cellAt(0, 1), table->cellAt(page.Document->find("b")));
+}
+
 TEST(RtfTables, JoinCellsBothWays) {
   const RichPage page = ReadBody(
       "\\trowd\\cellx1000\\clmgf\\clvmgf\\cellx2000\\clmrg\\clvmgf\\cellx3000\\pard\\intbl a\\cell "

@@ -46,7 +46,7 @@ bool IsCovered(const RtfRow& row, size_t number) {
 RtfTableGrid::RtfTableGrid(const RtfTable& table, size_t first, size_t count) {
   for (size_t i = first; i < first + count; ++i) {
     rows_.push_back(table.Rows[i].Props);
-    CompleteRow(rows_.back(), table.Rows[i].Cells.size());
+    CompleteRow(rows_.back(), table.Rows[i]);
   }
   FindEdges();
   if (edges_.size() < 2) return;
@@ -58,17 +58,19 @@ RtfTableGrid::RtfTableGrid(const RtfTable& table, size_t first, size_t count) {
 }
 
 // Every cell gets an edge behind the one before it, within what a page can be wide.
-void RtfTableGrid::CompleteRow(RtfRowProps& props, size_t cells) const {
+void RtfTableGrid::CompleteRow(RtfRowProps& props, const RtfRow& source) const {
   props.Left = std::clamp(props.Left, -kWidestTable, kWidestTable);
   if (props.Cells.size() > kMostColumns) props.Cells.resize(kMostColumns);
   const size_t described = props.Cells.size();
-  props.Cells.resize(std::max(described, std::min(cells, kMostColumns)));
+  props.Cells.resize(std::max(described, std::min(source.Cells.size(), kMostColumns)));
   int left = props.Left;
   for (size_t i = 0; i < props.Cells.size(); ++i) {
     RtfCellProps& cell = props.Cells[i];
     int right = i < described ? cell.Right : left + kUsualCell;
     if (right <= left && cell.Width > 0) right = left + std::min(cell.Width, kWidestTable);
-    cell.Right = std::clamp(right, left + kNarrowest, left + kWidestTable);
+    // What the cell before it covers may be as wide as nothing, and is no column of its own then.
+    const bool isNothing = cell.Across == RtfMerge::Continued && right <= left && IsCovered(source, i);
+    cell.Right = std::clamp(right, isNothing ? left : left + kNarrowest, left + kWidestTable);
     left = cell.Right;
   }
 }
@@ -113,7 +115,8 @@ void RtfTableGrid::PlaceRow(int row, const RtfRow& source, const RtfRowProps& pr
     // Across first: a cell that is joined downwards, too, is as wide as what it joins.
     for (; next < props.Cells.size(); ++next) {
       if (props.Cells[next].Across != RtfMerge::Continued || !IsCovered(source, next)) break;
-      end = std::max(ColumnAt(props.Cells[next].Right), end + 1);
+      const bool isNothing = props.Cells[next].Right == props.Cells[next - 1].Right;
+      end = std::max(ColumnAt(props.Cells[next].Right), isNothing ? end : end + 1);
     }
     if (end > ColumnCount()) return;
     RtfGridCell cell{row, column, 1, end - column, i, nullptr, &props, props.Cells[i]};

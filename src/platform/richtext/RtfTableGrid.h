@@ -36,7 +36,7 @@ class RtfTableGrid {
   QTextCharFormat CellFormat(const RtfGridCell& cell, const RtfFormats& formats) const;
 
  private:
-  void CompleteRow(RtfRowProps& props, size_t cells) const;
+  void CompleteRow(RtfRowProps& props, const RtfRow& source) const;
   void FindEdges();
   void PlaceRow(int row, const RtfRow& source, const RtfRowProps& props);
   void ExtendDown(int row, int column, int columnSpan);
