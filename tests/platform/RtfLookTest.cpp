@@ -132,6 +132,8 @@ const ParagraphRow kParagraphs[] = {
     {"StyleThatTellsOnlyWhatDiffers",
      "{\\stylesheet{\\s1\\sb150\\sbasedon2 low;}{\\s2\\ql\\sa300 up;}}\\pard\\s1 x\\par",
      [](const B& b) { return b.bottomMargin() == 20; }},
+    {"StyleThatTheTextRepeats", "\\stshfdbch0{\\stylesheet{\\s1\\fi300 low;}}\\pard\\s1\\ql x\\par",
+     [](const B& b) { return b.textIndent() == 0; }},
     {"Shading", "\\pard\\cbpat3 x\\par",
      [](const B& b) { return b.background().color() == QColor(255, 255, 0); }},
     {"PageBreak", "a\\page x\\par",

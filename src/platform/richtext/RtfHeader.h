@@ -69,7 +69,8 @@ struct RtfHeader {
   // Twips. A page that names none is a screen page: a narrow rim, not the inch and more of paper.
   RtfMargins Margins{180, 120, 180, 120};
   RtfBorders PageBorders;
-  bool HasWebSpace = false;  // between paragraphs stands the larger of their spaces, not both
+  bool RepeatsStyles = false;  // all that a style tells stands with the text, too; what doesn't is as usual
+  bool HasWebSpace = false;    // between paragraphs stands the larger of their spaces, not both
   std::unordered_map<int, RtfFont> Fonts;
   std::vector<QColor> Colours;                             // invalid: automatic
   std::unordered_map<int, RtfList> Lists;                  // by list id

@@ -269,6 +269,7 @@ void RtfParser::EndStyle() {
 }
 
 void RtfParser::ApplyStyle(int number) {
+  if (header_.RepeatsStyles) return;
   // From the style itself to the one that all are based on.
   std::vector<const Style*> chain;
   for (auto found = styles_.find(number); found != styles_.end() && chain.size() < kMostStyleBases;

@@ -118,6 +118,8 @@ constexpr RtfWord kWords[] = {
     {"ansicpg", SetCodePageByNumber},
     {"deff", [](P& p, A a) { p.Header().DefaultFont = a.Number; }},
     {"deftab", [](P& p, A a) { p.Header().DefaultTab = a.Number; }},
+    // The default fonts of the style sheet: who writes them repeats the styles.
+    {"stshfdbch", [](P& p, A) { p.Header().RepeatsStyles = true; }},
     {"htmautsp", [](P& p, A a) { p.Header().HasWebSpace = a.IsOn(); }},
     {"margl", SetMargin<&RtfMargins::Left>},
     {"margt", SetMargin<&RtfMargins::Top>},
