@@ -272,6 +272,23 @@ TEST(RtfLists, HangTheirTextBehindTheBullet) {
   EXPECT_NEAR(line.cursorToX(x) - line.cursorToX(0), 24, 1);
 }
 
+TEST(RtfLists, LetTheirNumbersEndAtOnePlace) {
+  const RichPage page = ReadBody(
+      "{\\*\\listtable{\\list{\\listlevel\\levelnfc2\\leveljc2{\\leveltext\\'02\\'00.;}}\\listid7}}"
+      "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}}"
+      "\\pard\\ls1\\tx200\\tx2160\\fi-180\\li2160 a\\par{\\listtext viii.\\tab}b\\par");
+  page.Document->setTextWidth(500);
+  page.Document->size();
+  for (const char* text : {"a", "b"}) {
+    const QTextBlock block = BlockOf(page, text);
+    const QTextLine line = block.layout()->lineAt(0);
+    int x = static_cast<int>(block.text().lastIndexOf(u'\t'));
+    EXPECT_NEAR(line.cursorToX(x), (2160 - 180) / 15, 1) << text;
+    x += 1;
+    EXPECT_NEAR(line.cursorToX(x), 2160 / 15, 1) << text;
+  }
+}
+
 const QTextTable* TableWith(const RichPage& page, const QString& text) {
   return page.Document->find(text).currentTable();
 }

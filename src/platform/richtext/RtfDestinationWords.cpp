@@ -145,6 +145,8 @@ constexpr RtfWord kWords[] = {
     {"levelnfc", SetLevel<&RtfListLevel::NumberKind>},
     {"levelnfcn", SetLevel<&RtfListLevel::NumberKind>},
     {"levelstartat", SetLevelStart},
+    {"leveljc", SetLevel<&RtfListLevel::Justify>},
+    {"leveljcn", SetLevel<&RtfListLevel::Justify>},
     {"levelfollow", SetLevel<&RtfListLevel::Follow>},
     {"levellegal",
      [](P& p, A a) {

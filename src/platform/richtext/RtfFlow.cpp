@@ -112,6 +112,16 @@ void RtfFlow::AddPlace(const QString& name) {
   if (!name.isEmpty()) paragraph_.Places.push_back({name, paragraph_.Text.size()});
 }
 
+bool RtfFlow::PutTabInFront() {
+  if (paragraph_.Text.isEmpty() || paragraph_.Text.startsWith(QChar::ObjectReplacementCharacter))
+    return false;
+  paragraph_.Text.prepend(u'\t');
+  ++paragraph_.Spans.front().Length;
+  for (RtfPlace& place : paragraph_.Places)
+    ++place.Offset;
+  return true;
+}
+
 RtfParagraph RtfFlow::TakeParagraph(const RtfParaProps& props, int endFormat) {
   RtfParagraph taken = std::move(paragraph_);
   paragraph_ = {};

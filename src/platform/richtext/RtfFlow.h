@@ -27,6 +27,7 @@ class RtfFlow {
   bool HasListText() const { return paragraph_.HasListText; }
   void SetHasListText() { paragraph_.HasListText = true; }
   void ForgetListText() { paragraph_.HasListText = false; }
+  bool PutTabInFront();  // false: no text stands there
 
   void EndParagraph(const RtfParaProps& props, int endFormat);
   // Ends the cell of the outermost table, or of the nested one that the properties tell.

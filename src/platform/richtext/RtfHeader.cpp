@@ -66,6 +66,11 @@ int NumberOf(const RtfList& list, size_t level) {
   return std::clamp(list.Levels[level].StartAt, 0, kMostCounted) + counted - 1;
 }
 
+// Of the level in a list that has some: the last one where the list has fewer.
+size_t IndexOf(const RtfList& list, int level) {
+  return std::min(static_cast<size_t>(std::max(level, 0)), list.Levels.size() - 1);
+}
+
 QString TextOfLevel(const RtfList& list, size_t level) {
   const RtfListLevel& shownLevel = list.Levels[level];
   QString text;
@@ -107,13 +112,21 @@ QColor RtfHeader::ColourOf(const RtfShade& shade) const {
           mixed(ground.blue(), ink.blue())};
 }
 
+const RtfListLevel* ListLevelOf(const RtfHeader& header, int list, int level) {
+  const auto used = header.ListOverrides.find(list);
+  if (used == header.ListOverrides.end()) return nullptr;
+  const auto found = header.Lists.find(used->second.List);
+  if (found == header.Lists.end() || found->second.Levels.empty()) return nullptr;
+  return &found->second.Levels[IndexOf(found->second, level)];
+}
+
 QString NextListText(RtfHeader& header, int list, int level) {
   const auto used = header.ListOverrides.find(list);
   if (used == header.ListOverrides.end()) return {};
   const auto found = header.Lists.find(used->second.List);
   if (found == header.Lists.end() || found->second.Levels.empty()) return {};
   RtfList& counted = found->second;
-  const size_t at = std::min(static_cast<size_t>(std::max(level, 0)), counted.Levels.size() - 1);
+  const size_t at = IndexOf(counted, level);
   int& startAt = used->second.StartAt[at];
   if (startAt != RtfListOverride::kAsInList) {
     counted.Levels[at].StartAt = startAt;

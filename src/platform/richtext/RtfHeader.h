@@ -22,7 +22,8 @@ struct RtfListLevel {
   // 255 none
   int NumberKind = 0;
   int StartAt = 1;
-  int Follow = 0;        // what stands behind the number: 0 a tab, 1 a blank, 2 nothing
+  int Follow = 0;   // what stands behind the number: 0 a tab, 1 a blank, 2 nothing
+  int Justify = 0;  // 0 the number begins at the first line's indent, 1 has its middle there, 2 ends there
   bool IsLegal = false;  // shows the numbers of all levels in decimal
   QString Template;      // characters 0 to 8 stand for the number of that level
   int Font = -1;
@@ -84,6 +85,8 @@ struct RtfHeader {
   QColor ColourOf(const RtfShade& shade) const;
 };
 
+// The level of a list, the last one where the list has fewer; null for an unknown list.
+const RtfListLevel* ListLevelOf(const RtfHeader& header, int list, int level);
 // The bullet or number of the next paragraph of a list, counted on, with what follows it; empty for an
 // unknown list.
 QString NextListText(RtfHeader& header, int list, int level);

@@ -16,6 +16,9 @@ constexpr size_t kMostStyleBases = 12;
 constexpr size_t kMostStyles = 4096;
 // Words that all uses of styles repeat: more than a page calls for that has any text to show in them.
 constexpr size_t kMostRepeated = 1'000'000, kMostRepeatedPerByte = 2;
+constexpr int kEndsThere = 2;         // of a list's number: how it stands at its place
+constexpr int kRoomForNumber = 1000;  // twips
+constexpr int kFarthest = 31680;      // twips
 
 RichPage EmptyPage() {
   RichPage page;
@@ -222,7 +225,7 @@ void RtfParser::CloseGroup() {
   if (states_.size() <= 2) {
     // The page's own group: its last paragraph still has the look of the group.
     if (State().AtEnd != RtfGroupEnd::Nothing) EndGroup(RtfState(State()));
-    flow_.Finish(State().Para, formats_.NumberOf(State().Chars));
+    flow_.Finish(PropsAtEnd(), formats_.NumberOf(State().Chars));
     isAtEnd_ = true;
     return;
   }
@@ -321,6 +324,21 @@ std::span<RtfBorder> RtfParser::Borders() {
   return {};
 }
 
+// Those of the paragraph that ends. Where the number of a list ends at its place a tab in front leads there.
+RtfParaProps RtfParser::PropsAtEnd() {
+  RtfParaProps props = State().Para;
+  if (props.List == 0 || !flow_.HasListText() || props.IsRightToLeft) return props;
+  const RtfListLevel* const level = ListLevelOf(header_, props.List, props.ListLevel);
+  const auto held = [](int twips) { return std::clamp(twips, -kFarthest, kFarthest); };
+  const int end = held(props.LeftIndent) + held(props.FirstIndent);
+  const bool endsThere = level != nullptr && level->Justify == kEndsThere;
+  if (!endsThere || end <= 0 || !flow_.PutTabInFront()) return props;
+  props.FirstIndent = std::max(end - kRoomForNumber, 0) - held(props.LeftIndent);
+  props.Tabs.removeIf([end](const RtfTab& tab) { return tab.Position <= end; });
+  props.Tabs.prepend({end, RtfAlign::Right});
+  return props;
+}
+
 void RtfParser::EndParagraph() {
   if (!IsIn(RtfDestination::Body)) return;
   if (State().Chars.IsHidden) {
@@ -329,7 +347,7 @@ void RtfParser::EndParagraph() {
     return;
   }
   NumberEmptyParagraph();
-  RtfParaProps props = State().Para;
+  RtfParaProps props = PropsAtEnd();
   if (isPageBreakDue_) props.HasPageBreak = true;
   isPageBreakDue_ = false;
   flow_.EndParagraph(props, formats_.NumberOf(State().Chars));
@@ -348,7 +366,7 @@ void RtfParser::BreakPage() {
 void RtfParser::EndCell(bool isNested) {
   if (!IsIn(RtfDestination::Body)) return;
   NumberEmptyParagraph();
-  flow_.EndCell(State().Para, formats_.NumberOf(State().Chars), isNested);
+  flow_.EndCell(PropsAtEnd(), formats_.NumberOf(State().Chars), isNested);
 }
 
 void RtfParser::EndRow(bool isNested) {

@@ -221,6 +221,7 @@ class RtfParser {
   void SendColours(const QString& text);
   void EndFont();
   void EndStyle();
+  RtfParaProps PropsAtEnd();
   void EndOldList();
   void EndField(int number);
   void EndPicture();
