@@ -1,5 +1,8 @@
 // Rich text of a few bytes that asks for much: what it gets is bounded, and its words are there.
+#include <QImage>
 #include <QTextTable>
+#include <QUrl>
+#include <numeric>
 
 #include "platform/rtf_pages.h"
 
@@ -47,7 +50,7 @@ TEST(RtfBombs, AParagraphHasSoManyLooks) {
     for (auto fragment = page.Document->begin().begin(); !fragment.atEnd(); ++fragment)
       ++fragments;
     EXPECT_LE(fragments, 10'001);
-    EXPECT_EQ(page.Document->characterCount(), 20'001);
+    EXPECT_EQ(page.Document->toPlainText().remove(u'\n').size(), 20'000);
   }
 }
 
@@ -77,6 +80,63 @@ TEST(RtfBombs, ALookBeyondTheLastIsNoLink) {
     ASSERT_EQ(last.text(), QStringLiteral("x"));
     EXPECT_FALSE(last.begin().fragment().charFormat().isAnchor());
   }
+}
+
+// A document can be so high; the layout of a higher one does not end.
+constexpr double kHighestDocument = 8'388'607;
+
+TEST(RtfBombs, APageStaysWithinTheHeightOfADocument) {
+  const struct {
+    const char* What;
+    QByteArray Body;
+  } cases[] = {
+      {"spaces", QByteArray("\\sb31680 x\\par").repeated(5000)},
+      {"letters", QByteArray("\\fs800 x\\par ").repeated(20'000)},
+      {"lines", "\\fs800 " + QByteArray("x\\line ").repeated(20'000)},
+      {"a narrow column", "\\li31680\\fs400 " + QByteArray("x ").repeated(40'000)},
+      {"pictures", QByteArray("x{\\pict\\picwgoal9999\\pichgoal31680}").repeated(4500)},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.What);
+    const RichPage page = ReadBody(c.Body);
+    page.Document->setTextWidth(900);
+    EXPECT_LE(page.Document->size().height(), kHighestDocument);
+    EXPECT_EQ(page.Document->toPlainText().count(u'x'),
+              c.Body.count("x\\par") + c.Body.count("x\\line") + c.Body.count("x ") + c.Body.count("x{"));
+  }
+}
+
+TEST(RtfBombs, ALongParagraphGoesOnAsAnother) {
+  for (const char* const text : {"xxxx", "xxx ", "\\tx500 xxx\\tab "}) {
+    SCOPED_TRACE(text);
+    const RichPage page = ReadBody("\\sb200\\fi300 " + QByteArray(text).repeated(10'000) +
+                                   "{\\*\\bkmkstart end}{\\object\\objw300\\objh300}y\\par z");
+    EXPECT_GE(page.Document->blockCount(), 5);
+    for (QTextBlock block = page.Document->begin(); block.isValid(); block = block.next()) {
+      EXPECT_LE(block.length(), 10'001);
+      EXPECT_EQ(block.blockFormat().topMargin() > 0, block.position() == 0 || block.text() == u"z");
+    }
+    QTextCursor object(page.Document.get());
+    object.setPosition(page.Objects.at(0).Position);
+    object.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    EXPECT_EQ(object.charFormat().intProperty(kObjectIdProperty), 1);
+    EXPECT_EQ(page.PlaceOf(QStringLiteral("end")), page.Objects.at(0).Position);
+  }
+}
+
+TEST(RtfBombs, BoxesForMissingPicturesShareABudget) {
+  QByteArray body;
+  for (int i = 0; i < 3000; ++i)
+    body += "{\\pict\\picwgoal" + QByteArray::number(3000 + i) + "\\pichgoal6000}";
+  const RichPage page = ReadBody(body);
+  QHash<QString, qint64> pixels;
+  for (auto it = page.Document->begin().begin(); !it.atEnd(); ++it) {
+    const QString name = it.fragment().charFormat().toImageFormat().name();
+    const auto box = page.Document->resource(QTextDocument::ImageResource, QUrl(name)).value<QImage>();
+    pixels[name] = qint64{box.width()} * box.height();
+  }
+  EXPECT_GT(pixels.size(), 100);
+  EXPECT_LE(std::accumulate(pixels.cbegin(), pixels.cend(), qint64{0}), 64'000'000);
 }
 
 }  // namespace

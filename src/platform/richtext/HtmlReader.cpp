@@ -4,6 +4,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/richtext/HtmlFilter.h"
 #include "platform/richtext/HtmlFinisher.h"
+#include "platform/richtext/PageBounds.h"
 #include "platform/richtext/PageDocument.h"
 
 #include <QHash>
@@ -37,15 +38,7 @@ void SetUpFrame(RichPage& page, const PageMetrics& metrics) {
   root.setFrameFormat(frame);
 }
 
-}  // namespace
-
-RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
-                  PictureLoader loader) {
-  if (bytes.size() > kHtmlLimit) {
-    throw RunTimeError(
-        Describe("file-too-large", what, QString::number(bytes.size()), QString::number(kHtmlLimit)));
-  }
-  const PictureLoader pictures = AskedOnce(std::move(loader));
+RichPage ReadOnce(const QByteArray& bytes, const PageMetrics& metrics, const PictureLoader& pictures) {
   RichPage page;
   page.Document = std::make_unique<PageDocument>(pictures);
   QTextDocument& document = *page.Document;
@@ -60,4 +53,16 @@ RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QSt
   FinishHtml(page, metrics, filtered);
   SetUpFrame(page, metrics);
   return page;
+}
+
+}  // namespace
+
+RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
+                  PictureLoader loader) {
+  if (bytes.size() > kHtmlLimit) {
+    throw RunTimeError(
+        Describe("file-too-large", what, QString::number(bytes.size()), QString::number(kHtmlLimit)));
+  }
+  const PictureLoader pictures = AskedOnce(std::move(loader));
+  return ReadBounded(metrics, [&](const PageMetrics& used) { return ReadOnce(bytes, used, pictures); });
 }

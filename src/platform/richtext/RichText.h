@@ -17,6 +17,7 @@ inline constexpr int kMostPageCells = 50'000;
 struct PageMetrics {
   double PixelsPerTwip = 1.0 / 15.0;  // at zoom 100 on a 96 dpi display
   double LogicalDpi = 96.0;           // of the view that shows the page
+  double ViewWidth = 900.0;           // pixels that its lines have, about
 
   double Pixels(double twips) const { return twips * PixelsPerTwip; }
   // The point size that the view draws as high as this many points of the page.

@@ -10,6 +10,8 @@ namespace {
 // doubles its work with each depth.
 constexpr size_t kDeepestTable = 4;
 
+constexpr qsizetype kMostLineBreaks = 500'000;  // of a page; further ones are blanks
+
 constexpr int kFarthest = 31680;  // twips
 
 bool IsInline(const QString& text) {
@@ -96,6 +98,11 @@ void RtfFlow::AddText(const QString& text, int format) {
   // Behind the last one that may look its own way, text goes on in its look. Pictures keep theirs.
   const bool goesOn = spans.size() >= kMostRtfSpans && !IsInline(paragraph_.Text) && !IsInline(text);
   paragraph_.Text += text;
+  lineBreaks_ += text.count(QChar::LineSeparator);
+  if (lineBreaks_ > kMostLineBreaks) {
+    QString& whole = paragraph_.Text;
+    std::replace(whole.end() - text.size(), whole.end(), QChar(QChar::LineSeparator), QChar(u' '));
+  }
   const int length = static_cast<int>(text.size());
   if (!spans.empty() && (goesOn || spans.back().Format == format)) {
     paragraph_.Spans.back().Length += length;

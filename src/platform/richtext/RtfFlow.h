@@ -79,5 +79,6 @@ class RtfFlow {
   std::vector<RtfBlock> outermost_;  // a box around paragraphs that may take in more
   std::vector<SavedParagraph> asides_;
   std::vector<RtfParagraph> footnotes_;
-  size_t cells_ = 0;  // that the rows so far describe or hold
+  size_t cells_ = 0;          // that the rows so far describe or hold
+  qsizetype lineBreaks_ = 0;  // within paragraphs
 };

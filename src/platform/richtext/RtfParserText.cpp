@@ -315,7 +315,8 @@ void RtfParser::EndPicture() {
 }
 
 void RtfParser::InsertPicture(const QImage& image, double width, double height, int objectId) {
-  const QString name = QStringLiteral("picture:%1").arg(++pictureCount_);
+  ++pictureCount_;
+  const QString name = QStringLiteral("picture:%1").arg(image.cacheKey());
   page_.Document->addResource(QTextDocument::ImageResource, QUrl(name), image);
   QTextImageFormat format;
   if (State().Chars.Link > 0) {

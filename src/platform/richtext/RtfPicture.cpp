@@ -120,6 +120,16 @@ RtfPictureDecoder::Result RtfPictureDecoder::Decode(const RtfPicture& picture) {
   result.Width = std::clamp((isCropped ? keptWidth : width) * scaleX, 1.0, kLargest);
   result.Height = std::clamp((isCropped ? keptHeight : height) * scaleY, 1.0, kLargest);
   if (result.Image.isNull())
-    result.Image = PlaceholderBox(QSizeF(result.Width, result.Height) * metrics_.PixelsPerTwip);
+    result.Image = BoxOf((QSizeF(result.Width, result.Height) * metrics_.PixelsPerTwip).toSize());
   return result;
+}
+
+// Boxes of one size are one image, and beyond the budget all are one.
+QImage RtfPictureDecoder::BoxOf(QSize size) {
+  const std::pair key(size.width(), size.height());
+  const auto known = boxes_.find(key);
+  if (known != boxes_.end()) return known->second;
+  const QImage box = PlaceholderBox(size);
+  if (budget_.Take(box.size())) return boxes_.emplace(key, box).first->second;
+  return boxes_.empty() ? PlaceholderBox({}) : boxes_.begin()->second;
 }

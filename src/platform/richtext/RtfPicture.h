@@ -6,8 +6,11 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QSize>
 #include <QSizeF>
+#include <map>
 #include <string_view>
+#include <utility>
 
 enum class RtfPictureKind { Unknown, Png, Jpeg, Dib, DeviceBitmap, Metafile };
 
@@ -52,10 +55,11 @@ class RtfPictureDecoder {
  private:
   QImage DecodeStored(const RtfPicture& picture);
   QImage DecodeDrawn(const RtfPicture& picture, QSizeF twips);
+  QImage BoxOf(QSize size);
 
   PageMetrics metrics_;
-
   PixelBudget budget_;
+  std::map<std::pair<int, int>, QImage> boxes_;  // width and height in pixels -> what stands in
 };
 
 // A white box with a thin grey rim, of the size in pixels (held within a few hundred).

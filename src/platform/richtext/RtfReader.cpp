@@ -2,6 +2,7 @@
 
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "platform/richtext/PageBounds.h"
 #include "platform/richtext/RtfParser.h"
 
 #include <string_view>
@@ -24,5 +25,6 @@ bool IsRtf(const QByteArray& bytes) {
 
 RichPage ReadRtf(const QByteArray& bytes, const PageMetrics& metrics, const QString& what) {
   if (!IsRtf(bytes)) throw RunTimeError(Describe("page-no-rich-text", what));
-  return RtfParser(WithoutLead(bytes), metrics).Read();
+  return ReadBounded(
+      metrics, [&bytes](const PageMetrics& used) { return RtfParser(WithoutLead(bytes), used).Read(); });
 }

@@ -100,6 +100,7 @@ TextControl::~TextControl() {
 PageMetrics TextControl::Metrics() const {
   PageMetrics metrics;
   metrics.LogicalDpi = logicalDpiY();
+  if (width() > 0) metrics.ViewWidth = width();
   const double own = 1.0 / Screen::TwipsPerPixelX();
   const double shown = pageWidth_ > 0 && width() > 0 ? width() / pageWidth_ : own;
   metrics.PixelsPerTwip = shown * PageZoom::Factor();
