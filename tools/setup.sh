@@ -12,7 +12,7 @@ packages_of() {
     players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev \
       qt6-webengine-dev; command -v npm >/dev/null || echo npm ;;
     test) echo libgtest-dev strace; packages_of visit ;;
-    format) echo clang-format git ;;
+    format) echo clang-format ;;
     fuzz) echo clang libclang-rt-14-dev ;;
     artwork) echo ffmpeg libjpeg-turbo-progs librsvg2-bin ;;
     bench) echo libbenchmark-dev libx11-dev unrtf ;;
