@@ -1,4 +1,3 @@
-#include <QGuiApplication>
 #include <QImage>
 #include <QTextDocument>
 #include <cstdlib>
@@ -7,12 +6,6 @@
 #include "platform/RunTimeError.h"
 #include "platform/richtext/HtmlFilter.h"
 #include "platform/richtext/PageReader.h"
-
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static const QGuiApplication application(*argc, *argv);
-  return 0;
-}
 
 static QImage PictureOf(const QString& name) {
   QImage picture(name.size() % 2 == 0 ? QSize(7, 3) : QSize(), QImage::Format_RGB32);

@@ -1,13 +1,5 @@
-#include <QGuiApplication>
-
 #include "Bytes.h"
 #include "platform/richtext/Metafile.h"
-
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static const QGuiApplication application(*argc, *argv);
-  return 0;
-}
 
 // Both kinds: the mark of the 32-bit one is what random bytes would hardly find.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

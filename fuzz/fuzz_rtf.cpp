@@ -1,15 +1,8 @@
-#include <QGuiApplication>
 #include <QTextDocument>
 
 #include "Bytes.h"
 #include "platform/RunTimeError.h"
 #include "platform/richtext/RtfReader.h"
-
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static const QGuiApplication application(*argc, *argv);
-  return 0;
-}
 
 // The page is laid out too: what the reader builds must be sound enough for that.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
