@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QTimer>
 
-#include "Reader.h"
+#include "DemoLearner.h"
 #include "Times.h"
 #include "coursescreen/Form1.h"
 #include "support/Gui.h"
@@ -22,15 +22,15 @@ constexpr int kPatience = 20000;  // ms
 constexpr int kLook = 5;          // ms
 
 struct Movie {
-  const char* Page;    // how the page's name in the reader ends
+  const char* Page;    // how the page's name ends
   const char* Player;  // the object name of the player
   double ColdAim;      // ms; the first picture of the run
   double MemoryAim;    // MB more after all visits than after the first
 };
 
-size_t PageOf(const Reader& reader, const Movie& movie) {
-  for (size_t page = 0; page < reader.Pages(); ++page) {
-    if (reader.Name(page).endsWith(QLatin1String(movie.Page))) return page;
+size_t PageOf(const DemoLearner& learner, const Movie& movie) {
+  for (size_t page = 0; page < learner.Pages(); ++page) {
+    if (learner.Name(page).endsWith(QLatin1String(movie.Page))) return page;
   }
   qFatal("no page %s", movie.Page);
 }
@@ -101,12 +101,12 @@ void ReportLeft(benchmark::State& state, const char* name, double left, double a
 
 void MoviePage(benchmark::State& state, const Movie& movie) {
   PutTemporaryFoldersIn(kTmpfs);
-  Reader reader(Reader::Players::Copied);
+  DemoLearner learner(DemoLearner::Players::Copied);
   Form1& screen = *LoadedForm<Form1>();
-  const size_t page = PageOf(reader, movie);
+  const size_t page = PageOf(learner, movie);
   Times first, leave;
   const auto visit = [&](auto&& turn) {
-    reader.PressBefore(page);
+    learner.PressBefore(page);
     turn();
     const auto start = std::chrono::steady_clock::now();
     screen.PrevPage();
@@ -115,7 +115,7 @@ void MoviePage(benchmark::State& state, const Movie& movie) {
     return taken.count();
   };
   const auto turn = [&] {
-    reader.Release();
+    learner.Release();
     if (!AwaitPicture(screen, movie)) state.SkipWithError("no picture came");
   };
   Times cold;

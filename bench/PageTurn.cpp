@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 
-#include "Reader.h"
+#include "DemoLearner.h"
 #include "Times.h"
 
 namespace {
@@ -18,35 +18,35 @@ constexpr int kSaves = 300;
 constexpr size_t kSavedBytes = 600;  // about the progress file of a demo course
 
 // The page whose turn takes longest as a rule.
-std::string SlowestPage(const Reader& reader, const std::vector<Times>& pages) {
+std::string SlowestPage(const DemoLearner& learner, const std::vector<Times>& pages) {
   const auto slowest = std::max_element(pages.begin(), pages.end(), [](const Times& one, const Times& other) {
     return one.Percentile(0.5) < other.Percentile(0.5);
   });
   const auto page = static_cast<size_t>(slowest - pages.begin());
-  return "slowest: " + reader.Name(page).toStdString() + ", median " +
+  return "slowest: " + learner.Name(page).toStdString() + ", median " +
          QString::number(slowest->Percentile(0.5), 'f', 2).toStdString() + " ms";
 }
 
 void PageTurn(benchmark::State& state, const char* folder) {
   PutTemporaryFoldersIn(folder);
-  Reader reader;
+  DemoLearner learner;
   Times all, firstRound;
-  std::vector<Times> pages(reader.Pages());
+  std::vector<Times> pages(learner.Pages());
   size_t turn = 0;
   for (auto _ : state) {
-    const size_t page = turn % reader.Pages();
-    reader.PressBefore(page);
-    pages[page].Add(all.Take(state, [&] { reader.Release(); }));
-    if (turn == reader.Pages() - 1) firstRound = all;
-    if (!reader.HasTurnedTo(page)) {
-      const std::string name = reader.Name(page).toStdString();
+    const size_t page = turn % learner.Pages();
+    learner.PressBefore(page);
+    pages[page].Add(all.Take(state, [&] { learner.Release(); }));
+    if (turn == learner.Pages() - 1) firstRound = all;
+    if (!learner.HasTurnedTo(page)) {
+      const std::string name = learner.Name(page).toStdString();
       state.SkipWithError(("not on the screen or not on the disk: " + name).c_str());
       break;
     }
     ++turn;
   }
-  state.counters["pages"] = static_cast<double>(reader.Pages());
-  state.SetLabel(SlowestPage(reader, pages));
+  state.counters["pages"] = static_cast<double>(learner.Pages());
+  state.SetLabel(SlowestPage(learner, pages));
   firstRound.Report(state, "first_visit_");
   if (folder == kTmpfs) {
     all.ReportTailAim(state, kAim);

@@ -12,15 +12,15 @@
 
 class Form1;
 
-class Reader {
+class DemoLearner {
  public:
   // What lies beside the courses. The web engine behind Flash movies starts once in a process, so that only
-  // one reader of a run can turn to their page with the players there.
+  // one learner of a run can turn to their page with the players there.
   enum class Players { Left, Copied };
 
   // Starts the program, chooses the first course and signs in.
-  explicit Reader(Players players = Players::Left);
-  ~Reader();
+  explicit DemoLearner(Players players = Players::Left);
+  ~DemoLearner();
 
   // How many pages can be turned to: all of all courses but the first of each and the test pages, which
   // open a screen of their own.

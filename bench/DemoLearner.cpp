@@ -1,4 +1,4 @@
-#include "Reader.h"
+#include "DemoLearner.h"
 
 #include <filesystem>
 
@@ -17,13 +17,13 @@ namespace {
 const QString kFirstName = QStringLiteral("Ida"), kLastName = QStringLiteral("Lind");
 const QString kNextButton = QStringLiteral("NextBtn");
 
-void CopyDemoStore(const Store& store, Reader::Players players) {
+void CopyDemoStore(const Store& store, DemoLearner::Players players) {
   namespace fs = std::filesystem;
   const fs::path demo(TALLOWMERE_DEMO_STORE), copy(store.Path().toStdString());
   for (const auto& entry : fs::directory_iterator(demo)) {
     const fs::path name = entry.path().filename();
     if (name == "tallowmere" || name == "data" || name == "GUIimages") continue;
-    if (name == "players" && players == Reader::Players::Left) continue;
+    if (name == "players" && players == DemoLearner::Players::Left) continue;
     fs::copy(entry.path(), copy / name, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
   }
 }
@@ -42,7 +42,7 @@ QPoint MiddleOfNext(const Form1& screen) {
 
 }  // namespace
 
-Reader::Reader(Players players) {
+DemoLearner::DemoLearner(Players players) {
   CopyDemoStore(store_, players);
   store_.AddLearner(kFirstName, kLastName);
   FormLife::Begin({});
@@ -56,14 +56,14 @@ Reader::Reader(Players players) {
   ListTurns();
 }
 
-Reader::~Reader() {
+DemoLearner::~DemoLearner() {
   FormLife::Begin({});
   Dispatcher::SetIdleCheck({});
   Gui::Settle();
   OneCopy::Release();
 }
 
-void Reader::SignIn() {
+void DemoLearner::SignIn() {
   if (!Main()) qFatal("the program did not start");
   ChooseFirstCourse(clock_);
   Gui::Script script;
@@ -74,7 +74,7 @@ void Reader::SignIn() {
   Gui::Settle();
 }
 
-void Reader::ListTurns() {
+void DemoLearner::ListTurns() {
   const int courses = static_cast<int>(gCourses.size()) - 1;  // behind them all modules once more
   for (int course = 0; course < courses; ++course) {
     Spot before{course, 0, {}};
@@ -98,25 +98,25 @@ void Reader::ListTurns() {
   }
 }
 
-QString Reader::Name(size_t page) const {
+QString DemoLearner::Name(size_t page) const {
   const Spot& spot = turns_.at(page).To;
   const CourseRecord& course = gCourses.at(spot.Course);
   return course.CourseName + QStringLiteral(", ") + course.Modules.at(spot.Module).ModuleId +
          QStringLiteral(", ") + spot.Page;
 }
 
-void Reader::OpenCourse(int course) {
+void DemoLearner::OpenCourse(int course) {
   gCurrentCourse = course;
   screen_->InitNewCourse();
   screen_->Pages().UpdatePageButtons();
   if (!HasCourseRecord()) StartCourseRecord();
 }
 
-QByteArray Reader::Record() const {
+QByteArray DemoLearner::Record() const {
   return store_.Read(store_.DataPath(kFirstName + u' ' + kLastName + u'/' + CurrentCourse().CourseName));
 }
 
-void Reader::PressBefore(size_t page) {
+void DemoLearner::PressBefore(size_t page) {
   const auto& [from, to] = turns_.at(page);
   if (gCurrentCourse != from.Course) OpenCourse(from.Course);
   if (gCurrentModule != from.Module || gPageList.GetCurrentPageName() != from.Page) {
@@ -132,12 +132,12 @@ void Reader::PressBefore(size_t page) {
   pagePaint_->Forget();
 }
 
-void Reader::Release() {
+void DemoLearner::Release() {
   QTest::mouseRelease(screen_->windowHandle(), Qt::LeftButton, {}, MiddleOfNext(*screen_));
   painted_ = pagePaint_->Await();
 }
 
-bool Reader::HasTurnedTo(size_t page) const {
+bool DemoLearner::HasTurnedTo(size_t page) const {
   const Spot& spot = turns_.at(page).To;
   if (!painted_ || gCurrentModule != spot.Module || gPageList.GetCurrentPageName() != spot.Page) return false;
   const QByteArray id = CurrentModule().ModuleId.toLatin1();
