@@ -1,8 +1,8 @@
 #include "FrameConverter.h"
 
-namespace {
+#include "Limits.h"
 
-constexpr double kMostPixels = 8192.0 * 4320;
+namespace {
 
 // Wider or narrower than the frame where its pixels are not square, as far as that makes a picture.
 int SeenWidth(const AVFrame& frame) {

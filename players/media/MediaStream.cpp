@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "Limits.h"
+
 namespace {
 
 // What is read, by the names of the readers: Windows Media, AVI and MPEG-4. None of them leads elsewhere.
@@ -11,7 +13,6 @@ constexpr const char* kFormats = "asf,avi,mov";
 constexpr const char* kCodecs =
     "wmv1,wmv2,wmv3,vc1,msmpeg4v1,msmpeg4v2,msmpeg4,mpeg4,h264,msvideo1,msrle,cinepak,indeo3,indeo5,mjpeg,"
     "rawvideo,wmav1,wmav2,wmapro,wmavoice,mp3float,mp3,aac,ac3,pcm_u8,pcm_s16le,adpcm_ms,adpcm_ima_wav";
-constexpr int64_t kMostPixels = 8192 * 4320;
 constexpr double kUsualFrame = 1 / 15.0;  // seconds, where the file does not tell
 constexpr double kLongestFrame = 60;      // a longer one is damage
 

@@ -18,7 +18,6 @@
 
 namespace {
 
-constexpr int kPatience = 120000;  // ms; the engine starts slowly on a busy machine
 const QString kPlugin = QStringLiteral(TALLOWMERE_PLAYERS "/flash.so");
 const QString kClass = QStringLiteral("ShockwaveFlash.ShockwaveFlash.11");
 
@@ -79,8 +78,6 @@ class FlashTest : public ProgramTest {
     return store.Path(name);
   }
 
-  static bool Await(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, kPatience); }
-
   // A player of its own on a form, with the commands that its movie has given.
   struct Watched {
     explicit Watched(QWidget& container) : Player(&AddPlayer(container, kClass, "ShockwaveFlash1")) {
@@ -100,7 +97,7 @@ TEST_F(FlashTest, MovieThatTellsItsSizeShowsInIt) {
   auto* player = Gui::Find<MoviePlayer>(screen, "ShockwaveFlash1");
   auto* frame = Gui::Find<PictureBox>(screen, "ImageFrame");
   EXPECT_FALSE(player->isVisible());
-  ASSERT_TRUE(Await([&] { return player->isVisible(); }));
+  ASSERT_TRUE(Gui::Await([&] { return player->isVisible(); }));
   EXPECT_EQ(player->size(), QSize(320, 160));
   EXPECT_EQ(frame->Width(), 320 * Screen::TwipsPerPixelX());
   EXPECT_EQ(frame->Height(), 160 * Screen::TwipsPerPixelY());
@@ -122,10 +119,10 @@ TEST_F(FlashTest, HeldMovieRunsTheCommandsOfItsFirstFrameOnly) {
   held.Player->SetMovie(file);
   held.Player->Stop();
   free.Player->SetMovie(file);
-  ASSERT_TRUE(Await([&] { return !held.Commands.isEmpty() && free.Commands.contains("end "); }));
+  ASSERT_TRUE(Gui::Await([&] { return !held.Commands.isEmpty() && free.Commands.contains("end "); }));
   EXPECT_EQ(held.Commands, QStringList{"frame 1"});
   held.Player->Play();
-  ASSERT_TRUE(Await([&] { return held.Commands.contains("end "); }));
+  ASSERT_TRUE(Gui::Await([&] { return held.Commands.contains("end "); }));
   EXPECT_EQ(held.Commands.mid(0, 4), (QStringList{"frame 1", "frame 2", "frame 3", "end "}));
 }
 
@@ -150,7 +147,7 @@ TEST_F(FlashTest, FileThatIsNoMovieShowsNothing) {
     player.Player->SetMovie(Movie(bytes));
     player.Commands.clear();
     player.Player->SetMovie(Movie(good));
-    ASSERT_TRUE(Await([&] { return !player.Commands.isEmpty(); }));
+    ASSERT_TRUE(Gui::Await([&] { return !player.Commands.isEmpty(); }));
     EXPECT_EQ(player.Commands, QStringList{"size 200x100"});
   }
   EXPECT_FALSE(player.Player->isVisible());
@@ -167,7 +164,7 @@ TEST_F(FlashTest, MovieReachesNothingOutside) {
                         {{address + "/page", "_self"}},
                         {{"javascript:new Image().src='" + address + "/picture'", "_self"}},
                         {{"end", ""}}})));
-  ASSERT_TRUE(Await([&] { return player.Commands.size() > 2; }));  // it has run more than once
+  ASSERT_TRUE(Gui::Await([&] { return player.Commands.size() > 2; }));  // it has run more than once
   EXPECT_FALSE(server.WasCalled());
 }
 

@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr int kPatience = 10000;          // milliseconds until a picture counts as not coming
 const QColor kCaption(0x66, 0x66, 0xFF);  // what the captions of the film stand on, in its lowest rows
 
 class MediaTest : public CourseTest {
@@ -47,7 +46,6 @@ class MediaTest : public CourseTest {
       count += store.Read("/proc/self/task/" + task + "/comm").startsWith("movie") ? 1 : 0;
     return count;
   }
-  static bool Await(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, kPatience); }
   static bool IsLike(QColor one, QColor other) {
     return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
                std::abs(one.blue() - other.blue()) <
@@ -62,10 +60,10 @@ class MediaTest : public CourseTest {
 TEST_F(MediaTest, AVideoPlaysOnItsPageAndEndsWithIt) {
   Form1& screen = ReadBefore(store.Read(TALLOWMERE_FILM));
   Gui::Click(screen, "NextBtn");
-  ASSERT_TRUE(Await([] { return ShowsFilm(ImageFrame()); }));
+  ASSERT_TRUE(Gui::Await([] { return ShowsFilm(ImageFrame()); }));
   const QImage first = Picture(ImageFrame());
   EXPECT_EQ(first.size(), PageView().ObjectRect(PageView().Objects().value(0).Id).size());
-  EXPECT_TRUE(Await([&first] { return Picture(ImageFrame()) != first; }));
+  EXPECT_TRUE(Gui::Await([&first] { return Picture(ImageFrame()) != first; }));
   EXPECT_GT(Threads(), 0);
 
   const int top = ImageFrame().y();
@@ -107,7 +105,7 @@ TEST_F(MediaTest, ASoundServerThatHangsHoldsNobodyUp) {
   qputenv("PULSE_SERVER", QFile::encodeName("unix:" + store.PathBeside("sound")));
   Form1& screen = ReadBefore(store.Read(TALLOWMERE_FILM));
   Gui::Click(screen, "NextBtn");
-  ASSERT_TRUE(Await([] { return ShowsFilm(ImageFrame()); }));
+  ASSERT_TRUE(Gui::Await([] { return ShowsFilm(ImageFrame()); }));
   EXPECT_EQ(Threads(), 2);  // the sound still waits for an answer
   QElapsedTimer leaving;
   leaving.start();
@@ -139,7 +137,7 @@ TEST_F(MediaTest, AFileThatIsNoVideoShowsNothingAndLeadsNowhere) {
   for (const QByteArray& bytes : files) {
     store.Write("rt0101/Movies/film.wmv", bytes);
     Gui::Click(screen, "NextBtn");
-    EXPECT_TRUE(Await([this] { return Threads() == 0; })) << bytes.left(20).toStdString();
+    EXPECT_TRUE(Gui::Await([this] { return Threads() == 0; })) << bytes.left(20).toStdString();
     Gui::Settle();
     QImage white = Picture(ImageFrame());
     const QImage shown = white;
@@ -164,8 +162,8 @@ TEST_F(MediaTest, ACutVideoShowsWhatItHasAndKeepsIt) {
   const int cut = 30000;  // bytes; about a second of it
   Form1& screen = ReadBefore(store.Read(TALLOWMERE_FILM).left(cut));
   Gui::Click(screen, "NextBtn");
-  ASSERT_TRUE(Await([] { return ShowsFilm(ImageFrame()); }));
-  EXPECT_TRUE(Await([this] { return Threads() == 0; }));  // it is over
+  ASSERT_TRUE(Gui::Await([] { return ShowsFilm(ImageFrame()); }));
+  EXPECT_TRUE(Gui::Await([this] { return Threads() == 0; }));  // it is over
   Gui::Settle();
   EXPECT_TRUE(ShowsFilm(ImageFrame()));
 }
@@ -179,13 +177,13 @@ TEST_F(MediaTest, TheVideoFillsThePlayerAsItIsTold) {
   player.SetBackColor(0x0000FF);
   player.SetMovie(TALLOWMERE_FILM);
   // The caption reaches the lowest row, or red is below it; at the left edge stands a post of the shelf.
-  ASSERT_TRUE(Await([&] { return IsLike(Picture(player).pixelColor(8, 310), kCaption); }));
+  ASSERT_TRUE(Gui::Await([&] { return IsLike(Picture(player).pixelColor(8, 310), kCaption); }));
   EXPECT_EQ(Picture(player).pixelColor(8, 395), QColor(Qt::red));
   EXPECT_EQ(Picture(player).pixelColor(8, 5), QColor(Qt::red));
   player.Stop();
   const QImage held = Picture(player);
   player.Play();
-  EXPECT_TRUE(Await([&] { return Picture(player) != held; }));
+  EXPECT_TRUE(Gui::Await([&] { return Picture(player) != held; }));
   for (const Fit fit : {Fit::Cover, Fit::Stretch}) {
     player.SetFit(fit);
     EXPECT_TRUE(IsLike(Picture(player).pixelColor(8, 395), kCaption));
@@ -202,9 +200,9 @@ TEST_F(MediaTest, TheWaitWindowPlaysItsMovieAgainAndAgain) {
     QWidget& movie = *Gui::Find(viewer, "Animation1");
     const QImage still = Picture(movie);
     QImage first;
-    EXPECT_TRUE(Await([&] { return (first = Picture(movie)) != still; }));
-    EXPECT_TRUE(Await([&] { return Picture(movie) != first; }));
-    EXPECT_TRUE(Await([&] { return Picture(movie) == first; }));  // from its beginning
+    EXPECT_TRUE(Gui::Await([&] { return (first = Picture(movie)) != still; }));
+    EXPECT_TRUE(Gui::Await([&] { return Picture(movie) != first; }));
+    EXPECT_TRUE(Gui::Await([&] { return Picture(movie) == first; }));  // from its beginning
     clock.Advance(2000);
   });
   Gui::Click(Default<Form1>(), "toolBar_But");

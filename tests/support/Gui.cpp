@@ -8,6 +8,7 @@ namespace Gui {
 
 namespace {
 
+constexpr int kAwaited = 120000;  // ms
 constexpr int kPatience = 20000;  // polls of a script's step before it counts as never coming
 
 QPoint Middle(const Form& form, const QString& name) {
@@ -56,6 +57,10 @@ QStringList TabWalk(const Form& form, int steps) {
 void Settle() {
   QCoreApplication::processEvents();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+bool Await(const std::function<bool()>& condition) {
+  return QTest::qWaitFor(condition, kAwaited);
 }
 
 Script::Script() = default;

@@ -43,6 +43,10 @@ ShownForm& Show() {
 // Lets everything that is posted be delivered, deletions included.
 void Settle();
 
+// Lets events be delivered until the condition holds, for what goes on in a time of its own. False when it
+// does not within two minutes: such things start slowly on a busy machine.
+bool Await(const std::function<bool()>& condition);
+
 // Acts when a form comes to the front, also inside the modal loops of others.
 class Script {
  public:
