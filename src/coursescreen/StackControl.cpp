@@ -2,6 +2,7 @@
 
 #include "content/PageList.h"
 #include "frame/ProgramState.h"
+#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 
 namespace {
@@ -24,5 +25,6 @@ void PushReturnPoint() {
 }
 
 ReturnPoint PopReturnPoint() {
+  if (gReturnStack.isEmpty()) throw RunTimeError(Describe("no-return-place"));
   return gReturnStack.takeLast();
 }

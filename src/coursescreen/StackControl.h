@@ -10,5 +10,5 @@ void ClearReturnStack();
 // the oldest stay and the present place is not recorded.
 void PushReturnPoint();
 
-// Takes the top place off and returns it. The stack must not be empty.
+// Takes the top place off and returns it. RunTimeError when the stack is empty; the button is disabled then.
 ReturnPoint PopReturnPoint();

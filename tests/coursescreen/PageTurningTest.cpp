@@ -2,7 +2,9 @@
 #include <QDir>
 
 #include "coursescreen/CourseScreenTest.h"
+#include "coursescreen/StackControl.h"
 #include "frame/ProgramState.h"
+#include "platform/RunTimeError.h"
 #include "support/ProgressLines.h"
 
 namespace {
@@ -87,6 +89,7 @@ TEST_F(PageTurningTest, ReturnGoesBackStepByStepAndRunsOut) {
   EXPECT_EQ(seen, QStringList({"rt0102 0001.txm", "rt0101 0003.txm", "rt0101 0002.txm", "rt0101 0001.txm"}));
   EXPECT_EQ(Header(), "Customers : Greeting");
   EXPECT_EQ(LookOf("Prev"), Look::Disabled);  // a return sets both buttons by the place
+  EXPECT_THROW(PopReturnPoint(), RunTimeError);
 }
 
 TEST_F(PageTurningTest, TheStackKeepsTheOldestHundredAndOnePlaces) {
