@@ -38,13 +38,6 @@ QString ScaleOf(MoviePlayer::Fit fit) {
   return {};
 }
 
-QString WebColour(int colour) {
-  return QStringLiteral("#%1%2%3")
-      .arg(colour & 0xFF, 2, 16, QLatin1Char('0'))
-      .arg((colour >> 8) & 0xFF, 2, 16, QLatin1Char('0'))
-      .arg((colour >> 16) & 0xFF, 2, 16, QLatin1Char('0'));
-}
-
 }  // namespace
 
 // Says nothing, asks nothing and opens nothing.
@@ -179,9 +172,10 @@ void FlashPage::Open(QByteArray movie, MoviePlayer::Fit fit, int backColor) {
 
 void FlashPage::Begin() {
   page_->setAudioMuted(isHeld_);
-  page_->setBackgroundColor(QColor(WebColour(backColor_)));
+  const QColor back = PlayerColour(backColor_);
+  page_->setBackgroundColor(back);
   Run(QStringLiteral("openMovie(%1, '%2', '%3', %4)")
-          .arg(QString::number(number_), ScaleOf(fit_), WebColour(backColor_),
+          .arg(QString::number(number_), ScaleOf(fit_), back.name(),
                isHeld_ ? QStringLiteral("true") : QStringLiteral("false")));
 }
 

@@ -27,7 +27,7 @@ void VideoPlayer::SetFit(Fit fit) {
 }
 
 void VideoPlayer::SetBackColor(int colour) {
-  backColor_ = QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
+  backColor_ = PlayerColour(colour);
   update();
 }
 

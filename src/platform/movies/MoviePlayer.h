@@ -3,10 +3,16 @@
 // plugin needs of the program.
 #pragma once
 
+#include <QColor>
 #include <QString>
 #include <QWidget>
 #include <QtPlugin>
 #include <functional>
+
+// The colour that a player is given as 0xBBGGRR (blue in the high byte).
+inline QColor PlayerColour(int bbggrr) {
+  return {bbggrr & 0xFF, bbggrr >> 8 & 0xFF, bbggrr >> 16 & 0xFF};
+}
 
 class MoviePlayer : public QWidget {
  public:
