@@ -1,6 +1,7 @@
 #include "coursescreen/Form1.h"
 
 #include "coursescreen/ButtonPictures.h"
+#include "coursescreen/PlayerMessage.h"
 #include "frame/CourseScreenLayout.h"
 #include "frame/FormFitting.h"
 #include "frame/LeaveQuestion.h"
@@ -112,8 +113,7 @@ void Form1::Form_Load() {
     pages_.InitCourseDisplay();
     menus_.Build();
   } catch (const RunTimeError& error) {
-    const bool playerMissing = error.Description().contains(QStringLiteral("Control.dll"));
-    MsgBox(playerMissing ? LoadStringResource(kResNeedsShockwave) : error.Description());
+    MsgBox(PlayerMessage(error, {kShockwaveControl}));
     Unload();
   }
 }

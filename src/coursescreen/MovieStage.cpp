@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "content/REGISTRY.h"
+#include "coursescreen/PlayerMessage.h"
 #include "frame/ProgramState.h"
 #include "frame/ResConstants.h"
 #include "frame/TextTable.h"
@@ -47,14 +48,6 @@ void DiscardPlayer(QPointer<MoviePlayer>& player) {
   }
   Discard(playing);
   player.clear();
-}
-
-QString PlayerMessage(const RunTimeError& error) {
-  if (error.Description().contains(QStringLiteral("Control.dll"))) {
-    return LoadStringResource(kResNeedsShockwave);
-  }
-  if (error.Description().contains(QStringLiteral("swflash"))) return LoadStringResource(kResNeedsFlash);
-  return error.Description();
 }
 
 }  // namespace
@@ -102,7 +95,7 @@ void MovieStage::TextControlObjectData(int id, const QString& text) {
       InsertVideo();
     }
   } catch (const RunTimeError& error) {
-    MsgBox(PlayerMessage(error));
+    MsgBox(PlayerMessage(error, {kShockwaveControl, kFlashControl}));
   }
 }
 

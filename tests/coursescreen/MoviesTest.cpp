@@ -2,7 +2,12 @@
 #include <QDir>
 #include <QScrollBar>
 
+#include "coursescreen/PlayerMessage.h"
 #include "frame/ProgramState.h"
+#include "frame/ResConstants.h"
+#include "frame/TextTable.h"
+#include "platform/Descriptions.h"
+#include "platform/RunTimeError.h"
 #include "platform/forms/Screen.h"
 #include "platform/movies/MoviePlayer.h"
 #include "support/Program.h"
@@ -123,6 +128,27 @@ TEST_P(MissingPlayerTest, IsToldAndLeavesThePageUsable) {
 INSTANTIATE_TEST_SUITE_P(Movies, MissingPlayerTest,
                          ::testing::Values(Missing::InTheRegistry, Missing::AmongThePlugins,
                                            Missing::AtItsMaking));
+
+TEST(PlayerMessageTest, AsksForThePlayerWhoseControlTheDescriptionNames) {
+  const QString shockwave = LoadStringResource(kResNeedsShockwave),
+                flash = LoadStringResource(kResNeedsFlash);
+  const struct {
+    QString File, OfCourse, OfMovie;  // a null text is the description
+  } rows[] = {
+      {"C:\\Director\\Control.dll", shockwave, shockwave},
+      {"C:\\Flash\\swflash.ocx", {}, flash},
+      {"swflash to Control.dll", shockwave, shockwave},
+      {"control.dll", {}, {}},
+      {"map.txt", {}, {}},
+  };
+  for (const auto& row : rows) {
+    const RunTimeError error(Describe("file-missing", row.File));
+    const auto expected = [&](const QString& text) { return text.isNull() ? error.Description() : text; };
+    EXPECT_EQ(PlayerMessage(error, {kShockwaveControl}), expected(row.OfCourse)) << row.File.toStdString();
+    EXPECT_EQ(PlayerMessage(error, {kShockwaveControl, kFlashControl}), expected(row.OfMovie))
+        << row.File.toStdString();
+  }
+}
 
 TEST_F(MoviesTest, AFlashMovieShowsOnceItHasToldItsSize) {
   Install();

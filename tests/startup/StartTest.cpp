@@ -1,5 +1,7 @@
 // The start of the program: catalogue, display, course choice, splash.
 #include "frame/ProgramState.h"
+#include "frame/ResConstants.h"
+#include "frame/TextTable.h"
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
@@ -136,7 +138,7 @@ TEST_F(StartTest, ASingleCourseGoesStraightToTheSplash) {
 TEST_F(StartTest, ACourseThatDoesNotOpenIsToldAndTheChoiceComesAgain) {
   AddTwoModules();
   store.AddCourse("A without modules", "");
-  store.AddCourse("B not installed", "rt0999");
+  store.AddCourse("B without its Control.dll", "rt0999");
   store.AddCourse("C without its first page", "rt0101");
   store.AddCourse("Warehouse", "rt0102");
   QFile::remove(store.Path("rt0101/0001.txm"));
@@ -146,6 +148,8 @@ TEST_F(StartTest, ACourseThatDoesNotOpenIsToldAndTheChoiceComesAgain) {
     ChooseCourse(broken);
     const QStringList said = messages.Take();
     ASSERT_EQ(said.size(), 2) << broken;
+    // A description that holds the name of that file is taken for the player's.
+    EXPECT_EQ(said[0] == LoadStringResource(kResNeedsShockwave), broken == 1);
     EXPECT_TRUE(said[1].startsWith("The course selected did not load properly."));
     EXPECT_EQ(LoadedForm<Form1>(), nullptr);
     EXPECT_EQ(LoadedForm<SplashScreen>(), nullptr);
