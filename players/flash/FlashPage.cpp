@@ -18,6 +18,9 @@ const QStringList kFiles{QStringLiteral("player.html"), QStringLiteral("player.j
                          QStringLiteral("ruffle.js")};
 const QString kFailed = QStringLiteral("failed"), kCommand = QStringLiteral("command"),
               kEntered = QStringLiteral("entered");
+// The reason on a machine where the engine plays nothing for this user.
+const QString kNoSandbox =
+    QStringLiteral("this user may not make the namespaces of the web engine's sandbox");
 
 // All pages of the program; the one without a parent waits for the next movie.
 std::vector<std::unique_ptr<FlashPage>>& Pages() {
@@ -70,7 +73,7 @@ bool FlashPage::CanStart(QString& reason) {
     reason = folder.filePath(file);
     return false;
   }
-  if (!FlashEngine::HasSandbox()) reason = QStringLiteral("sandbox");
+  if (!FlashEngine::HasSandbox()) reason = kNoSandbox;
   return FlashEngine::HasSandbox();
 }
 

@@ -14,7 +14,7 @@ class QWebEngineView;
 
 class FlashPage final : public QObject {
  public:
-  // Whether there can be such pages; the reason names the file that is missing, or the sandbox.
+  // Whether there can be such pages; the reason is the path of a missing file, or the sandbox.
   static bool CanStart(QString& reason);
 
   // A page whose view stands in the container, one pixel large. Give it back before the container goes.

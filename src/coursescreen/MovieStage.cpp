@@ -124,7 +124,7 @@ void MovieStage::FillFrame(MoviePlayer& player) const {
 }
 
 void MovieStage::InsertFlashMovie() {
-  try {
+  const bool inserted = LogErrors([this] {
     GetFlashVersion(flashClass_);
     MoviePlayer& movie = AddPlayerToFrame(flashClass_, kFlashName);
     objSWF_ = &movie;
@@ -134,9 +134,8 @@ void MovieStage::InsertFlashMovie() {
     movie.SetFit(MoviePlayer::Fit::Stretch);
     movie.SetMovie(MovieFile());
     movie.Stop();
-  } catch (const RunTimeError&) {
-    MsgBox(LoadStringResource(kResPageHasFlash));
-  }
+  });
+  if (!inserted) MsgBox(LoadStringResource(kResPageHasFlash));
 }
 
 void MovieStage::TakeSize(MoviePlayer& movie, const QString& arguments) {
@@ -157,7 +156,7 @@ void MovieStage::TakeSize(MoviePlayer& movie, const QString& arguments) {
 }
 
 void MovieStage::InsertDirectorMovie() {
-  try {
+  const bool inserted = LogErrors([this] {
     GetShockwaveVersion(shockwaveClass_);
     MoviePlayer& movie = AddPlayerToFrame(shockwaveClass_, kOtherName);
     objDir_ = &movie;
@@ -165,13 +164,12 @@ void MovieStage::InsertDirectorMovie() {
     movie.SetFit(MoviePlayer::Fit::Stretch);
     movie.SetBackColor(kWhite);
     movie.show();
-  } catch (const RunTimeError&) {
-    MsgBox(LoadStringResource(kResPageHasShockwave));
-  }
+  });
+  if (!inserted) MsgBox(LoadStringResource(kResPageHasShockwave));
 }
 
 void MovieStage::InsertVideo() {
-  IgnoreErrors([this] {
+  LogErrors([this] {
     GetMediaPlayerVersion(mediaClass_);
     MoviePlayer& movie = AddPlayerToFrame(mediaClass_, kOtherName);
     objVideo_ = &movie;

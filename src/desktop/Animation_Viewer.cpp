@@ -46,7 +46,7 @@ void Animation_Viewer::LoadAnimatedGif(const QString& file, const QString& title
   SetCaption(title);
   label1_->SetCaption(label);
   if (!ProgramFileExists(file)) throw RunTimeError(Describe("file-missing", file));
-  IgnoreErrors([&] { Play(file); });  // without a player the picture stands still
+  LogErrors([&] { Play(file); });  // without a player the picture stands still
 }
 
 void Animation_Viewer::Play(const QString& file) {

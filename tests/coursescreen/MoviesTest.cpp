@@ -26,7 +26,7 @@ constexpr const char* kOther = "ShockwaveCtl1";
 class MoviesTest : public CourseTest {
  protected:
   MoviesTest() { Took(); }
-  ~MoviesTest() override { qApp->setProperty("noMovies", false); }
+  ~MoviesTest() override { qApp->setProperty("noMovies", QString()); }
 
   void Install() const {
     store.Write("players/about.txt", "no plugin");
@@ -112,7 +112,7 @@ class MissingPlayerTest : public MoviesTest, public ::testing::WithParamInterfac
 TEST_P(MissingPlayerTest, IsToldAndLeavesThePageUsable) {
   if (GetParam() != Missing::InTheRegistry) Install();
   if (GetParam() == Missing::AmongThePlugins) QDir(store.Path("players")).removeRecursively();
-  qApp->setProperty("noMovies", GetParam() == Missing::AtItsMaking);
+  if (GetParam() == Missing::AtItsMaking) qApp->setProperty("noMovies", "it does not want to");
   ReadAs("Ann", "Lee");
   for (const auto& [data, told] :
        {std::pair{"a.swf", kNoFlash}, {"a.dcr", kNoShockwave}, {"a.wmv", QString()}}) {
@@ -128,6 +128,29 @@ TEST_P(MissingPlayerTest, IsToldAndLeavesThePageUsable) {
 INSTANTIATE_TEST_SUITE_P(Movies, MissingPlayerTest,
                          ::testing::Values(Missing::InTheRegistry, Missing::AmongThePlugins,
                                            Missing::AtItsMaking));
+
+TEST_F(MoviesTest, WhyThereIsNoPlayerIsLoggedOnce) {
+  static QStringList logged;
+  Install();
+  ReadAs("Ann", "Lee");
+  const auto former = qInstallMessageHandler(
+      [](QtMsgType, const QMessageLogContext&, const QString& line) { logged += line; });
+  const struct {
+    QString Data, Class;
+  } rows[] = {{"a.swf", "ShockwaveFlash.ShockwaveFlash.6"},
+              {"a.dcr", "swctl.SWCTL.10"},
+              {"a.wmv", "MediaPlayer.MediaPlayer"}};
+  for (const auto& row : rows) {
+    logged.clear();
+    const QString reason = "no place for " + store.Path();  // another one in each run of the test
+    qApp->setProperty("noMovies", reason);
+    for (int i = 0; i < 2; ++i)
+      ShowObject(row.Data);
+    EXPECT_EQ(logged, QStringList("The movie player for \"" + row.Class + "\" can't be made: " + reason));
+  }
+  qInstallMessageHandler(former);
+  messages.Take();
+}
 
 TEST(PlayerMessageTest, AsksForThePlayerWhoseControlTheDescriptionNames) {
   const QString shockwave = LoadStringResource(kResNeedsShockwave),

@@ -51,7 +51,9 @@ class MoviePlayer : public QWidget {
 class MoviePlayerPlugin {
  public:
   virtual ~MoviePlayerPlugin() = default;
-  // A new player of one of these classes in the container; nullptr when it can't be made, with the reason.
+  // A new player of one of these classes in the container; nullptr when it can't be made. `reason` then tells
+  // what the machine lacks: the path of a missing file, or a phrase in English. It stands in the log, behind
+  // words of the program, and no learner reads it, so it is not translated.
   virtual MoviePlayer* MakePlayer(QWidget* container, QString& reason) = 0;
 };
 

@@ -1,5 +1,5 @@
 // A player of all kinds of movies that shows nothing and notes what it is told, in the property "movies" of
-// the application. With the property "noMovies" it makes no player.
+// the application. With a text in the property "noMovies" it makes no player, for that reason.
 #include <QCoreApplication>
 #include <QVariant>
 
@@ -32,8 +32,9 @@ class RecordingPlugin final : public QObject, public MoviePlayerPlugin {
 
  public:
   MoviePlayer* MakePlayer(QWidget* container, QString& reason) override {
-    if (!qApp->property("noMovies").toBool()) return new RecordingPlayer(container);
-    reason = QStringLiteral("it does not want to");
+    const QString refusal = qApp->property("noMovies").toString();
+    if (refusal.isEmpty()) return new RecordingPlayer(container);
+    reason = refusal;
     return nullptr;
   }
 };
