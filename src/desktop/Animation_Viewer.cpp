@@ -4,6 +4,7 @@
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
 #include "platform/movies/MoviePlayer.h"
@@ -17,8 +18,6 @@ constexpr QRect Animation1{50, 22, 240, 72};
 constexpr Place Label1{24, 108, 292, 24};
 constexpr double Points = 10;
 }  // namespace Layout
-
-constexpr int kTextColour = 0x333333;
 
 void PlaceInPixels(Control& control, const Place& place) {
   const double x = Screen::TwipsPerPixelX(), y = Screen::TwipsPerPixelY();
@@ -36,7 +35,7 @@ Animation_Viewer::Animation_Viewer()
   IgnoreErrors([this] { picture1_->SetPicture(SkinPicture(QStringLiteral("Wait.jpg"))); });
   PlaceInPixels(*label1_, Layout::Label1);
   label1_->SetFont(Layout::Points, true);
-  label1_->SetForeColor(kTextColour);
+  label1_->SetForeColor(Palette::kText);
   label1_->setAlignment(Qt::AlignCenter);
 }
 

@@ -1,11 +1,12 @@
 #include "frame/CourseScreenLayout.h"
 
 #include "platform/RunTimeError.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/SkinButton.h"
 
 namespace {
 
-constexpr int kBarText = 0xFFFFFF, kBarBack = 0x999999;
+constexpr int kBarText = 0xFFFFFF, kBarBack = Palette::kGrey;
 
 }  // namespace
 

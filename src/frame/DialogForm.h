@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/forms/Form.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/SkinButton.h"
 
 namespace DialogLayout {  // twips at 15 per pixel
@@ -14,7 +15,7 @@ inline constexpr Place kLeftButton{4590, 4703, 1335, 495};
 inline constexpr Place kRightButton{6105, 4703, 1335, 495};
 inline constexpr double kStripToTop = 697;  // from the lower edge of a dialog up to the top of its buttons
 inline constexpr double kTitlePoints = 14.25, kTextPoints = 10;
-inline constexpr int kTitleColour = 0xFFFFFF, kTextColour = 0x333333, kStrongColour = 0xB24747;
+inline constexpr int kTitleColour = 0xFFFFFF, kTextColour = Palette::kText, kStrongColour = Palette::kEdge;
 
 }  // namespace DialogLayout
 

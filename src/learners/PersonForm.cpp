@@ -2,12 +2,13 @@
 
 #include "frame/TextTable.h"
 #include "platform/forms/MsgBox.h"
+#include "platform/forms/Palette.h"
 
 namespace {
 
 constexpr int kNameLength = 32, kEmailLength = 64;  // characters
-constexpr int kFocusBack = 0xFFCCCC, kFocusText = 0x000000;
-constexpr int kPlainBack = 0xFF6666, kPlainText = 0xFFFFFF;
+constexpr int kFocusBack = Palette::kLight, kFocusText = 0x000000;
+constexpr int kPlainBack = Palette::kBlue, kPlainText = 0xFFFFFF;
 
 }  // namespace
 

@@ -3,10 +3,10 @@
 
 #include <QPainter>
 
+#include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 
 inline void PaintFocusRing(QPainter& painter, const QRect& place) {
-  constexpr int kColour = 0xFF6666;
-  painter.setPen(QPen(Screen::Colour(kColour), 1, Qt::DotLine));
+  painter.setPen(QPen(Screen::Colour(Palette::kBlue), 1, Qt::DotLine));
   painter.drawRect(place.adjusted(0, 0, -1, -1));  // the pen draws at the right and below
 }

@@ -4,11 +4,12 @@
 #include <QPainter>
 
 #include "platform/forms/Font.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 
 namespace {
 
-constexpr int kLine = 0xE4D0D0, kGround = 0xFFFAFA, kCaptionColour = 0xB24747;
+constexpr int kLine = 0xE4D0D0, kGround = 0xFFFAFA;
 constexpr double kRadius = 4, kCaptionLeft = 14, kCaptionTop = 10;  // pixels
 constexpr double kCaptionPoints = 10;
 
@@ -28,7 +29,7 @@ void Frame::paintEvent(QPaintEvent*) {
   painter.setBrush(Screen::Colour(kGround));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
   painter.setFont(Arial(kCaptionPoints, true));
-  painter.setPen(Screen::Colour(kCaptionColour));
+  painter.setPen(Screen::Colour(Palette::kEdge));
   painter.drawText(QRectF(rect()).adjusted(kCaptionLeft, kCaptionTop, 0, 0), title());
 }
 

@@ -8,7 +8,6 @@
 
 namespace {
 constexpr double kPoints = 10;
-constexpr int kEdge = 0xB24747;
 }  // namespace
 
 ProgressBar::ProgressBar(QWidget* container, const QString& name)
@@ -47,6 +46,6 @@ void ProgressBar::paintEvent(QPaintEvent*) {
   part(full, fillColor_, BackColor());
   part(empty, BackColor(), ForeColor());
   painter.setClipping(false);
-  painter.setPen(Screen::Colour(kEdge));
+  painter.setPen(Screen::Colour(Palette::kEdge));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

@@ -4,6 +4,7 @@
 #include <QProgressBar>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/Palette.h"
 
 class ProgressBar : public QProgressBar, public Control {
  public:
@@ -23,5 +24,5 @@ class ProgressBar : public QProgressBar, public Control {
 
  private:
   QString caption_;
-  int fillColor_ = 0xFF6666;
+  int fillColor_ = Palette::kBlue;
 };

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kCaptionHeight = 255;            // twips: one line of the caption's font
 constexpr int kFrameWidth = 2, kFrameRadius = 5;  // pixels, of the focus frame along the picture's edge
-constexpr int kFrameColour = 0xFFFFFF, kLitFrameColour = 0x333333;
+constexpr int kFrameColour = 0xFFFFFF, kLitFrameColour = Palette::kText;
 
 class AccessibleButton final : public QAccessibleWidget {
  public:

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/forms/Label.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/PictureBox.h"
 
 // File names of a button's pictures in the folder of the skin.
@@ -29,7 +30,7 @@ class SkinButton : public PictureBox {
 
   // Caption colours, as 0xBBGGRR; they double as the button's state.
   static constexpr int kLitText = 0x000000, kPlainText = 0xFFFFFF, kDisabledText = 0x808080;
-  static constexpr int kLitBack = 0xFFCCCC, kPlainBack = 0xFF6666;
+  static constexpr int kLitBack = Palette::kLight, kPlainBack = Palette::kBlue;
 
   // A button without a caption name has no label; its words are its accessible name alone.
   SkinButton(QWidget* container, const QString& name, const ButtonImages& images,

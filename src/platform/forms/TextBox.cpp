@@ -1,6 +1,7 @@
 #include "platform/forms/TextBox.h"
 
 #include "platform/forms/Font.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 
 TextBox::TextBox(QWidget* container, const QString& name, int maxLength)
@@ -12,8 +13,9 @@ TextBox::TextBox(QWidget* container, const QString& name, int maxLength)
 
 void TextBox::ColoursChanged() {
   const auto name = [](int colour) { return Screen::Colour(colour).name(); };
-  setStyleSheet(QStringLiteral("QLineEdit { background: %1; color: %2; border: 1px solid #4747B2; "
-                               "border-radius: 3px; padding: 0 5px; "
-                               "selection-background-color: #FFFFFF; selection-color: #4747B2; }")
-                    .arg(name(BackColor()), name(ForeColor())));
+  setStyleSheet(
+      Palette::Sheet(QStringLiteral("QLineEdit { background: %1; color: %2; border: 1px solid @edge; "
+                                    "border-radius: 3px; padding: 0 5px; "
+                                    "selection-background-color: #FFFFFF; selection-color: @edge; }"))
+          .arg(name(BackColor()), name(ForeColor())));
 }

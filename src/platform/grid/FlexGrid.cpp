@@ -10,6 +10,7 @@
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Font.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 #include "platform/grid/GridPainter.h"
 
@@ -355,11 +356,12 @@ void FlexGrid::ColoursChanged() {
 
 // The padding makes up for the thinner line, so that the rows stay where they are when the focus comes.
 void FlexGrid::SetLook() {
-  const QString border = border_ ? QStringLiteral("border: 1px solid #4747B2; padding: 1px; ")
-                                 : QStringLiteral("border: none; ");
-  const QString focused = border_ ? QStringLiteral("border: 2px solid #6666FF; padding: 0; ") : QString();
-  setStyleSheet(QStringLiteral("QTableView { background: %1; outline: none; %2 } QTableView:focus { %3 }")
-                    .arg(Screen::Colour(BackColor()).name(), border, focused));
+  const QString border =
+      border_ ? QStringLiteral("border: 1px solid @edge; padding: 1px; ") : QStringLiteral("border: none; ");
+  const QString focused = border_ ? QStringLiteral("border: 2px solid @blue; padding: 0; ") : QString();
+  setStyleSheet(Palette::Sheet(
+      QStringLiteral("QTableView { background: %1; outline: none; %2 } QTableView:focus { %3 }")
+          .arg(Screen::Colour(BackColor()).name(), border, focused)));
 }
 
 bool FlexGrid::viewportEvent(QEvent* event) {

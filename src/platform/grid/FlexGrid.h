@@ -5,6 +5,7 @@
 #include <QTableView>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/Palette.h"
 #include "platform/grid/GridModel.h"
 
 // When the selection shows.
@@ -145,6 +146,6 @@ class FlexGrid : public QTableView, public Control {
   GridHighLight highLight_ = GridHighLight::Always;
   GridSelection selection_ = GridSelection::Free;
   int row_ = 0, col_ = 0, rowSel_ = 0, colSel_ = 0;
-  int backColorSel_ = 0xFF6666, foreColorSel_ = 0xFFFFFF;
+  int backColorSel_ = Palette::kBlue, foreColorSel_ = 0xFFFFFF;
   bool selectOnPress_ = true, border_ = true, fitting_ = false;
 };
