@@ -4,6 +4,7 @@
 
 #include <QTextFrame>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
@@ -15,6 +16,7 @@ constexpr size_t kMostStyleWords = 64;
 constexpr size_t kMostStyleBases = 12;
 constexpr size_t kMostStyles = 4096;
 // Words that all uses of styles repeat: more than a page calls for that has any text to show in them.
+constexpr size_t kStyleWorth = 4;  // words that it takes as long to find a style
 constexpr size_t kMostRepeated = 1'000'000, kMostRepeatedPerByte = 2;
 constexpr int kEndsThere = 2;         // of a list's number: how it stands at its place
 constexpr int kRoomForNumber = 1000;  // twips
@@ -272,18 +274,24 @@ void RtfParser::EndStyle() {
 }
 
 void RtfParser::ApplyStyle(int number) {
-  if (header_.RepeatsStyles) return;
+  if (header_.RepeatsStyles || styleWordsLeft_ == 0) return;
   // From the style itself to the one that all are based on.
-  std::vector<const Style*> chain;
-  for (auto found = styles_.find(number); found != styles_.end() && chain.size() < kMostStyleBases;
+  std::array<const Style*, kMostStyleBases> chain{};
+  size_t count = 0;
+  size_t words = 0;
+  for (auto found = styles_.find(number); found != styles_.end() && count < chain.size();
        found = styles_.find(found->second.Base)) {
-    chain.push_back(&found->second);
+    chain[count++] = &found->second;
+    words += found->second.Words.size() + kStyleWorth;
     if (found->second.IsWhole) break;
   }
-  for (auto style = chain.rbegin(); style != chain.rend(); ++style) {
-    if ((*style)->Words.size() > styleWordsLeft_) return;
-    styleWordsLeft_ -= (*style)->Words.size();
-    for (const StyleWord& word : (*style)->Words)
+  if (words > styleWordsLeft_) {
+    styleWordsLeft_ = 0;
+    return;
+  }
+  styleWordsLeft_ -= words;
+  while (count > 0) {
+    for (const StyleWord& word : chain[--count]->Words)
       word.Handle(*this, word.Argument);
   }
 }
