@@ -524,10 +524,10 @@ TEST(RtfPlaces, AreFoundByNameInAnyCase) {
 
 TEST(RtfObjects, KeepSizeDataTextAndOrder) {
   const RichPage page = ReadBody(
-      "a{\\object\\objemb\\objw3000\\objh1500{\\*\\objclass X}{\\*\\objname intro.swf,400}{\\*\\objdata 01}"
+      "a{\\footnote{\\object\\objw300\\objh300}}{\\object\\objemb\\objw3000\\objh1500{\\*\\objclass "
+      "X}{\\*\\objname intro.swf,400}{\\*\\objdata 01}"
       "{\\result{\\pict\\wmetafile8 00}}}b\\par"
-      "\\trowd\\cellx4000\\pard\\intbl{\\object\\objw750\\objh600{\\objname b.wmv}}\\cell\\row"
-      "{\\object\\objw300\\objh300}");
+      "\\trowd\\cellx4000\\pard\\intbl{\\object\\objw750\\objh600{\\objname b.wmv}}\\cell\\row");
   ASSERT_EQ(page.Objects.size(), 3);
   EXPECT_EQ(page.Objects[0].Id, 1);
   EXPECT_EQ(page.Objects[0].DataText, QStringLiteral("intro.swf,400"));

@@ -2,6 +2,7 @@
 
 #include "platform/richtext/PageDocument.h"
 
+#include <QTextCursor>
 #include <QTextFrame>
 #include <algorithm>
 #include <array>
@@ -55,6 +56,7 @@ RichPage RtfParser::Read() {
   // A cut file: what is open ends here.
   while (!isAtEnd_)
     CloseGroup();
+  NumberObjects();
   SetUpDocument();
   return std::move(page_);
 }
@@ -395,6 +397,23 @@ void RtfParser::SetPageBorder(QTextFrameFormat& frame) const {
   frame.setBorderBrush(colour.isValid() ? colour : QColor(Qt::black));
   frame.setPadding(std::max(rim - width, 0.0));
   frame.setMargin(rim);
+}
+
+// An object of a note stands at the end of the page, wherever its note hangs.
+void RtfParser::NumberObjects() {
+  QList<PageObject>& objects = page_.Objects;
+  const auto isBefore = [](const PageObject& a, const PageObject& b) { return a.Position < b.Position; };
+  if (std::is_sorted(objects.begin(), objects.end(), isBefore)) return;
+  std::sort(objects.begin(), objects.end(), isBefore);
+  QTextCursor cursor(page_.Document.get());
+  for (int i = 0; i < static_cast<int>(objects.size()); ++i) {
+    objects[i].Id = i + 1;
+    QTextCharFormat format;
+    format.setProperty(kObjectIdProperty, objects[i].Id);
+    cursor.setPosition(objects[i].Position);
+    cursor.setPosition(objects[i].Position + 1, QTextCursor::KeepAnchor);
+    cursor.mergeCharFormat(format);
+  }
 }
 
 void RtfParser::SetUpDocument() {

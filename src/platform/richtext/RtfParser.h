@@ -233,6 +233,7 @@ class RtfParser {
   bool IsNumberDue();
   void NumberEmptyParagraph();
   void AddGeneratedListText();
+  void NumberObjects();
   void SetUpDocument();
   void SetPageBorder(QTextFrameFormat& frame) const;
 
