@@ -57,6 +57,7 @@ const TextRow kWords[] = {
     {"SymbolField", "{\\field{\\*\\fldinst SYMBOL 183 \\\\f \"Symbol\"}}", "\u2022"},
     {"FormulaByItsPicture",
      "a{\\mmath{\\*\\moMath{\\mr x}}{\\mmathPict{\\pict\\picwgoal90\\pichgoal90 00}}}b", "a\uFFFCb"},
+    {"NumberOfTheSheet", "Page \\chpgn", "Page 1"},
     {"BinarySkipped", QByteArray("a{\\*\\x\\bin4 }}{{}b\\bin2 \\}c"), "abc"},
     {"ObjectResultWithoutData", "{\\object\\objemb{\\*\\objdata 00}{\\result shown}}", "shown"},
     {"ColumnsAndSections", "a\\sect b\\column c", "a\nb\nc"},

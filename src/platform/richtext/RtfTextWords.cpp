@@ -110,6 +110,7 @@ constexpr RtfWord kWords[] = {
     {"zwnbo", Put<0x2060>, true},
     {"ltrmark", Put<0x200E>, true},
     {"rtlmark", Put<0x200F>, true},
+    {"chpgn", Put<u'1'>, true},  // a page is one sheet
     {"chftn", [](P& p, A) { p.AddFootnoteMark(); }},
     {"ansi", SetCodePage<1252>},
     {"mac", SetCodePage<10000>},
