@@ -62,6 +62,8 @@ const CharRow kCharacters[] = {
     {"UnderlineColour", "\\ul\\ulc1 x", [](const F& f) { return f.underlineColor() == QColor(255, 0, 0); }},
     {"QuarterGrey", "\\chshdng2500 x",
      [](const F& f) { return f.background().color() == QColor(191, 191, 191); }},
+    {"Hatched", "\\chbgdkhoriz\\chcfpat1\\chcbpat3 x",
+     [](const F& f) { return f.background().color() == QColor(255, 170, 0); }},
     {"MixedShade", "\\chshdng5000\\chcfpat1\\chcbpat3 x",
      [](const F& f) { return f.background().color() == QColor(255, 128, 0); }},
     {"Spread", "\\expnd12 x", [](const F& f) { return f.fontLetterSpacing() == 4; }},
@@ -136,6 +138,8 @@ const ParagraphRow kParagraphs[] = {
      [](const B& b) { return b.textIndent() == 0; }},
     {"Shading", "\\pard\\cbpat3 x\\par",
      [](const B& b) { return b.background().color() == QColor(255, 255, 0); }},
+    {"Hatched", "\\pard\\bgbdiag\\cfpat1\\cbpat3 x\\par",
+     [](const B& b) { return b.background().color() == QColor(255, 170, 0); }},
     {"PageBreak", "a\\page x\\par",
      [](const B& b) { return b.pageBreakPolicy() == QTextFormat::PageBreak_AlwaysBefore; }},
 };

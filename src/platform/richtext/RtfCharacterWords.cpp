@@ -33,6 +33,10 @@ void Shade(P& parser, A argument) {
   Chars(parser).Shade.*Part = argument.Number;
 }
 
+void Hatch(P& parser, A) {
+  Chars(parser).Shade.Share = RtfShade::kHatched;
+}
+
 constexpr int kTwipsPerQuarterPoint = 5;
 constexpr int kUsualSize = 24;  // half points
 
@@ -104,6 +108,18 @@ constexpr RtfWord kWords[] = {
     {"chcbpat", Shade<&RtfShade::Back>},
     {"chcfpat", Shade<&RtfShade::Fore>},
     {"chshdng", Shade<&RtfShade::Share>},
+    {"chbghoriz", Hatch},
+    {"chbgvert", Hatch},
+    {"chbgfdiag", Hatch},
+    {"chbgbdiag", Hatch},
+    {"chbgcross", Hatch},
+    {"chbgdcross", Hatch},
+    {"chbgdkhoriz", Hatch},
+    {"chbgdkvert", Hatch},
+    {"chbgdkfdiag", Hatch},
+    {"chbgdkbdiag", Hatch},
+    {"chbgdkcross", Hatch},
+    {"chbgdkdcross", Hatch},
     {"highlight",
      [](P& p, A a) {
        Chars(p).Shade = {a.Number, 0, 0};

@@ -17,6 +17,7 @@ enum class RtfScript : unsigned char { Normal, Super, Sub };
 // Colour behind something: two colours mixed.
 struct RtfShade {
   static constexpr int kWhole = 10'000;
+  static constexpr int kHatched = 3333;  // of any pattern: about the share of its lines
 
   int Back = 0;   // number in the colour table; 0: none
   int Fore = 0;   // number in the colour table; 0: automatic

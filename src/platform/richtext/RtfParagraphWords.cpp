@@ -33,6 +33,10 @@ void Shade(P& parser, A argument) {
   Para(parser).Shade.*Part = argument.Number;
 }
 
+void Hatch(P& parser, A) {
+  Para(parser).Shade.Share = RtfShade::kHatched;
+}
+
 // The kind of a tab and what fills it stand in front of its place.
 template <RtfAlign Kind>
 void NextTab(P& parser, A) {
@@ -90,6 +94,18 @@ constexpr RtfWord kWords[] = {
     {"cbpat", Shade<&RtfShade::Back>},
     {"cfpat", Shade<&RtfShade::Fore>},
     {"shading", Shade<&RtfShade::Share>},
+    {"bghoriz", Hatch},
+    {"bgvert", Hatch},
+    {"bgfdiag", Hatch},
+    {"bgbdiag", Hatch},
+    {"bgcross", Hatch},
+    {"bgdcross", Hatch},
+    {"bgdkhoriz", Hatch},
+    {"bgdkvert", Hatch},
+    {"bgdkfdiag", Hatch},
+    {"bgdkbdiag", Hatch},
+    {"bgdkcross", Hatch},
+    {"bgdkdcross", Hatch},
     {"sbauto", Switch<&RtfParaProps::IsBeforeAuto>},
     {"saauto", Switch<&RtfParaProps::IsAfterAuto>},
     {"contextualspace", Switch<&RtfParaProps::IsCloseToSame>},

@@ -45,6 +45,10 @@ void CellShade(P& parser, A argument) {
   Cell(parser).Shade.*Part = argument.Number;
 }
 
+void Hatch(P& parser, A) {
+  Cell(parser).Shade.Share = RtfShade::kHatched;
+}
+
 template <int RtfShade::*Part>
 void RowShade(P& parser, A argument) {
   Row(parser).Shade.*Part = argument.Number;
@@ -79,6 +83,18 @@ constexpr RtfWord kWords[] = {
     {"clcbpat", CellShade<&RtfShade::Back>},
     {"clcfpat", CellShade<&RtfShade::Fore>},
     {"clshdng", CellShade<&RtfShade::Share>},
+    {"clbghoriz", Hatch},
+    {"clbgvert", Hatch},
+    {"clbgfdiag", Hatch},
+    {"clbgbdiag", Hatch},
+    {"clbgcross", Hatch},
+    {"clbgdcross", Hatch},
+    {"clbgdkhor", Hatch},
+    {"clbgdkvert", Hatch},
+    {"clbgdkfdiag", Hatch},
+    {"clbgdkbdiag", Hatch},
+    {"clbgdkcross", Hatch},
+    {"clbgdkdcross", Hatch},
     {"trcbpat", RowShade<&RtfShade::Back>},
     {"trcfpat", RowShade<&RtfShade::Fore>},
     {"trshdng", RowShade<&RtfShade::Share>},
