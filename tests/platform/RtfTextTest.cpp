@@ -39,6 +39,7 @@ const TextRow kWords[] = {
     {"NotesComeLast", "a{\\super\\chftn}{\\footnote\\chftn  note}b\\par c", "a1b\nc\n\n1 note"},
     {"TextBox", "a{\\shp{\\*\\shpinst{\\sp{\\sn x}{\\sv 1}}{\\shptxt in the box\\par}}{\\shprslt old}}b",
      "in the box\nab"},
+    {"RowInATextBox", "{\\shp{\\*\\shpinst{\\shptxt\\trowd\\cellx900\\row}}}a", "\na"},
     {"ShapeThatOnlyOthersTell", "a{\\shp{\\*\\shpinst{\\sp{\\sn x}{\\sv 1}}}{\\shprslt\\pard old\\par}}b",
      "old\nab"},
     {"AnnotationsAreSkipped", "a{\\*\\annotation gone}{\\xe gone}b", "ab"},

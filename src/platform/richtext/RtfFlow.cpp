@@ -187,9 +187,9 @@ void RtfFlow::EndCellOf(Level& level) {
   level.Cell = {};
 }
 
-void RtfFlow::EndRow(const RtfParaProps& props, bool isNested) {
+void RtfFlow::EndRow(const RtfParaProps& props, int endFormat, bool isNested) {
   if (!asides_.empty()) {
-    EndParagraph(props, 0);
+    EndParagraph(props, endFormat);
     return;
   }
   const size_t level = isNested ? std::max(LevelOf(props), size_t{2}) : 1;

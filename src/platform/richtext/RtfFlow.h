@@ -32,7 +32,7 @@ class RtfFlow {
   void EndParagraph(const RtfParaProps& props, int endFormat);
   // Ends the cell of the outermost table, or of the nested one that the properties tell.
   void EndCell(const RtfParaProps& props, int endFormat, bool isNested);
-  void EndRow(const RtfParaProps& props, bool isNested);
+  void EndRow(const RtfParaProps& props, int endFormat, bool isNested);
 
   // The row that is being described, and a fresh start for it.
   RtfRowProps& Row() { return row_; }

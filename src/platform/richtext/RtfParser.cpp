@@ -380,7 +380,7 @@ void RtfParser::EndCell(bool isNested) {
 }
 
 void RtfParser::EndRow(bool isNested) {
-  flow_.EndRow(State().Para, isNested);
+  flow_.EndRow(State().Para, formats_.NumberOf(State().Chars), isNested);
 }
 
 // A document's own frame has the same line on all sides, within its margin.
