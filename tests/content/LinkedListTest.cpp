@@ -109,6 +109,7 @@ TEST(LinkedList, MovesAndLookUps) {
       Move(list, step);
     const QStringList names{list.GetPrevPageName(), list.GetCurrentPageName(), list.GetNextPageName()};
     EXPECT_EQ(names.join('|'), c.Names) << c.Steps;
+    EXPECT_TRUE(list.PageExist("0005.txm") && !list.PageExist("0006.txm") && !list.PageExist(""));
     QString topicName = "!";
     IgnoreErrors([&] { topicName = list.GetCurrentPageTopName(); });
     EXPECT_EQ(topicName, c.TopicName) << c.Steps;
