@@ -3,6 +3,7 @@
 #include "platform/files/CodePage.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringDecoder>
 #include <algorithm>
 #include <cctype>
@@ -74,20 +75,38 @@ QStringView WithoutPrologue(QStringView text) {
   return text;
 }
 
+// All that a page may begin with; not the tags of other languages that are written alike.
+const QSet<QString>& KnownTags() {
+  static const QSet<QString> names = {
+      "a",       "abbr",  "acronym", "address", "article",    "aside",    "b",      "base",   "basefont",
+      "bdo",     "big",   "body",    "br",      "blockquote", "caption",  "center", "cite",   "code",
+      "dd",      "del",   "dfn",     "dir",     "div",        "dl",       "dt",     "em",     "fieldset",
+      "figure",  "font",  "footer",  "form",    "frameset",   "h1",       "h2",     "h3",     "h4",
+      "h5",      "h6",    "head",    "header",  "hr",         "html",     "i",      "iframe", "img",
+      "input",   "ins",   "kbd",     "label",   "li",         "link",     "main",   "map",    "mark",
+      "marquee", "menu",  "meta",    "nav",     "nobr",       "noscript", "object", "ol",     "p",
+      "pre",     "q",     "s",       "samp",    "script",     "section",  "small",  "span",   "strike",
+      "strong",  "style", "sub",     "sup",     "table",      "tbody",    "td",     "th",     "thead",
+      "title",   "tr",    "tt",      "u",       "ul",         "var",      "wbr"};
+  return names;
+}
+
+bool BeginsWithTag(QStringView text) {
+  if (!text.startsWith(u'<')) return false;
+  const auto end =
+      std::find_if_not(text.begin() + 1, text.end(), [](QChar c) { return c.isLetterOrNumber(); });
+  if (end == text.end() || !(end->isSpace() || *end == u'>' || *end == u'/')) return false;
+  return KnownTags().contains(QStringView(text.begin() + 1, end).toString().toLower());
+}
+
 }  // namespace
 
 bool IsHtml(const QByteArray& bytes) {
   const QByteArray head = bytes.left(kHeadBytes);
   const auto marked = QStringConverter::encodingForData(head);
   const QString text = marked ? QString(QStringDecoder(*marked).decode(head)) : QString::fromLatin1(head);
-  const QString start = text.toLower();
-  static const QStringList beginnings = {
-      "<!doctype html", "<html",  "<head", "<body", "<title",  "<p>", "<p ", "<h1",  "<h2",     "<h3",
-      "<div",           "<table", "<meta", "<font", "<center", "<ul", "<ol", "<pre", "<script", "<style",
-      "<link",          "<b>",    "<a ",   "<img",  "<span"};
-  const QStringView page = WithoutPrologue(start);
-  return std::any_of(beginnings.begin(), beginnings.end(),
-                     [page](const QString& tag) { return page.startsWith(tag); });
+  const QStringView page = WithoutPrologue(text);
+  return page.startsWith(u"<!doctype html", Qt::CaseInsensitive) || BeginsWithTag(page);
 }
 
 QString DecodeHtml(const QByteArray& bytes) {
