@@ -4,7 +4,7 @@
 
 #include "Bytes.h"
 #include "platform/RunTimeError.h"
-#include "platform/richtext/HtmlFilter.h"
+#include "platform/richtext/HtmlPlaces.h"
 #include "platform/richtext/PageReader.h"
 
 static QImage PictureOf(const QString& name) {

@@ -211,6 +211,9 @@ TEST(HtmlEntities, AreResolvedAlikeInAllAttributes) {
               {"&#x1F600;", u"\U0001F600"_qs},
               {"a&amp;auml;b", "a&auml;b"},
               {"a&b&c=d", "a&b&c=d"},
+              {"&copy 2004&reg.", u"\u00A9 2004\u00AE."_qs},
+              {"&#169 &#0000169;&frac12&hellip;", u"\u00A9 \u00A9\u00BD\u2026"_qs},
+              {"?a=1&copy=2&copyright &euro x", "?a=1&copy=2&copyright &euro x"},
               {"a&;b&none;c&&amp;", "a&;b&none;c&&"}};
   for (const auto& row : rows) {
     QStringList asked;
@@ -222,6 +225,7 @@ TEST(HtmlEntities, AreResolvedAlikeInAllAttributes) {
                asked << name;
                return QImage();
              });
+    EXPECT_EQ(Html("<p>" + written).Document->toPlainText(), row.Meant) << row.Written;
     EXPECT_EQ(page.PlaceOf(row.Meant), page.Document->find("by id").selectionStart()) << row.Written;
     EXPECT_EQ(page.PlaceOf(row.Meant + '2'), page.Document->find("by name").selectionStart()) << row.Written;
     EXPECT_EQ(LinkOfHref(FormatOf(page, "link").anchorHref()), (PageLink{1, row.Meant})) << row.Written;

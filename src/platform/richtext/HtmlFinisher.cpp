@@ -1,5 +1,6 @@
 #include "platform/richtext/HtmlFinisher.h"
 
+#include "platform/richtext/HtmlPlaces.h"
 #include "platform/richtext/PageLink.h"
 
 #include <QImage>

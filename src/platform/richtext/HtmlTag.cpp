@@ -1,12 +1,10 @@
 #include "platform/richtext/HtmlTag.h"
 
+#include "platform/richtext/HtmlEntities.h"
 #include "platform/richtext/HtmlStyle.h"
 
-#include <QHash>
 #include <QSet>
-#include <QStringDecoder>
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -20,66 +18,12 @@ const QSet<QString>& UsefulAttributes() {
   return names;
 }
 
-constexpr int kLongestEntity = 8;  // characters
-
-// The names of the characters from U+00A0 on.
-constexpr int kFirstNamed = 0xA0;
-constexpr const char* kNamed[] = {
-    "nbsp",   "iexcl",  "cent",   "pound",  "curren", "yen",    "brvbar", "sect",   "uml",    "copy",
-    "ordf",   "laquo",  "not",    "shy",    "reg",    "macr",   "deg",    "plusmn", "sup2",   "sup3",
-    "acute",  "micro",  "para",   "middot", "cedil",  "sup1",   "ordm",   "raquo",  "frac14", "frac12",
-    "frac34", "iquest", "Agrave", "Aacute", "Acirc",  "Atilde", "Auml",   "Aring",  "AElig",  "Ccedil",
-    "Egrave", "Eacute", "Ecirc",  "Euml",   "Igrave", "Iacute", "Icirc",  "Iuml",   "ETH",    "Ntilde",
-    "Ograve", "Oacute", "Ocirc",  "Otilde", "Ouml",   "times",  "Oslash", "Ugrave", "Uacute", "Ucirc",
-    "Uuml",   "Yacute", "THORN",  "szlig",  "agrave", "aacute", "acirc",  "atilde", "auml",   "aring",
-    "aelig",  "ccedil", "egrave", "eacute", "ecirc",  "euml",   "igrave", "iacute", "icirc",  "iuml",
-    "eth",    "ntilde", "ograve", "oacute", "ocirc",  "otilde", "ouml",   "divide", "oslash", "ugrave",
-    "uacute", "ucirc",  "uuml",   "yacute", "thorn",  "yuml"};
-
-QString NumberedCharacter(QStringView number) {
-  const bool isHex = number.startsWith(u'x', Qt::CaseInsensitive);
-  bool isNumber = false;
-  const uint code = (isHex ? number.mid(1) : number).toUInt(&isNumber, isHex ? 16 : 10);
-  if (!isNumber || code == 0 || code > QChar::LastValidCodePoint || QChar::isSurrogate(code)) return {};
-  // Pages number the characters of Windows there, where there are none.
-  if (code >= 0x80 && code <= 0x9F)
-    return QStringDecoder("windows-1252").decode(QByteArray(1, static_cast<char>(code)));
-  const auto character = static_cast<char32_t>(code);
-  return QString::fromUcs4(&character, 1);
-}
-
-// Empty for an entity that is none; `name` stands between "&" and ";".
-QString Character(QStringView name) {
-  static const QHash<QString, QString> named = [] {
-    QHash<QString, QString> all = {{"quot", "\""}, {"apos", "'"}, {"lt", "<"}, {"gt", ">"}, {"amp", "&"}};
-    for (int i = 0; i < static_cast<int>(std::size(kNamed)); ++i)
-      all.insert(QLatin1String(kNamed[i]), QChar(kFirstNamed + i));
-    return all;
-  }();
-  return name.startsWith(u'#') ? NumberedCharacter(name.mid(1)) : named.value(name.toString());
-}
-
-// The entities that stand in the values of attributes; what is none stays as it is.
-QString Resolved(const QString& value) {
-  QString resolved;
-  qsizetype at = 0;
-  for (qsizetype from = value.indexOf(u'&'); from >= 0; from = value.indexOf(u'&', std::max(at, from + 1))) {
-    const QStringView behind = QStringView(value).mid(from + 1, kLongestEntity + 1);
-    const qsizetype length = behind.indexOf(u';');
-    const QString character = length > 0 ? Character(behind.left(length)) : QString();
-    if (character.isEmpty()) continue;
-    resolved += QStringView(value).mid(at, from - at);
-    resolved += character;
-    at = from + 1 + length + 1;
-  }
-  return resolved.append(QStringView(value).mid(at));
-}
-
 // What the document's reader is to be told; empty for nothing.
 QString ShownValue(const QString& name, const QString& value) {
   if (name == u"color" || name == u"bgcolor") return HtmlColour(value);
-  if (name == u"style") return HtmlDeclarations(Resolved(value)).replace(u'&', QLatin1String("&amp;"));
-  return value;
+  if (name == u"style")
+    return HtmlDeclarations(ResolvedEntities(value)).replace(u'&', QLatin1String("&amp;"));
+  return TidiedEntities(value);
 }
 
 bool IsNameCharacter(QChar c) {
@@ -182,7 +126,7 @@ int HtmlTag::HoldNumber(const QString& attribute, int most) {
 QString HtmlTag::Value(const QString& attribute) const {
   const auto found = std::find_if(Attributes.begin(), Attributes.end(),
                                   [&attribute](const auto& its) { return its.first == attribute; });
-  return found == Attributes.end() ? QString() : Resolved(found->second);
+  return found == Attributes.end() ? QString() : ResolvedEntities(found->second);
 }
 
 QString HtmlTag::Text() const {
