@@ -6,6 +6,7 @@
 #include "platform/rtf_pages.h"
 
 #include <QTextBlock>
+#include <QTextList>
 #include <QTextTable>
 
 namespace {
@@ -37,11 +38,22 @@ const HtmlRow kRows[] = {
     {"HiddenThings", "<p>a<span style='DISPLAY: none'>x<b>y</b></span>b<p style='display:none'>z<p>c",
      "ab c"},
     {"HiddenTable", "<p>a<div style='display:none'><table><tr><td>x</div>y</table></div>b", "ab"},
+    {"HiddenByAttribute", "<p>a<span hidden>x</span>b</p><p hidden>x<div>c", "ab c"},
+    {"HiddenPicture", "<p>a<img src=n alt=x hidden>b", "ab"},
+    {"HiddenItems", "<ul><li hidden>x<ul><li>x</ul><b>x</b>x<li>a</ul><dl><dd hidden>x</dl>b", "a b"},
+    {"HiddenRow", "<table><tr hidden><td>x<td>x</tr><tr><td>a</table>b", "a b"},
+    {"HiddenCell", "<table><tr><td hidden><p>x</p><table><tr><td>x</table>x<td>a</table>b", "a b"},
+    {"HiddenAcrossItsTable", "<table hidden><tr><td>x</table>a<table><tr><td hidden>x</table>b", "a b"},
+    {"HiddenPage", "<body style='visibility:hidden'>a", "a"},
+    {"Invisible", "<p>a<b style='Visibility: hidden'>x</b>b<b style='backface-visibility:hidden'>c</b>",
+     "abc"},
+    {"Quotations", "<p><q>a <q>b</q></q> <b><q>c</b> d<i hidden><q>x</i>",
+     "\u201Ca \u2018b\u2019\u201D \u201Cc\u201D d"},
     {"ChoicesAndDrawings", "<p>a<select><option>x</select><svg><text>y</text></svg>b", "ab"},
     {"UnclosedDrawing", "<p>a<svg>b", "ab"},
     {"ClosedAtOnce", "<p>a<script src='x'/>b<a name='n'/>c<br/>d</p>", "abc d"},
     {"BareEntities", "<p>&copy 2004 &#8217s AT&T &lt;b &nosuch</p>", "\u00A9 2004 \u2019s AT&T <b &nosuch"},
-    {"NoCharacters", "<p>a\xEF\xB7\x95\xEF\xB7\x96z</p>", "az"},
+    {"NoCharacters", "<p>a\xEF\xB7\x95\xEF\xB7\x96&#64981;&#xFDD6;&#64976z</p>", "az"},
     {"LessThan", "<p>1 < 2 <3</p>", "1 < 2 <3"},
     {"UnclosedQuote", "<p title=\"x>a</p><p>b</p>", "a b"},
     {"UnclosedTag", "<p>a</p><p", "a"},
@@ -145,6 +157,10 @@ const LookRow kLooks[] = {
     {"ColourWithoutHash", "<font color=C40001>x</font>", "0 0 #c40001 #ffffff 0"},
     {"ColourOfNothing", "<body bgcolor='3D#ffffff'><font color='#12'>x</font>", "0 0 #000000 #ffffff 0"},
     {"LettersOfABody", "<body bgcolor=#000000 text=white>x", "0 0 #ffffff #000000 0"},
+    {"LettersOfATable", "<body text=navy><table><tr><td>x</table>", "0 0 #000080 #ffffff 0"},
+    {"Link", "<a href=b>x</a>", "0 0 #0000ff #ffffff 0"},
+    {"LinksOfABody", "<body link=navy text=red><a href=b>x</a>", "0 0 #000080 #ffffff 0"},
+    {"LinksOfAStyle", "<style>a{color:red}</style><body link=navy><a href=b>x</a>", "0 0 #ff0000 #ffffff 0"},
     {"SystemsColour", "<p style='color:windowtext;background-color:nonsense'>x", "0 0 #000000 #ffffff 0"},
 };
 INSTANTIATE_TEST_SUITE_P(All, HtmlLooks, ::testing::ValuesIn(kLooks),
@@ -175,6 +191,45 @@ TEST(HtmlLooks, GrowWithTheScale) {
   EXPECT_EQ(columns.first().rawValue(), 200);
 }
 
+TEST(HtmlLists, BeginWithTheNumberTheyName) {
+  const struct {
+    const char* List;
+    const char* Number;
+  } rows[] = {{"<ol>", "1."},
+              {"<ol start=4>", "4."},
+              {"<ol type=a start=4>", "d."},
+              {"<ol start='-2'>", "1."},
+              {"<ol start=x>", "1."},
+              {"<ol start=99999999>", "1."}};
+  const double own = Html("<ol><li>x<li>y</ol>").Document->size().height();
+  for (const auto& row : rows) {
+    const RichPage page = Html(row.List + QByteArray("<li>x<li>y</ol>"));
+    const QTextBlock block = BlockOf(page, "x");
+    EXPECT_EQ(block.textList()->itemText(block), QLatin1String(row.Number)) << row.List;
+    EXPECT_EQ(page.Document->size().height(), own) << row.List;
+    EXPECT_EQ(page.Document->toPlainText().trimmed(), "x\ny") << row.List;
+  }
+}
+
+TEST(HtmlPictures, AreBoxesWhereTheyAndTheirWordsAreMissing) {
+  const struct {
+    const char* Picture;
+    QSize Size;
+    bool IsBox;
+  } rows[] = {{"<img src=n>", {32, 32}, true},
+              {"<img src=n width=60 height=20>", {60, 20}, true},
+              {"<img>", {32, 32}, true},
+              {"<img src=n width=60 height=20 alt=''>", {60, 20}, false}};
+  for (const auto& row : rows) {
+    const RichPage page = Html(row.Picture);
+    const QTextImageFormat shown = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
+    EXPECT_EQ(QSizeF(shown.width(), shown.height()), QSizeF(row.Size)) << row.Picture;
+    const auto image = page.Document->resource(QTextDocument::ImageResource, shown.name()).value<QImage>();
+    EXPECT_EQ(image.pixelColor(0, 0) == QColor(0x999999), row.IsBox) << row.Picture;
+    EXPECT_EQ(image.size(), row.IsBox ? row.Size : QSize(1, 1)) << row.Picture;
+  }
+}
+
 TEST(HtmlPictures, AreWordsWhereTheyAreMissing) {
   const RichPage page = Html(
       "<p>a <img src=none.png alt='B &amp; C'> <img src=none.png> <a href=x><img src=n alt=link></a></p>");
@@ -185,7 +240,9 @@ TEST(HtmlPictures, AreWordsWhereTheyAreMissing) {
 TEST(HtmlPictures, ComeFromTheLoaderAlone) {
   QStringList asked;
   const RichPage page = Html(
-      "<link rel=stylesheet href='/etc/hostname'><p><img src='a.png'><img src='/etc/hostname'><img "
+      "<link rel=stylesheet href='/etc/hostname'><p style='background-image:url(b.png)'><p><img "
+      "src='a.png'><img src='/etc/hostname'><img "
+      "src='a.png'><img src='my%20a.png'><img src=':/b'><img src=':/b'><img "
       "src='http://example.com/x.png'></p>",
       [&](const QString& name) {
         asked << name;
@@ -194,12 +251,12 @@ TEST(HtmlPictures, ComeFromTheLoaderAlone) {
         return name == u"a.png" ? image : QImage();
       });
   page.Document->size();
-  asked.removeDuplicates();
-  EXPECT_EQ(asked, QStringList({"a.png", "/etc/hostname", "http://example.com/x.png"}));
+  EXPECT_EQ(asked, QStringList(
+                       {"a.png", "/etc/hostname", "my%20a.png", ":/b", "http://example.com/x.png", "b.png"}));
   EXPECT_GE(page.Document->size().height(), 20);
 }
 
-TEST(HtmlEntities, AreResolvedAlikeInAllAttributes) {
+TEST(HtmlEntities, AreResolvedAlikeInTextAndAttributes) {
   const struct {
     const char* Written;
     QString Meant;
@@ -269,6 +326,8 @@ const BombRow kBombs[] = {
      QByteArray("<table><tr><td>").repeated(5000) + QByteArray("</td></tr></table>").repeated(5000)},
     {"NestedBlocks", QByteArray("<div>").repeated(50'000) + QByteArray("</div>").repeated(50'000)},
     {"NestedLists", QByteArray("<ul><li>").repeated(20'000) + QByteArray("</ul>").repeated(20'000)},
+    {"SkippedNumbers", "<style>" + QByteArray("p{color:red}").repeated(2000) + "</style>" +
+                           QByteArray("<ol start=4999><li>a</ol>").repeated(2000)},
     {"StrayEnds", QByteArray("<b>").repeated(50) + QByteArray("</i>").repeated(50'000)},
     {"Quotes", QByteArray("<p a=\"b'>").repeated(20'000)},
 };

@@ -5,6 +5,7 @@
 #include "platform/richtext/HtmlWriter.h"
 #include "platform/richtext/RichText.h"
 
+#include <QHash>
 #include <QSet>
 #include <algorithm>
 #include <vector>
@@ -16,8 +17,11 @@ constexpr size_t kDeepestTable = 4;
 constexpr int kMostTables = 500;
 constexpr int kMostColumns = 100;
 constexpr int kMostRowsSpanned = 200;
+constexpr int kMostNumbersSkipped = 5000;  // by the lists of a page together
 // Every rule of a style sheet is tried on every element: so many tries a page may cost.
 constexpr qint64 kMostStyleTries = 1'000'000;
+
+const QString kSource = QStringLiteral("src"), kWords = QStringLiteral("alt");
 
 using Names = QSet<QString>;
 
@@ -40,34 +44,48 @@ const Names& SilentTags() {
   return names;
 }
 
-// These end a hidden paragraph whose own end was left out.
-const Names& BlockTags() {
-  static const Names names = {"p",  "div", "table", "tr", "td", "th",  "li",         "ul", "ol", "dl",
-                              "h1", "h2",  "h3",    "h4", "h5", "pre", "blockquote", "hr", "h6", "center"};
-  return names;
+// Things whose end may be left out, with the tags that end them within their list or table.
+const QHash<QString, Names>& LooseEnds() {
+  static const Names parts = {"thead", "tbody", "tfoot"};
+  static const Names rows = Names(parts) << "tr";
+  static const Names cells = Names(rows) << "td"
+                                         << "th";
+  static const QHash<QString, Names> ends = {
+      {"p", {"p",  "div", "table", "tr", "td", "th", "li",  "ul",         "ol", "dl", "dt",
+             "dd", "h1",  "h2",    "h3", "h4", "h5", "pre", "blockquote", "hr", "h6", "center"}},
+      {"li", {"li"}},
+      {"dt", {"dt", "dd"}},
+      {"dd", {"dt", "dd"}},
+      {"thead", parts},
+      {"tbody", parts},
+      {"tfoot", parts},
+      {"tr", rows},
+      {"td", cells},
+      {"th", cells}};
+  return ends;
 }
 
 bool HidesItself(const HtmlTag& tag) {
-  static const Names names = {"span", "div",    "p",    "a",  "b",  "i",  "u",
-                              "em",   "strong", "font", "ul", "ol", "pre"};
-  if (!names.contains(tag.Name)) return false;
-  return tag.Value(QStringLiteral("style"))
-      .remove(u' ')
-      .contains(QLatin1String("display:none"), Qt::CaseInsensitive);
+  if (tag.IsEnd) return false;
+  if (tag.Has(QStringLiteral("hidden"))) return true;
+  const QString style = tag.Value(QStringLiteral("style"));
+  if (style.isEmpty()) return false;
+  const QString said = u';' + HtmlDeclarations(style).toLower();
+  return said.contains(QLatin1String(";display:none")) || said.contains(QLatin1String(";visibility:hidden"));
 }
 
 // The colour of a page's letters is an attribute that the document's reader does not know.
 void StyleLetters(HtmlTag& body) {
   const QString colour = HtmlColour(body.Value(QStringLiteral("text")));
   if (colour.isEmpty()) return;
-  const QString style = QLatin1String("color:") + colour + u';' + body.Value(QStringLiteral("style"));
-  body.Attributes.prepend({QStringLiteral("style"), style});
+  const QString style = QStringLiteral("style");
+  body.Set(style, QLatin1String("color:") + colour + u';' + body.Value(style));
 }
 
 class Filter {
  public:
-  Filter(const QString& html, const PictureCheck& hasPicture)
-      : html_(html), hasPicture_(hasPicture), writer_(html.size()), tags_(html.count(u'<')) {}
+  Filter(const QString& html, const PictureNumber& numberOf)
+      : html_(html), numberOf_(numberOf), writer_(html.size()), tags_(html.count(u'<')) {}
 
   FilteredHtml Run() {
     while (at_ < html_.size()) {
@@ -144,9 +162,16 @@ class Filter {
 
   void Handle(HtmlTag tag) {
     const QString& word = tag.Name;
-    if (isParagraphHidden_ && BlockTags().contains(word)) ShowAgain();
+    if (EndsHiddenItem(word)) {
+      const bool isItsEnd = tag.IsEnd && word == hiddenItem_;
+      ShowAgain();
+      if (isItsEnd) return;  // its beginning was not written
+    }
     if (!tag.IsEnd) NotePlace(tag);
-    if (word == u"body" && !tag.IsEnd) StyleLetters(tag);
+    if (word == u"body" && !tag.IsEnd) {
+      StyleLetters(tag);
+      writer_.LinkColour(HtmlColour(tag.Value(QStringLiteral("link"))));
+    }
     if (SilentTags().contains(word)) {
       if (!tag.IsEnd && !tag.IsClosed) HandleSilent(word);
     } else if (DroppedTags().contains(word)) {
@@ -160,11 +185,9 @@ class Filter {
     } else if (tag.IsEnd) {
       Close(tag);
     } else if (tag.IsClosed) {
-      writer_.Tag(tag);
+      if (!HidesItself(tag)) writer_.Tag(tag);
     } else if (open_.size() < kDeepestNesting) {
-      if (!writer_.IsHidden() && HidesItself(tag)) Hide();
-      open_.append(word);
-      writer_.Tag(tag);
+      Open(tag);
     }
   }
 
@@ -173,32 +196,82 @@ class Filter {
     if (tag.Name == u"a") writer_.Name(tag.Value(QStringLiteral("name")));
   }
 
-  void Hide() {
+  void Open(HtmlTag& tag) {
+    HideIfItsTagSaysSo(tag);
+    open_.append(tag.Name);
+    writer_.Tag(tag);
+    if (tag.Name == u"q") writer_.Text(QuoteMark(true));
+    if (tag.Name == u"ol") SkipNumbers(tag.HoldNumber(QStringLiteral("start"), kMostNumbersSkipped) - 1);
+  }
+
+  // The document's lists begin with 1: what goes before the first number is there and never shows.
+  void SkipNumbers(int numbers) {
+    const bool mayTry = styleRules_ * (tags_ + numbers) <= kMostStyleTries;
+    if (skipped_ + numbers > kMostNumbersSkipped || !mayTry) return;
+    skipped_ += numbers;
+    tags_ += numbers;
+    for (int i = 0; i < numbers; ++i)
+      writer_.SkippedItem();
+  }
+
+  // A page that hides itself as a whole waits for a script to show it.
+  void HideIfItsTagSaysSo(const HtmlTag& tag) {
+    if (writer_.IsHidden() || tag.Name == u"html" || tag.Name == u"body" || !HidesItself(tag)) return;
     hiddenFrom_ = open_.size();
+    if (LooseEnds().contains(tag.Name)) {
+      hiddenItem_ = tag.Name;
+      hiddenLevel_ = Level(hiddenItem_);
+    }
     writer_.SetHidden(true);
   }
 
   void ShowAgain() {
     hiddenFrom_ = kNone;
-    isParagraphHidden_ = false;
+    hiddenItem_.clear();
     writer_.SetHidden(false);
   }
 
-  void HandleLoose(const HtmlTag& tag) {
-    writer_.Tag(tag);
-    if (tag.IsEnd || writer_.IsHidden() || !HidesItself(tag)) return;
-    isParagraphHidden_ = true;
-    writer_.SetHidden(true);
+  // How many lists or tables are open of the kind that has such items.
+  qsizetype Level(const QString& item) const {
+    if (item == u"p") return 0;
+    if (item == u"li") return open_.count(QStringLiteral("ul")) + open_.count(QStringLiteral("ol"));
+    if (item == u"dt" || item == u"dd") return open_.count(QStringLiteral("dl"));
+    return static_cast<qsizetype>(tables_.size());
   }
 
-  void HandlePicture(const HtmlTag& tag) {
-    const QString words = tag.Value(QStringLiteral("alt")).trimmed();
-    if (writer_.IsHidden()) return;
-    if (words.isEmpty() || hasPicture_(tag.Value(QStringLiteral("src")))) {
-      writer_.Tag(tag);
-    } else {
-      writer_.Text(words.toHtmlEscaped());
+  bool EndsHiddenItem(const QString& word) const {
+    return !hiddenItem_.isEmpty() && LooseEnds()[hiddenItem_].contains(word) &&
+           Level(hiddenItem_) == hiddenLevel_;
+  }
+
+  void HandleLoose(const HtmlTag& tag) {
+    if (!tag.IsVoid()) {
+      HideIfItsTagSaysSo(tag);
+    } else if (HidesItself(tag)) {
+      return;
     }
+    writer_.Tag(tag);
+  }
+
+  // The mark of the innermost quotation: single ones stand within double ones.
+  QStringView QuoteMark(bool isBeginning) const {
+    const bool isInner = open_.count(QStringLiteral("q")) % 2 == 0;
+    if (isBeginning) return isInner ? u"\u2018" : u"\u201C";
+    return isInner ? u"\u2019" : u"\u201D";
+  }
+
+  void HandlePicture(HtmlTag& tag) {
+    if (writer_.IsHidden() || HidesItself(tag)) return;
+    const int number = numberOf_(tag.Value(kSource));
+    const QString words = tag.Value(kWords).trimmed();
+    if (number < 0 && !words.isEmpty()) {
+      writer_.Text(words.toHtmlEscaped());
+      return;
+    }
+    // An author who gives empty words has said that nothing is missed.
+    const bool isMissed = number < 0 && !tag.Has(kWords);
+    tag.Set(kSource, number >= 0 ? QString::number(number) : isMissed ? kMissingPicture : QString());
+    writer_.Tag(tag);
   }
 
   void HandleSilent(const QString& word) {
@@ -231,10 +304,13 @@ class Filter {
     const bool isTable = tag.Name == u"table";
     const qsizetype opened = open_.lastIndexOf(tag.Name);
     if (opened < 0 || (!isTable && opened < open_.lastIndexOf(QStringLiteral("table")))) return;
-    open_.resize(opened);
-    if (opened < hiddenFrom_) ShowAgain();
+    while (open_.size() > opened) {
+      if (open_.size() <= hiddenFrom_) ShowAgain();
+      if (open_.last() == u"q") writer_.Text(QuoteMark(false));
+      open_.removeLast();
+    }
     writer_.Tag(tag);
-    if (opened == hiddenFrom_) ShowAgain();
+    if (opened == hiddenFrom_ && hiddenItem_.isEmpty()) ShowAgain();
   }
 
   void HandleTable(HtmlTag& tag) {
@@ -255,18 +331,19 @@ class Filter {
       table.RowColumns += span;
       table.Columns = std::max(table.Columns, table.RowColumns);
     }
-    if (table.IsKept) writer_.Tag(tag);
+    if (!table.IsKept) return;
+    // A hidden cell keeps its place in the row.
+    if (tag.Name == u"tr") HideIfItsTagSaysSo(tag);
+    writer_.Tag(tag);
+    if (tag.Name != u"tr") HideIfItsTagSaysSo(tag);
   }
 
-  void BeginTable(const HtmlTag& tag) {
+  void BeginTable(HtmlTag& tag) {
     const bool isKept =
         tables_.size() < kDeepestTable && tableCount_ < kMostTables && cells_ < kMostPageCells;
     ++tableCount_;
     tables_.push_back({0, 0, isKept, isKept});
-    if (isKept) {
-      open_.append(tag.Name);
-      writer_.Tag(tag);
-    }
+    if (isKept) Open(tag);
   }
 
   void EndTable(const HtmlTag& tag) {
@@ -279,25 +356,27 @@ class Filter {
   static constexpr qsizetype kNone = -2;
 
   const QString& html_;
-  const PictureCheck& hasPicture_;
+  const PictureNumber& numberOf_;
   HtmlWriter writer_;
   qsizetype at_ = 0;
   qsizetype nextDouble_ = -1;
   qsizetype nextSingle_ = -1;
-  const qint64 tags_;  // at most this many
+  qint64 tags_;  // at most this many
   qint64 styleRules_ = 0;
   std::vector<qsizetype> strayQuotes_;  // of the tag at hand
   QStringList open_;
   qsizetype hiddenFrom_ = kNone;  // the depth of what hides all that is in it
-  bool isParagraphHidden_ = false;
-  Names endless_;  // of the silent ones, those without an end from here on
+  QString hiddenItem_;            // what hides, where its end may be left out; else empty
+  qsizetype hiddenLevel_ = 0;     // of that
+  Names endless_;                 // of the silent ones, those without an end from here on
   std::vector<Table> tables_;
   int tableCount_ = 0;
   qint64 cells_ = 0;
+  int skipped_ = 0;  // numbers of lists
 };
 
 }  // namespace
 
-FilteredHtml FilterHtml(const QString& html, const PictureCheck& hasPicture) {
-  return Filter(html, hasPicture).Run();
+FilteredHtml FilterHtml(const QString& html, const PictureNumber& numberOf) {
+  return Filter(html, numberOf).Run();
 }

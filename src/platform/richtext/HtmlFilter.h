@@ -11,12 +11,16 @@ struct FilteredHtml {
   // Names of places; which of these lists a place has says the mark (HtmlPlaces.h) in front of it.
   QList<QStringList> Places;
   QStringList EndNames;  // of the page's end, which bears no mark
+  QString LinkColour;    // of links that no style colours; empty: the usual one
 };
 
-// Whether there is a picture of that name.
-using PictureCheck = std::function<bool(const QString& name)>;
+// The name of a picture that isn't there and has no words either.
+inline const QString kMissingPicture = QStringLiteral("missing");
+
+// The number of the picture of that name; -1 where there is none.
+using PictureNumber = std::function<int(const QString& name)>;
 
 // The same page without scripts, comments, embedded and hidden things and references to other files'
-// styles; with tables, spans and nesting held within limits. Text that shows is never taken out. The words
-// that a page has for a picture stand for one that isn't there.
-FilteredHtml FilterHtml(const QString& html, const PictureCheck& hasPicture);
+// styles; with tables, spans and nesting held within limits. Text that shows is never taken out. Pictures
+// have their numbers for names. The words that a page has for a picture stand for one that isn't there.
+FilteredHtml FilterHtml(const QString& html, const PictureNumber& numberOf);

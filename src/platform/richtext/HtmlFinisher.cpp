@@ -2,8 +2,12 @@
 
 #include "platform/richtext/HtmlPlaces.h"
 #include "platform/richtext/PageLink.h"
+#include "platform/richtext/PicturePixels.h"
 
+#include <QGuiApplication>
 #include <QImage>
+#include <QPalette>
+#include <QSet>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -17,6 +21,7 @@ namespace {
 
 constexpr double kLargestPoints = 400;
 constexpr double kLargestPicture = 4000;  // pixels
+constexpr qsizetype kMostBoxes = 50;      // sizes of boxes for missing pictures
 constexpr double kTwipsPerPixel = 15;     // of a pixel that the page speaks of
 constexpr double kListIndent = 40;        // pixels of the page
 
@@ -64,6 +69,17 @@ void NotePlaces(RichPage& page, const FilteredHtml& filtered) {
   AddPlaces(page, filtered.EndNames, document.characterCount() - 1);
 }
 
+void HideSkippedItems(QTextDocument& document) {
+  QTextCursor cursor(&document);
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const qsizetype mark = block.text().indexOf(kSkippedItem);
+    if (mark < 0) continue;
+    cursor.setPosition(block.position() + static_cast<int>(mark));
+    cursor.deleteChar();
+    if (block.text().trimmed().isEmpty()) block.setVisible(false);
+  }
+}
+
 struct Change {
   int Position;
   int Length;
@@ -73,8 +89,11 @@ struct Change {
 // Walks over the page once and notes what its formats need.
 class Finisher {
  public:
-  Finisher(RichPage& page, const PageMetrics& metrics)
-      : page_(page), letterScale_(metrics.PointSize(1.0)), scale_(metrics.Pixels(kTwipsPerPixel)) {}
+  Finisher(RichPage& page, const PageMetrics& metrics, const QString& linkColour)
+      : page_(page),
+        letterScale_(metrics.PointSize(1.0)),
+        scale_(metrics.Pixels(kTwipsPerPixel)),
+        linkColour_(linkColour.isEmpty() ? QColor(Qt::blue) : QColor(linkColour)) {}
 
   void Run() {
     QTextDocument& document = *page_.Document;
@@ -121,11 +140,14 @@ class Finisher {
     const QString target = isPlace ? QUrl::fromPercentEncoding(href.mid(1).toUtf8()) : href;
     format.setAnchorHref(HrefOfLink({isPlace ? PageLink::kPlace : PageLink::kFile, target}));
     format.setProperty(kLinkNumberProperty, links_);
-    if (!format.hasProperty(QTextFormat::ForegroundBrush)) format.setForeground(QColor(Qt::blue));
+    // Without a style a link has the desktop's colour, which need not suit the page's paper.
+    const bool isPlain = !format.hasProperty(QTextFormat::ForegroundBrush) ||
+                         format.foreground() == QGuiApplication::palette().link();
+    if (isPlain) format.setForeground(linkColour_);
     if (!format.fontUnderline()) format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
   }
 
-  void SetSizes(QTextCharFormat& format) const {
+  void SetSizes(QTextCharFormat& format) {
     const double points = format.fontPointSize();
     if (points > 0) {
       const double shown = std::clamp(points * letterScale_, 1.0, kLargestPoints);
@@ -136,7 +158,23 @@ class Finisher {
       format.setProperty(QTextFormat::FontPixelSize,
                          static_cast<int>(std::lround(std::clamp(pixels * scale_, 1.0, kLargestPoints))));
     }
-    if (format.isImageFormat()) SetPictureSize(format);
+    if (!format.isImageFormat()) return;
+    SetPictureSize(format);
+    if (format.toImageFormat().name() == kMissingPicture) DrawBox(format);
+  }
+
+  // A box of its own for each size keeps its rim thin.
+  void DrawBox(QTextCharFormat& format) {
+    QTextImageFormat image = format.toImageFormat();
+    const QSizeF size(image.width(), image.height());
+    const QString name = QStringLiteral("%1-%2x%3").arg(kMissingPicture).arg(size.width()).arg(size.height());
+    if (!boxes_.contains(name)) {
+      if (boxes_.size() >= kMostBoxes) return;
+      boxes_.insert(name);
+      page_.Document->addResource(QTextDocument::ImageResource, QUrl(name), PlaceholderBox(size));
+    }
+    image.setName(name);
+    format = image;
   }
 
   // Every picture gets both lengths: the layout does not end with a picture that has none, or less than none.
@@ -215,7 +253,9 @@ class Finisher {
   RichPage& page_;
   const double letterScale_;  // from the points of the page to those of the view
   const double scale_;        // from the pixels of the page to those of the view
+  const QColor linkColour_;
   std::vector<Change> changes_;
+  QSet<QString> boxes_;  // names of placeholders
   QString lastHref_;
   int links_ = 0;
   int end_ = -1;
@@ -224,6 +264,7 @@ class Finisher {
 }  // namespace
 
 void FinishHtml(RichPage& page, const PageMetrics& metrics, const FilteredHtml& filtered) {
+  HideSkippedItems(*page.Document);
   NotePlaces(page, filtered);
-  Finisher(page, metrics).Run();
+  Finisher(page, metrics, filtered.LinkColour).Run();
 }

@@ -6,9 +6,11 @@
 #include "platform/richtext/HtmlFinisher.h"
 #include "platform/richtext/PageBounds.h"
 #include "platform/richtext/PageDocument.h"
+#include "platform/richtext/PicturePixels.h"
 
 #include <QHash>
 #include <QTextFrame>
+#include <memory>
 
 namespace {
 
@@ -16,15 +18,36 @@ constexpr double kUsualPoints = 12;
 constexpr double kMarginX = 180;  // twips, as on a rich text page that names none
 constexpr double kMarginY = 120;
 
-// The filter asks whether there is a picture, the document for the picture itself.
-PictureLoader AskedOnce(PictureLoader loader) {
-  if (!loader) return [](const QString&) { return QImage(); };
-  return [loader = std::move(loader),
-          pictures = std::make_shared<QHash<QString, QImage>>()](const QString& name) {
-    const auto known = pictures->constFind(name);
-    return known != pictures->constEnd() ? *known : *pictures->insert(name, loader(name));
-  };
-}
+constexpr QSizeF kUsualBox(32, 32);  // pixels, of a missing picture
+
+// The filter finds the pictures by their names. The document, which would take the names for addresses, knows
+// them by numbers alone.
+class Pictures {
+ public:
+  explicit Pictures(PictureLoader loader) : loader_(std::move(loader)) {}
+
+  // -1 where there is no picture of that name.
+  int NumberOf(const QString& name) {
+    const auto known = numbers_.constFind(name);
+    if (known != numbers_.constEnd()) return *known;
+    const QImage picture = loader_ ? loader_(name) : QImage();
+    if (!picture.isNull()) images_.append(picture);
+    return *numbers_.insert(name, picture.isNull() ? -1 : static_cast<int>(images_.size()) - 1);
+  }
+
+  // Styles alone have names for their pictures.
+  QImage At(const QString& numberOrName) {
+    if (numberOrName == kMissingPicture) return PlaceholderBox(kUsualBox);
+    bool isNumber = false;
+    const int number = numberOrName.toInt(&isNumber);
+    return images_.value(isNumber ? number : NumberOf(numberOrName));
+  }
+
+ private:
+  PictureLoader loader_;
+  QHash<QString, int> numbers_;
+  QList<QImage> images_;
+};
 
 void SetUpFrame(RichPage& page, const PageMetrics& metrics) {
   QTextFrame& root = *page.Document->rootFrame();
@@ -38,9 +61,11 @@ void SetUpFrame(RichPage& page, const PageMetrics& metrics) {
   root.setFrameFormat(frame);
 }
 
-RichPage ReadOnce(const QByteArray& bytes, const PageMetrics& metrics, const PictureLoader& pictures) {
+RichPage ReadOnce(const QByteArray& bytes, const PageMetrics& metrics,
+                  const std::shared_ptr<Pictures>& pictures) {
   RichPage page;
-  page.Document = std::make_unique<PageDocument>(pictures);
+  page.Document =
+      std::make_unique<PageDocument>([pictures](const QString& name) { return pictures->At(name); });
   QTextDocument& document = *page.Document;
   document.setUndoRedoEnabled(false);
   document.setDocumentMargin(0);
@@ -48,7 +73,7 @@ RichPage ReadOnce(const QByteArray& bytes, const PageMetrics& metrics, const Pic
   font.setPointSizeF(metrics.PointSize(kUsualPoints));
   document.setDefaultFont(font);
   const FilteredHtml filtered =
-      FilterHtml(DecodeHtml(bytes), [&pictures](const QString& name) { return !pictures(name).isNull(); });
+      FilterHtml(DecodeHtml(bytes), [&pictures](const QString& name) { return pictures->NumberOf(name); });
   document.setHtml(filtered.Html);
   FinishHtml(page, metrics, filtered);
   SetUpFrame(page, metrics);
@@ -63,6 +88,6 @@ RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QSt
     throw RunTimeError(
         Describe("file-too-large", what, QString::number(bytes.size()), QString::number(kHtmlLimit)));
   }
-  const PictureLoader pictures = AskedOnce(std::move(loader));
+  const auto pictures = std::make_shared<Pictures>(std::move(loader));
   return ReadBounded(metrics, [&](const PageMetrics& used) { return ReadOnce(bytes, used, pictures); });
 }

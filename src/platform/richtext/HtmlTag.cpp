@@ -92,9 +92,7 @@ class TagReader {
       const bool isQuoted = at_ < text_.size() && (text_[at_] == u'"' || text_[at_] == u'\'');
       value = isQuoted ? ReadQuoted() : ReadPlain();
     }
-    const bool isKnown = std::any_of(tag.Attributes.begin(), tag.Attributes.end(),
-                                     [&name](const auto& attribute) { return attribute.first == name; });
-    if (!isKnown) tag.Attributes.append({name, value});
+    if (!tag.Has(name)) tag.Attributes.append({name, value});
   }
 
   QStringView text_;
@@ -121,6 +119,16 @@ int HtmlTag::HoldNumber(const QString& attribute, int most) {
     value = QStringLiteral("1");
   }
   return 1;
+}
+
+bool HtmlTag::Has(const QString& attribute) const {
+  return std::any_of(Attributes.begin(), Attributes.end(),
+                     [&attribute](const auto& its) { return its.first == attribute; });
+}
+
+void HtmlTag::Set(const QString& attribute, const QString& value) {
+  Attributes.removeIf([&attribute](const auto& its) { return its.first == attribute; });
+  if (!value.isEmpty()) Attributes.append({attribute, QString(value).replace(u'&', QLatin1String("&amp;"))});
 }
 
 QString HtmlTag::Value(const QString& attribute) const {

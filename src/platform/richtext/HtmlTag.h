@@ -20,6 +20,10 @@ struct HtmlTag {
   // The largest whole number from 1 to `most` of an attribute. Anything else it holds becomes 1.
   int HoldNumber(const QString& attribute, int most);
 
+  bool Has(const QString& attribute) const;
+  // Gives the attribute that value, entities resolved; takes it away for an empty one.
+  void Set(const QString& attribute, const QString& value);
+
   // The value of an attribute with its entities resolved; empty when the tag does not have it.
   QString Value(const QString& attribute) const;
 

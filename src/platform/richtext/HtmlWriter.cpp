@@ -38,6 +38,10 @@ void HtmlWriter::Tag(const HtmlTag& tag) {
   if (tag.IsClosed && !tag.IsEnd && !tag.IsVoid()) Markup(QString(QLatin1String("</") + tag.Name + u'>'));
 }
 
+void HtmlWriter::SkippedItem() {
+  Markup(QString(QLatin1String("<li>") + kSkippedItem + QLatin1String("</li>")));
+}
+
 void HtmlWriter::Markup(QStringView markup) {
   if (!isHidden_) page_.Html += markup;
 }

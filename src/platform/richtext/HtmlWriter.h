@@ -14,10 +14,14 @@ class HtmlWriter {
   void Text(QStringView text);
   // One tag; what is written as beginning and end in one comes out as both.
   void Tag(const HtmlTag& tag);
+  // An item of a list that counts and never shows.
+  void SkippedItem();
   // Markup of the filter's own making.
   void Markup(QStringView markup);
   // A place that the next text or picture has.
   void Name(const QString& name);
+
+  void LinkColour(const QString& colour) { page_.LinkColour = colour; }
 
   void SetHidden(bool hidden) { isHidden_ = hidden; }
   bool IsHidden() const { return isHidden_; }

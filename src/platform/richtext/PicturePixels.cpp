@@ -2,6 +2,8 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QPainter>
+#include <algorithm>
 
 namespace {
 
@@ -46,4 +48,15 @@ QImage DecodePicture(const QByteArray& bytes, const QByteArray& format, PixelBud
   buffer.open(QIODevice::ReadOnly);
   QImageReader reader(&buffer, used);
   return budget.Take(reader.size()) ? reader.read() : QImage();
+}
+
+QImage PlaceholderBox(QSizeF pixels) {
+  const QSize size(std::clamp(static_cast<int>(pixels.width()), 8, 400),
+                   std::clamp(static_cast<int>(pixels.height()), 8, 400));
+  QImage box(size, QImage::Format_RGB32);
+  box.fill(Qt::white);
+  QPainter painter(&box);
+  painter.setPen(QColor(0x99, 0x99, 0x99));
+  painter.drawRect(box.rect().adjusted(0, 0, -1, -1));
+  return box;
 }

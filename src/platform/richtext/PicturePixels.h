@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QSet>
+#include <QSizeF>
 #include <QString>
 
 // How many pixels the pictures of one page may have together, and each alone; and what drawing them may cost.
@@ -25,3 +26,7 @@ class PixelBudget {
 // A null image for bytes that are no picture or that are over the budget. `format` is what the bytes are
 // when they don't say it themselves ("dib"); else empty.
 QImage DecodePicture(const QByteArray& bytes, const QByteArray& format, PixelBudget& budget);
+
+// Stands for a picture that can't be shown: a white box with a thin grey rim, of the size in pixels (held
+// within a few hundred).
+QImage PlaceholderBox(QSizeF pixels);

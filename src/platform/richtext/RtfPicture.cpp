@@ -2,7 +2,6 @@
 
 #include "platform/richtext/Metafile.h"
 
-#include <QPainter>
 #include <algorithm>
 #include <array>
 
@@ -69,17 +68,6 @@ void RtfPicture::AddHex(std::string_view digits) {
       halfByte_ = -1;
     }
   }
-}
-
-QImage PlaceholderBox(QSizeF pixels) {
-  const QSize size(std::clamp(static_cast<int>(pixels.width()), 8, 400),
-                   std::clamp(static_cast<int>(pixels.height()), 8, 400));
-  QImage box(size, QImage::Format_RGB32);
-  box.fill(Qt::white);
-  QPainter painter(&box);
-  painter.setPen(QColor(0x99, 0x99, 0x99));
-  painter.drawRect(box.rect().adjusted(0, 0, -1, -1));
-  return box;
 }
 
 QImage RtfPictureDecoder::DecodeStored(const RtfPicture& picture) {

@@ -61,6 +61,3 @@ class RtfPictureDecoder {
   PixelBudget budget_;
   std::map<std::pair<int, int>, QImage> boxes_;  // width and height in pixels -> what stands in
 };
-
-// A white box with a thin grey rim, of the size in pixels (held within a few hundred).
-QImage PlaceholderBox(QSizeF pixels);
