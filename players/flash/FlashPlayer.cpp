@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QFile>
+#include <QFileInfo>
 
 #include "FlashPage.h"
 
@@ -11,6 +12,7 @@ constexpr qint64 kShortestMovie = 8;  // bytes: signature, version, length
 
 // The bytes of a movie, empty when the file holds none.
 QByteArray ReadMovie(const QString& path) {
+  if (!QFileInfo(path).isFile()) return {};  // a pipe would keep its reader waiting
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly) || file.size() > FlashPlayer::kLargestMovie) return {};
   QByteArray bytes = file.read(FlashPlayer::kLargestMovie);

@@ -2,6 +2,7 @@
 // own, so these tests wait for it.
 #include <arpa/inet.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -139,6 +140,9 @@ TEST_F(FlashTest, FileThatIsNoMovieShowsNothing) {
   window.show();
   Watched player(window);
   player.Player->SetMovie(store.Path("rt0101/Movies/missing.swf"));
+  const QString pipe = store.Path("rt0101/Movies/pipe.swf");
+  ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+  player.Player->SetMovie(pipe);
   for (const auto& [what, bytes] : files)
     player.Player->SetMovie(Movie(bytes));
   // The player has got over each of them when the next movie plays.
