@@ -193,7 +193,5 @@ void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
 
 // The page is what the screen is for: what no control with the focus has a use for is the page's.
 void Form1::keyPressEvent(QKeyEvent* event) {
-  bool taken = false;
-  Dispatcher::Run([&] { taken = txTextControl1_->TakeKey(*event); });
-  if (!taken) Form::keyPressEvent(event);
+  if (!txTextControl1_->TakeKey(*event)) Form::keyPressEvent(event);
 }

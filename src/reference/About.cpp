@@ -79,6 +79,11 @@ void About::ShowAboutText() {
   if (!file.isEmpty()) text1_->SetText(DecodeText(ReadProgramFile(file, kTextFileLimit)));
 }
 
+// The text is what the screen is for, also while something else has the focus.
+void About::keyPressEvent(QKeyEvent* event) {
+  if (!text1_->TakeKey(*event)) DialogForm::keyPressEvent(event);
+}
+
 void About::Form_MouseMove() {
   DialogForm::Form_MouseMove();
   if (picture1_->HasFocus()) Backdrop()->SetFocus();

@@ -13,6 +13,7 @@ class About final : public DialogForm {
  protected:
   void Form_Load() override;
   void Form_MouseMove() override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void ShowVersion();

@@ -61,6 +61,11 @@ bool Help::Form_QueryUnload(UnloadMode mode) {
   return false;
 }
 
+// The page is what the screen is for, also while something else has the focus.
+void Help::keyPressEvent(QKeyEvent* event) {
+  if (!txTextControl1_->TakeKey(*event)) DialogForm::keyPressEvent(event);
+}
+
 void Help::Form_MouseMove() {
   DialogForm::Form_MouseMove();
   if (command1_->HasFocus()) Backdrop()->SetFocus();

@@ -46,6 +46,11 @@ void Trademark::Form_Load() {
   });
 }
 
+// The page is what the screen is for, also while something else has the focus.
+void Trademark::keyPressEvent(QKeyEvent* event) {
+  if (!txTextControl1_->TakeKey(*event)) Form::keyPressEvent(event);
+}
+
 bool Trademark::ShowPageOf(const QString& courseName) {
   const QString name = QStringLiteral("Trademark %1_%2.txm").arg(courseName, QString::number(mTrademarkPage));
   const QString page = CourseFile(kAboutFolder, name);

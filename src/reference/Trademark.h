@@ -17,6 +17,7 @@ class Trademark final : public Form {
 
  protected:
   void Form_Load() override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Timer1_Timer();

@@ -40,7 +40,13 @@ TEST_F(AboutTest, TheTextCannotBeChangedAndIsReadByKeys) {
   Gui::Key(about, Qt::Key_Delete);
   EXPECT_EQ(text->Text(), before);
   Gui::Key(about, Qt::Key_PageDown);
-  EXPECT_GT(text->verticalScrollBar()->value(), 0);
+  const int page = text->verticalScrollBar()->value();
+  EXPECT_GT(page, 0);
+  Gui::MoveTo(about, "Picture1");
+  QTest::mouseMove(about.windowHandle(), QPoint(4, 4));
+  EXPECT_FALSE(text->HasFocus());
+  Gui::Key(about, Qt::Key_PageDown);
+  EXPECT_GT(text->verticalScrollBar()->value(), page);
 }
 
 TEST_F(AboutTest, EveryWayOutUnloadsTheForm) {

@@ -1,6 +1,7 @@
 // The help screen, opened over another form.
 #include "reference/Help.h"
 
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 #include "frame/ProgramState.h"
@@ -66,6 +67,35 @@ TEST_F(HelpTest, EachOpeningShowsItsOwnDocumentAndEveryWayOutHidesTheForm) {
     EXPECT_FALSE(Default<Help>().Shown());
     EXPECT_EQ(FormLife::Active(), owner);
   }
+}
+
+TEST_F(HelpTest, TheKeysToReadByNeedNoFocusOnThePage) {
+  store.Write("LongHelp.rtf", "{\\rtf1\\fs24 " + QByteArray("line\\par ").repeated(200) + "}");
+  script.When("Help", [](Form& help) {
+    Gui::MoveTo(help, "Command1");
+    QTest::mouseMove(help.windowHandle(), QPoint(4, 4));
+    auto* page = Gui::Find<TextControl>(help, "TXTextControl1");
+    EXPECT_FALSE(page->HasFocus());
+    const QScrollBar& bar = *page->verticalScrollBar();
+    Gui::Key(help, Qt::Key_PageDown);
+    EXPECT_GT(bar.value(), 0);
+    Gui::Key(help, Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), 0);
+    Gui::Key(help, Qt::Key_End);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    Gui::Key(help, Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+    const int end = bar.maximum();
+    Gui::Key(help, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(bar.maximum(), end);
+    Gui::Key(help, Qt::Key_Minus, Qt::ControlModifier);
+    Gui::Key(help, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_LT(bar.maximum(), end);
+    Gui::Key(help, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(bar.maximum(), end);
+    Gui::Click(help, "Command1");
+  });
+  OpenHelp(File("Long"), owner);
 }
 
 TEST_F(HelpTest, AMissingDocumentIsAnErrorOfTheCallerThatNamesIt) {

@@ -1,6 +1,9 @@
 #include "platform/forms/TextPane.h"
 
+#include <QScrollBar>
+
 #include "platform/forms/Font.h"
+#include "platform/forms/ScrollKeys.h"
 
 TextPane::TextPane(QWidget* container, const QString& name) : QPlainTextEdit(container), Control(this, name) {
   Watch(viewport());
@@ -9,4 +12,8 @@ TextPane::TextPane(QWidget* container, const QString& name) : QPlainTextEdit(con
   setTabChangesFocus(true);
   setContextMenuPolicy(Qt::NoContextMenu);
   setFont(Arial(10));
+}
+
+bool TextPane::TakeKey(const QKeyEvent& key) {
+  return ScrollByKey(*verticalScrollBar(), key);
 }

@@ -11,4 +11,7 @@ class TextPane : public QPlainTextEdit, public Control {
 
   QString Text() const { return toPlainText(); }
   void SetText(const QString& text) { setPlainText(text); }
+
+  // A key that was pressed elsewhere and that scrolls the text all the same. False for any other.
+  bool TakeKey(const QKeyEvent& key);
 };

@@ -4,6 +4,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/forms/Screen.h"
+#include "platform/forms/ScrollKeys.h"
 #include "platform/richtext/PageAccess.h"
 #include "platform/richtext/PageLink.h"
 #include "platform/richtext/PageReader.h"
@@ -250,21 +251,13 @@ QRect TextControl::ObjectRect(int id) const {
   return {};
 }
 
-bool TextControl::TakeKey(QKeyEvent& key) {
+bool TextControl::TakeKey(const QKeyEvent& key) {
   const double size = PageZoom::Factor();
   if (PageZoom::FollowsKey(key)) {
     if (PageZoom::Factor() != size) ShowAllAgain();
     return true;
   }
-  if ((key.modifiers() & ~Qt::KeypadModifier) != 0) return false;
-  QScrollBar& bar = *verticalScrollBar();
-  switch (key.key()) {
-    case Qt::Key_PageUp: bar.triggerAction(QScrollBar::SliderPageStepSub); return true;
-    case Qt::Key_PageDown: bar.triggerAction(QScrollBar::SliderPageStepAdd); return true;
-    case Qt::Key_Home: bar.triggerAction(QScrollBar::SliderToMinimum); return true;
-    case Qt::Key_End: bar.triggerAction(QScrollBar::SliderToMaximum); return true;
-    default: return false;
-  }
+  return ScrollByKey(*verticalScrollBar(), key);
 }
 
 void TextControl::keyPressEvent(QKeyEvent* event) {

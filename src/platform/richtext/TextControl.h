@@ -76,7 +76,7 @@ class TextControl : public QTextBrowser, public Control {
 
   // A key that was pressed elsewhere and that the page understands all the same: Page Up, Page Down, Home
   // and End scroll it; Ctrl with plus, minus and 0 changes the size of all pages. False for other keys.
-  bool TakeKey(QKeyEvent& key);
+  bool TakeKey(const QKeyEvent& key);
 
   // The words of the page, one line a paragraph; objects and pictures are U+FFFC.
   QString PlainText() const { return toPlainText(); }
