@@ -171,6 +171,17 @@ TEST_F(TextControlTest, TellsAScreenReaderOfTheLinksOfThePage) {
   EXPECT_EQ(Page().FocusedLink(), 0);
 }
 
+TEST_F(TextControlTest, TakesBackTheLinksThatAScreenReaderHasWhenTheSizeChanges) {
+  Load(kLinks);
+  QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&Page());
+  const QAccessible::Id old = QAccessible::uniqueId(page->child(1));
+  Page().SetFocus();
+  Gui::Key(form_, Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(QAccessible::accessibleInterface(old), nullptr);
+  ASSERT_EQ(page->childCount(), 2);
+  EXPECT_EQ(page->child(1)->text(QAccessible::Name), "further down");
+}
+
 TEST_F(TextControlTest, LetsALinkReplaceThePageFromItsOwnEvent) {
   store_.Write("rt01/0002.txm", LeadIn() + "{\\rtf1 the second page}");
   Load(kLinks);

@@ -124,7 +124,6 @@ void TextControl::Load(const QString& programPath, int offset, int format) {
   horizontalScrollBar()->setValue(0);
   currentObject_ = 0;
   ShowPointerAt(viewport()->mapFromGlobal(QCursor::pos()));
-  TellPageChanged(*this);
   // A handler may load the next page: then these objects are gone.
   const QTextDocument* const shown = document();
   const QList<PageObject> objects = page_.Objects;
@@ -153,6 +152,7 @@ void TextControl::ShowPage(RichPage&& page) {
   old.release()->deleteLater();
   SetLook();
   releasedAt_ = -1;
+  TellPageChanged(*this);
 }
 
 // The same page at another scale: the words at the top stay there, and so does what is selected.
