@@ -201,10 +201,6 @@ void TextControl::ColoursChanged() {
   SetLook();
 }
 
-void TextControl::LoadOption(int number, bool on) {
-  loadOptions_.insert(number, on);
-}
-
 void TextControl::SetPageWidth(double twips) {
   if (twips == pageWidth_) return;
   pageWidth_ = std::max(twips, 0.0);

@@ -25,25 +25,25 @@ class TextControl : public QTextBrowser, public Control {
   ~TextControl() override;
 
   // Shows the file from its top; `offset` bytes in front of the page are skipped (30 for a page file).
-  // The objects' events are raised before it returns. A RunTimeError leaves the old page as it was.
+  // The objects' events are raised before it returns. It is a RunTimeError that names the file when the
+  // format is none of the three, when the path leads out of the program folder, is no file or can't be read,
+  // when the file is larger than kPageLimit or shorter than `offset`, or holds neither rich text nor HTML
+  // (which has a limit of its own, kHtmlLimit). The old page stays as it was then.
   void Load(const QString& programPath, int offset, int format);
 
-  // The options 37 and 38, set around loads. They are kept and have no effect on this view.
+  // The options 37 and 38, set around loads. This view has one way to load: they change nothing.
   static constexpr int kListLoad = 37, kShowPages = 38;
   static constexpr int kLeadIn = 30;  // bytes before the page in a page file
-  void LoadOption(int number, bool on);
-  bool LoadOptionOf(int number) const { return loadOptions_.value(number); }
-  // Property 2, set when a course starts. Kept, without effect on this view.
-  void SetProperty2(bool on) { property2_ = on; }
-  bool Property2() const { return property2_; }
+  void LoadOption(int /*number*/, bool /*on*/) {}
+  // Property 2, set when a course starts, changes nothing either.
+  void SetProperty2(bool /*on*/) {}
 
   // Properties 12 and 13, twips. With a width the page is laid out that wide and shown at the scale that
-  // makes it as wide as the control; 0 (the start) shows it at its own size. The height is kept: a page
-  // here is one sheet without page marks.
+  // makes it as wide as the control; 0 (the start) shows it at its own size. The height changes
+  // nothing: a page here is one sheet without page marks.
   void SetPageWidth(double twips);
   double PageWidth() const { return pageWidth_; }
-  void SetPageHeight(double twips) { pageHeight_ = twips; }
-  double PageHeight() const { return pageHeight_; }
+  void SetPageHeight(double /*twips*/) {}
 
   // Property 43: the visible text of the link that was clicked last.
   const QString& LinkText() const { return linkText_; }
@@ -136,10 +136,7 @@ class TextControl : public QTextBrowser, public Control {
   RichPage page_;
   mutable std::optional<QList<Link>> links_;  // of the page, once somebody asked
   Source source_;
-  QHash<int, bool> loadOptions_;
-  bool property2_ = false;
   double pageWidth_ = 0;
-  double pageHeight_ = 0;
   QString linkText_;
   int currentObject_ = 0;
   int shownFocus_ = -1;  // the link that looks focused
