@@ -3,6 +3,7 @@
 #include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/ScrollKeys.h"
 #include "platform/richtext/PageAccess.h"
@@ -33,12 +34,12 @@ namespace {
 constexpr int kTopLine = 4;  // pixels; what is seen there counts as the top of what is read
 constexpr int kStep = QWheelEvent::DefaultDeltasPerStep;
 constexpr int kMostPictureFiles = 500;  // of one page
-constexpr QRgb kFocusBack = 0xFFCCCCFF, kFocusEdge = 0xFF4747B2, kFocusText = 0xFF000000;
+constexpr int kFocusBack = Palette::kLight, kFocusEdge = Palette::kEdge, kFocusText = 0x000000;
 
 const QString kScrollBarLook = QStringLiteral(
-    "QScrollBar { background: #CCCCFF; border: none; margin: 0; }"
+    "QScrollBar { background: @light; border: none; margin: 0; }"
     "QScrollBar:vertical { width: 14px; } QScrollBar:horizontal { height: 14px; }"
-    "QScrollBar::handle { background: #6666FF; border: 2px solid #CCCCFF; border-radius: 6px; }"
+    "QScrollBar::handle { background: @blue; border: 2px solid @light; border-radius: 6px; }"
     "QScrollBar::handle:vertical { min-height: 30px; } QScrollBar::handle:horizontal { min-width: 30px; }"
     "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
     "QScrollBar::add-page, QScrollBar::sub-page { background: none; }");
@@ -77,8 +78,8 @@ TextControl::TextControl(QWidget* container, const QString& name)
   Watch(viewport());
   setOpenLinks(false);
   setFrameShape(QFrame::NoFrame);
-  verticalScrollBar()->setStyleSheet(kScrollBarLook);
-  horizontalScrollBar()->setStyleSheet(kScrollBarLook);
+  verticalScrollBar()->setStyleSheet(Palette::Sheet(kScrollBarLook));
+  horizontalScrollBar()->setStyleSheet(Palette::Sheet(kScrollBarLook));
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &TextControl::FitHorizontalBar);
   connect(this, &QTextBrowser::anchorClicked, this,
@@ -347,9 +348,9 @@ void TextControl::ShowLinkFocus() {
   QList<ExtraSelection> looks;
   if (focused >= 0) {
     ExtraSelection look{textCursor(), {}};
-    look.format.setBackground(QColor(kFocusBack));
-    look.format.setForeground(QColor(kFocusText));
-    look.format.setProperty(QTextFormat::OutlinePen, QPen(QColor(kFocusEdge), 2));
+    look.format.setBackground(Screen::Colour(kFocusBack));
+    look.format.setForeground(Screen::Colour(kFocusText));
+    look.format.setProperty(QTextFormat::OutlinePen, QPen(Screen::Colour(kFocusEdge), 2));
     looks.append(look);
   }
   setExtraSelections(looks);
