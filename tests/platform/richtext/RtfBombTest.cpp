@@ -4,7 +4,7 @@
 #include <QUrl>
 #include <numeric>
 
-#include "platform/rtf_pages.h"
+#include "platform/richtext/rtf_pages.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <QTextTable>
 
 #include "platform/richtext/PageLink.h"
-#include "platform/rtf_pages.h"
+#include "platform/richtext/rtf_pages.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The words that come out of rich text: control words, code pages, hidden groups, damaged files.
-#include "platform/rtf_pages.h"
+#include "platform/richtext/rtf_pages.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "platform/forms/TextBox.h"
 #include "platform/richtext/PageZoom.h"
 #include "platform/richtext/TextControl.h"
-#include "platform/rtf_pages.h"
+#include "platform/richtext/rtf_pages.h"
 #include "support/Gui.h"
 #include "support/Messages.h"
 #include "support/Store.h"

@@ -2,7 +2,7 @@
 #include <initializer_list>
 
 #include "platform/richtext/PicturePixels.h"
-#include "platform/rtf_pages.h"
+#include "platform/richtext/rtf_pages.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "platform/richtext/HtmlReader.h"
 #include "platform/richtext/PageLink.h"
 #include "platform/richtext/PageReader.h"
-#include "platform/rtf_pages.h"
+#include "platform/richtext/rtf_pages.h"
 
 #include <QTextBlock>
 #include <QTextList>

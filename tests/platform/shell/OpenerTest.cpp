@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 
+#include "support/Gui.h"
 #include "support/Print.h"
 #include "support/Store.h"
 
@@ -149,6 +151,10 @@ TEST_F(OpenerTest, DoesNotWaitForABrowserToEnd) {
   EXPECT_EQ(Open("www.example.com"), ShellResult::kStarted);
   QFile opened(QFile::decodeName(gate));
   EXPECT_TRUE(opened.open(QIODevice::WriteOnly));  // the reader behind it lives
+  opened.close();
+  siginfo_t ended;  // it is taken leave of when it ends at last
+  EXPECT_TRUE(Gui::Await([&] { return waitid(P_ALL, 0, &ended, WEXITED | WNOHANG | WNOWAIT) != 0; }));
+  Gui::Settle();
 }
 
 }  // namespace
