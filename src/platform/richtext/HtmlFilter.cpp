@@ -17,6 +17,7 @@ constexpr size_t kDeepestTable = 4;
 constexpr int kMostTables = 500;
 constexpr int kMostColumns = 100;
 constexpr int kMostRowsSpanned = 200;
+constexpr int kMostPictures = 2000;        // each looks through its paragraph as far as it has come
 constexpr int kMostNumbersSkipped = 5000;  // by the lists of a page together
 // Every rule of a style sheet is tried on every element: so many tries a page may cost.
 constexpr qint64 kMostStyleTries = 1'000'000;
@@ -262,12 +263,14 @@ class Filter {
 
   void HandlePicture(HtmlTag& tag) {
     if (writer_.IsHidden() || HidesItself(tag)) return;
-    const int number = numberOf_(tag.Value(kSource));
+    const bool isTooMuch = ++pictureCount_ > kMostPictures;
+    const int number = isTooMuch ? -1 : numberOf_(tag.Value(kSource));
     const QString words = tag.Value(kWords).trimmed();
     if (number < 0 && !words.isEmpty()) {
       writer_.Text(words.toHtmlEscaped());
       return;
     }
+    if (isTooMuch) return;
     // An author who gives empty words has said that nothing is missed.
     const bool isMissed = number < 0 && !tag.Has(kWords);
     tag.Set(kSource, number >= 0 ? QString::number(number) : isMissed ? kMissingPicture : QString());
@@ -371,6 +374,7 @@ class Filter {
   Names endless_;                 // of the silent ones, those without an end from here on
   std::vector<Table> tables_;
   int tableCount_ = 0;
+  int pictureCount_ = 0;
   qint64 cells_ = 0;
   int skipped_ = 0;  // numbers of lists
 };

@@ -290,6 +290,15 @@ TEST(HtmlEntities, AreResolvedAlikeInTextAndAttributes) {
   }
 }
 
+TEST(HtmlBombs, HoldSoManyPicturesAndFitADocument) {
+  const RichPage page = Html(QByteArray("<img src=a width=9999 height=9999>x").repeated(6000));
+  const QString text = page.Document->toRawText();
+  EXPECT_LE(text.count(QChar::ObjectReplacementCharacter), 2000);
+  EXPECT_EQ(text.count(u'x'), 6000);
+  page.Document->setTextWidth(900);
+  EXPECT_LE(page.Document->size().height(), 8'388'607);
+}
+
 struct BombRow {
   const char* What;
   QByteArray Html;
