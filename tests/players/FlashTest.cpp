@@ -140,11 +140,11 @@ TEST_F(FlashTest, FileThatIsNoMovieShowsNothing) {
   window.show();
   Watched player(window);
   player.Player->SetMovie(store.Path("rt0101/Movies/missing.swf"));
+  for (const auto& [what, bytes] : files)
+    player.Player->SetMovie(Movie(bytes));
   const QString pipe = store.Path("rt0101/Movies/pipe.swf");
   ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
   player.Player->SetMovie(pipe);
-  for (const auto& [what, bytes] : files)
-    player.Player->SetMovie(Movie(bytes));
   // The player has got over each of them when the next movie plays.
   for (const auto& [what, bytes] : files) {
     SCOPED_TRACE(what);
