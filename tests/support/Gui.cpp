@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QDeadlineTimer>
 #include <QWindow>
 
 namespace Gui {
@@ -60,7 +61,13 @@ void Settle() {
 }
 
 bool Await(const std::function<bool()>& condition) {
-  return QTest::qWaitFor(condition, kAwaited);
+  // The web engine goes on in many small steps: a wait that sleeps between them makes it slow.
+  const QDeadlineTimer end(kAwaited);
+  QTimer bell;  // the condition is looked at now and then when nothing happens
+  bell.start(20);
+  while (!condition() && !end.hasExpired())
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  return condition();
 }
 
 Script::Script() = default;
