@@ -20,7 +20,7 @@ constexpr qsizetype kMostTabs = 1000;      // of a paragraph with stops of its o
 constexpr double kLetterWidth = 0.55;
 constexpr double kLineHeight = 1.3;
 
-// Adds up how high the layout will make a page, from above and without laying it out.
+// Adds up about how high the layout will make a page, without laying it out.
 class HeightEstimate {
  public:
   HeightEstimate(const QTextDocument& document, const PageMetrics& metrics)

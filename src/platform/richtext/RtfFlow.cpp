@@ -12,8 +12,6 @@ constexpr size_t kDeepestTable = 4;
 
 constexpr qsizetype kMostLineBreaks = 500'000;  // of a page; further ones are blanks
 
-constexpr int kFarthest = 31680;  // twips
-
 bool IsInline(const QString& text) {
   return text.endsWith(QChar::ObjectReplacementCharacter);
 }
@@ -29,7 +27,8 @@ bool IsBox(const RtfBlock& block) {
 
 // The border stands around all lines, a first one that hangs out included.
 int BoxLeft(const RtfParaProps& props) {
-  return std::clamp(props.LeftIndent, -kFarthest, kFarthest) + std::clamp(props.FirstIndent, -kFarthest, 0);
+  return std::clamp(props.LeftIndent, -kLongestRtfLength, kLongestRtfLength) +
+         std::clamp(props.FirstIndent, -kLongestRtfLength, 0);
 }
 
 RtfBlock EmptyBox(const RtfParaProps& props) {

@@ -14,15 +14,14 @@ namespace {
 // No page has this many; what goes beyond takes the look of the first.
 constexpr size_t kMostFormats = 4096;
 
-constexpr int kLongestIndent = 31680;  // twips, 22 inches
-constexpr int kAutomaticSpace = 280;   // twips, as between the paragraphs of a web page
-constexpr int kMostSpacing = 1440;     // twips between two characters
+constexpr int kAutomaticSpace = 280;  // twips, as between the paragraphs of a web page
+constexpr int kMostSpacing = 1440;    // twips between two characters
 const QString kSans = QStringLiteral("Arial"), kSerif = QStringLiteral("Times New Roman");
 constexpr size_t kMostKnownFamilies = 1000;
 constexpr int kLargestSize = 800;  // half points
 
 int Held(int twips) {
-  return std::clamp(twips, -kLongestIndent, kLongestIndent);
+  return std::clamp(twips, -kLongestRtfLength, kLongestRtfLength);
 }
 
 // Fonts that the authors' system never had and showed by others, whose widths their pages are made for; and

@@ -179,6 +179,8 @@ struct RtfBlock {
   std::unique_ptr<RtfTable> Table;
 };
 
+// Any length on a page, twips: 22 inches. Longer ones are held to it.
+inline constexpr int kLongestRtfLength = 31680;
 // A row holds no more cells; the text of further ones joins the last.
 inline constexpr size_t kMostRtfCells = 128;
 // Spans of a paragraph: the layout of a line looks through all of them for a place to break.

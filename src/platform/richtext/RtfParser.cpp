@@ -21,7 +21,6 @@ constexpr size_t kStyleWorth = 4;  // words that it takes as long to find a styl
 constexpr size_t kMostRepeated = 1'000'000, kMostRepeatedPerByte = 2;
 constexpr int kEndsThere = 2;         // of a list's number: how it stands at its place
 constexpr int kRoomForNumber = 1000;  // twips
-constexpr int kFarthest = 31680;      // twips
 
 RichPage EmptyPage() {
   RichPage page;
@@ -339,7 +338,7 @@ RtfParaProps RtfParser::PropsAtEnd() {
   RtfParaProps props = State().Para;
   if (props.List == 0 || !flow_.HasListText() || props.IsRightToLeft) return props;
   const RtfListLevel* const level = ListLevelOf(header_, props.List, props.ListLevel);
-  const auto held = [](int twips) { return std::clamp(twips, -kFarthest, kFarthest); };
+  const auto held = [](int twips) { return std::clamp(twips, -kLongestRtfLength, kLongestRtfLength); };
   const int end = held(props.LeftIndent) + held(props.FirstIndent);
   const bool endsThere = level != nullptr && level->Justify == kEndsThere;
   if (!endsThere || end <= 0 || !flow_.PutTabInFront()) return props;

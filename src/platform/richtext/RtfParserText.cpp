@@ -21,7 +21,6 @@ constexpr size_t kMostObjects = 1000;
 constexpr size_t kMostOldLists = 4096;
 constexpr int kMostPictures = 5000;
 constexpr char16_t kEmptyBox = 0x2610, kTickedBox = 0x2612;
-constexpr int kLargestObject = 31680;  // twips
 
 void AddTo(QString& name, const QString& text) {
   if (name.size() < kLongestName) name += text.left(kLongestName - name.size());
@@ -308,8 +307,8 @@ void RtfParser::EndPicture() {
     const double shapeWidth = static_cast<double>(shape_.Right) - shape_.Left;
     const double shapeHeight = static_cast<double>(shape_.Bottom) - shape_.Top;
     const bool hasSize = shapeWidth > 0 && shapeHeight > 0;
-    if (hasSize) width = std::min<double>(shapeWidth, kLargestObject);
-    if (hasSize) height = std::min<double>(shapeHeight, kLargestObject);
+    if (hasSize) width = std::min<double>(shapeWidth, kLongestRtfLength);
+    if (hasSize) height = std::min<double>(shapeHeight, kLongestRtfLength);
   }
   InsertPicture(decoded.Image, width, height, 0);
 }
@@ -344,8 +343,8 @@ void RtfParser::BeginObject() {
 void RtfParser::SetObjectSize(int width, int height) {
   if (State().Object < 0) return;
   Object& object = objects_[static_cast<size_t>(State().Object)];
-  if (width > 0) object.Width = std::min(width, kLargestObject);
-  if (height > 0) object.Height = std::min(height, kLargestObject);
+  if (width > 0) object.Width = std::min(width, kLongestRtfLength);
+  if (height > 0) object.Height = std::min(height, kLongestRtfLength);
 }
 
 void RtfParser::BeginObjectResult() {

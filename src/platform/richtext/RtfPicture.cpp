@@ -1,13 +1,14 @@
 #include "platform/richtext/RtfPicture.h"
 
 #include "platform/richtext/Metafile.h"
+#include "platform/richtext/RtfModel.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr double kLargest = 31680;   // twips
+constexpr double kLargest = kLongestRtfLength;
 constexpr double kMostDrawn = 3000;  // pixels a side
 constexpr double kTwipsPerStoredPixel = 15;
 constexpr double kTwipsPerHundredthMillimetre = 1440.0 / 2540.0;

@@ -7,10 +7,9 @@
 namespace {
 
 constexpr size_t kMostColumns = kMostRtfCells;
-constexpr int kWidestTable = 31680;  // twips
-constexpr int kUsualCell = 1440;     // twips, of a cell that the row does not describe
-constexpr int kSameEdge = 20;        // twips; writers round the edges of one column differently
-constexpr int kNarrowest = 30;       // twips
+constexpr int kUsualCell = 1440;  // twips, of a cell that the row does not describe
+constexpr int kSameEdge = 20;     // twips; writers round the edges of one column differently
+constexpr int kNarrowest = 30;    // twips
 
 QTextFrameFormat::BorderStyle StyleOf(const RtfBorder& border) {
   switch (border.Line) {
@@ -59,7 +58,7 @@ RtfTableGrid::RtfTableGrid(const RtfTable& table, size_t first, size_t count) {
 
 // Every cell gets an edge behind the one before it, within what a page can be wide.
 void RtfTableGrid::CompleteRow(RtfRowProps& props, const RtfRow& source) const {
-  props.Left = std::clamp(props.Left, -kWidestTable, kWidestTable);
+  props.Left = std::clamp(props.Left, -kLongestRtfLength, kLongestRtfLength);
   if (props.Cells.size() > kMostColumns) props.Cells.resize(kMostColumns);
   const size_t described = props.Cells.size();
   props.Cells.resize(std::max(described, std::min(source.Cells.size(), kMostColumns)));
@@ -67,10 +66,10 @@ void RtfTableGrid::CompleteRow(RtfRowProps& props, const RtfRow& source) const {
   for (size_t i = 0; i < props.Cells.size(); ++i) {
     RtfCellProps& cell = props.Cells[i];
     int right = i < described ? cell.Right : left + kUsualCell;
-    if (right <= left && cell.Width > 0) right = left + std::min(cell.Width, kWidestTable);
+    if (right <= left && cell.Width > 0) right = left + std::min(cell.Width, kLongestRtfLength);
     // What the cell before it covers may be as wide as nothing, and is no column of its own then.
     const bool isNothing = cell.Across == RtfMerge::Continued && right <= left && IsCovered(source, i);
-    cell.Right = std::clamp(right, isNothing ? left : left + kNarrowest, left + kWidestTable);
+    cell.Right = std::clamp(right, isNothing ? left : left + kNarrowest, left + kLongestRtfLength);
     left = cell.Right;
   }
 }
@@ -208,8 +207,8 @@ QTextTableFormat RtfTableGrid::Format(const RtfFormats& formats) const {
     };
     format.setLeftMargin(pixels(std::max(row.Left - outside(kLeftSide), -page.Left)));
     format.setRightMargin(pixels(std::max(row.Right - outside(kRightSide), -page.Right)));
-    format.setTopMargin(pixels(std::clamp(row.SpaceBefore, 0, kWidestTable)));
-    format.setBottomMargin(pixels(std::clamp(row.SpaceAfter, 0, kWidestTable)));
+    format.setTopMargin(pixels(std::clamp(row.SpaceBefore, 0, kLongestRtfLength)));
+    format.setBottomMargin(pixels(std::clamp(row.SpaceAfter, 0, kLongestRtfLength)));
     return format;
   }
   const bool isMirrored = row.IsRightToLeft && row.Align == RtfAlign::Left;
@@ -272,7 +271,8 @@ double RtfTableGrid::ContentHeight(const RtfGridCell& cell, const RtfFormats& fo
 void RtfTableGrid::StretchRows(const RtfFormats& formats) {
   for (auto cell = cells_.begin(); cell != cells_.end();) {
     const int row = cell->Row;
-    const double wanted = formats.Metrics().Pixels(std::min(std::abs(cell->RowProps->Height), kWidestTable));
+    const double wanted =
+        formats.Metrics().Pixels(std::min(std::abs(cell->RowProps->Height), kLongestRtfLength));
     RtfGridCell* highest = nullptr;
     double height = 0;
     for (; cell != cells_.end() && cell->Row == row; ++cell) {
