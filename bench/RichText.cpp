@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "Times.h"
-#include "platform/richtext/RtfReader.h"
+#include "pages/rtf/RtfReader.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <cstdlib>
 
 #include "Bytes.h"
+#include "pages/PageReader.h"
+#include "pages/html/HtmlPlaces.h"
 #include "platform/RunTimeError.h"
-#include "platform/richtext/HtmlPlaces.h"
-#include "platform/richtext/PageReader.h"
 
 static QImage PictureOf(const QString& name) {
   QImage picture(name.size() % 2 == 0 ? QSize(7, 3) : QSize(), QImage::Format_RGB32);

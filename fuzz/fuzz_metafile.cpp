@@ -1,5 +1,5 @@
 #include "Bytes.h"
-#include "platform/richtext/Metafile.h"
+#include "pages/metafile/Metafile.h"
 
 // Both kinds: the mark of the 32-bit one is what random bytes would hardly find.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

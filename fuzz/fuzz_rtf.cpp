@@ -1,8 +1,8 @@
 #include <QTextDocument>
 
 #include "Bytes.h"
+#include "pages/rtf/RtfReader.h"
 #include "platform/RunTimeError.h"
-#include "platform/richtext/RtfReader.h"
 
 // The page is laid out too: what the reader builds must be sound enough for that.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

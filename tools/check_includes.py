@@ -9,21 +9,31 @@ import sys
 from collections.abc import Iterator
 from pathlib import Path
 
-# Top to bottom: a folder may include those below it. Loose files of the platform lie under its folders.
+# Top to bottom: a folder may include those below it. Loose files of pages and platform lie under their screens.
 ORDER = ["main", "startup", "signin", "progress", "assessment", "coursescreen", "reference", "desktop",
-         "learners", "content", "frame", "platform/shell", "platform/richtext", "platform/grid", "platform/movies",
-         "platform/forms", "platform/registry", "platform/files", "platform"]
+         "learners", "content", "frame", "pages/view", "pages", "pages/rtf", "pages/html", "pages/metafile",
+         "pages/common", "platform/shell", "platform/grid", "platform/movies", "platform/forms",
+         "platform/registry", "platform/files", "platform", "texts"]
+# What a folder below does not know all the same: the readers of pages know neither each other nor windows.
+WINDOWS = {"platform/shell", "platform/grid", "platform/movies", "platform/forms"}
+UNKNOWN = {
+    "pages": WINDOWS,
+    "pages/rtf": WINDOWS | {"pages/html"},
+    "pages/html": WINDOWS | {"pages/metafile"},
+    "pages/metafile": WINDOWS,
+    "pages/common": WINDOWS,
+}
 # All that a plugin knows of the program.
 PLAYER_INTERFACE = "platform/movies/MoviePlayer.h"
 INCLUDE = re.compile(r'^\s*#include\s+"([^"]+)"', re.MULTILINE)
 
 
 def folder_of(path: str) -> str:
-    """The layer of a file: its folder, and for the platform the folder below that."""
+    """The layer of a file: its folder, and for pages and platform the folder below that."""
     parts = path.split("/")
     if len(parts) == 1:
         return "main"
-    return "/".join(parts[:2]) if parts[0] == "platform" and len(parts) > 2 else parts[0]
+    return "/".join(parts[:2]) if parts[0] in {"pages", "platform"} and len(parts) > 2 else parts[0]
 
 
 def includes(folder: Path) -> Iterator[tuple[Path, str]]:
@@ -40,10 +50,15 @@ def rank(folder: str) -> int:
     return ORDER.index(folder)
 
 
-def upward(source: Path) -> list[str]:
-    named = [(file.relative_to(source).as_posix(), include) for file, include in includes(source)]
-    return [f"points upwards: {name} -> {include}" for name, include in named
-            if rank(folder_of(include)) < rank(folder_of(name))]
+def misdirected(source: Path) -> Iterator[str]:
+    """The includes that point upwards and those of a folder that is not to be known."""
+    for file, include in includes(source):
+        name = file.relative_to(source).as_posix()
+        here, there = folder_of(name), folder_of(include)
+        if rank(there) < rank(here):
+            yield f"points upwards: {name} -> {include}"
+        elif there in UNKNOWN.get(here, set()):
+            yield f"not for this folder: {name} -> {include}"
 
 
 def past_the_interface(players: Path) -> list[str]:
@@ -58,7 +73,7 @@ def past_the_interface(players: Path) -> list[str]:
 
 def main() -> int:
     source = Path(sys.argv[1])
-    faults = upward(source) + past_the_interface(source.parent / "players")
+    faults = list(misdirected(source)) + past_the_interface(source.parent / "players")
     for fault in faults:
         print(fault)
     return 1 if faults else 0

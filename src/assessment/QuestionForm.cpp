@@ -5,13 +5,13 @@
 #include "coursescreen/Form1.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "learners/ProgressFile.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
+#include "texts/Descriptions.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -4,15 +4,15 @@
 #include <cmath>
 
 #include "frame/Captions.h"
-#include "frame/ResConstants.h"
 #include "frame/Rounding.h"
-#include "frame/TextTable.h"
 #include "platform/forms/AccessibleRole.h"
 #include "platform/forms/Announcement.h"
 #include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/VScrollBar.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include "frame/Rounding.h"
 #include "learners/ProgressFile.h"
 #include "platform/Clock.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

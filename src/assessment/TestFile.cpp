@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "frame/ProgramState.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
 #include "platform/files/QuotedFields.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

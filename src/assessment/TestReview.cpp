@@ -9,13 +9,13 @@
 #include "frame/Captions.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Rounding.h"
-#include "frame/TextTable.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/VScrollBar.h"
+#include "texts/Descriptions.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "assessment/Scoring.h"
-#include "platform/Descriptions.h"
+#include "texts/Descriptions.h"
 
 bool TestRun::Start(const QString& pageName) {
   *this = TestRun();

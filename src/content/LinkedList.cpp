@@ -1,9 +1,9 @@
 #include "content/LinkedList.h"
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/TextStream.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

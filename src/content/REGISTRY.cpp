@@ -1,14 +1,14 @@
 #include "content/REGISTRY.h"
 
 #include "content/LinkedList.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
 #include "platform/files/TextStream.h"
 #include "platform/registry/Registry.h"
+#include "texts/Descriptions.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

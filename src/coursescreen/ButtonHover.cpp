@@ -4,8 +4,8 @@
 
 #include "coursescreen/ButtonPictures.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

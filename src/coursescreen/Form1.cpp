@@ -6,15 +6,15 @@
 #include "frame/FormFitting.h"
 #include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Screens.h"
-#include "frame/TextTable.h"
+#include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
-#include "platform/richtext/TextControl.h"
 #include "reference/Glossary.h"
 #include "reference/Trademark.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 #include "coursescreen/PageTurning.h"
 #include "coursescreen/ToolTip.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
+#include "pages/view/TextControl.h"
 #include "platform/forms/Form.h"
-#include "platform/richtext/TextControl.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

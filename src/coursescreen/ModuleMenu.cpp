@@ -5,10 +5,10 @@
 #include "coursescreen/Hover.h"
 #include "coursescreen/TopicMenu.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Form.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -6,8 +6,7 @@
 #include "content/REGISTRY.h"
 #include "coursescreen/PlayerMessage.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
+#include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/MsgBox.h"
@@ -15,7 +14,8 @@
 #include "platform/forms/Screen.h"
 #include "platform/movies/MoviePlayer.h"
 #include "platform/movies/PlayerPlugins.h"
-#include "platform/richtext/TextControl.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -10,15 +10,15 @@
 #include "desktop/OpenDocument.h"
 #include "frame/AllModules.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
+#include "pages/common/PageLink.h"
+#include "pages/view/TextControl.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/MsgBox.h"
-#include "platform/richtext/PageLink.h"
-#include "platform/richtext/TextControl.h"
 #include "platform/shell/Opener.h"
 #include "reference/CourseFiles.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -6,16 +6,16 @@
 #include "coursescreen/StackControl.h"
 #include "coursescreen/ToolTip.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Screens.h"
 #include "frame/Settings.h"
-#include "frame/TextTable.h"
 #include "learners/ProgressFile.h"
+#include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/SkinButton.h"
-#include "platform/richtext/TextControl.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

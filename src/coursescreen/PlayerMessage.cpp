@@ -1,8 +1,8 @@
 #include "coursescreen/PlayerMessage.h"
 
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 const MovieControl kShockwaveControl{"Control.dll", kResNeedsShockwave};
 const MovieControl kFlashControl{"swflash", kResNeedsFlash};

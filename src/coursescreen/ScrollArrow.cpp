@@ -1,8 +1,8 @@
 #include "coursescreen/ScrollArrow.h"
 
 #include "coursescreen/Hover.h"
-#include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "content/PageList.h"
 #include "frame/ProgramState.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "texts/Descriptions.h"
 
 namespace {
 constexpr int kHighestIndex = 100;

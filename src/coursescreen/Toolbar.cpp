@@ -8,15 +8,15 @@
 #include "desktop/frmPrinterDialog.h"
 #include "frame/AllModules.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Screens.h"
-#include "frame/TextTable.h"
 #include "learners/ProfileBox.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "reference/About.h"
 #include "reference/Glossary.h"
 #include "reference/Repository.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "coursescreen/Hover.h"
-#include "frame/ResConstants.h"
+#include "texts/ResConstants.h"
 
 namespace {
 

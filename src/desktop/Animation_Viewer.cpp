@@ -1,7 +1,6 @@
 #include "desktop/Animation_Viewer.h"
 
 #include "content/REGISTRY.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/Palette.h"
@@ -9,6 +8,7 @@
 #include "platform/forms/SkinButton.h"
 #include "platform/movies/MoviePlayer.h"
 #include "platform/movies/PlayerPlugins.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

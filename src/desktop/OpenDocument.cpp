@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <iterator>
 
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/shell/Opener.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

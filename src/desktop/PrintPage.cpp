@@ -8,13 +8,13 @@
 
 #include "desktop/Animation_Viewer.h"
 #include "desktop/ScreenCapture.h"
-#include "frame/ResConstants.h"
 #include "frame/Screens.h"
-#include "frame/TextTable.h"
 #include "platform/Clock.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/SkinButton.h"
 #include "platform/shell/Printers.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

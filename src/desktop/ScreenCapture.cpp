@@ -4,9 +4,9 @@
 #include <QPrinter>
 #include <algorithm>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Form.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

@@ -6,13 +6,13 @@
 #include "desktop/OpenDocument.h"
 #include "desktop/PrintPage.h"
 #include "frame/FormFitting.h"
-#include "frame/ResConstants.h"
 #include "frame/Screens.h"
-#include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/PrintDialog.h"
 #include "platform/shell/Opener.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

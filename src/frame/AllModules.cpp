@@ -1,9 +1,9 @@
 #include "frame/AllModules.h"
 
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/forms/MsgBox.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 bool RefusedInAllModules() {
   if (gAllModules != 1) return false;

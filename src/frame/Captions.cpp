@@ -1,6 +1,6 @@
 #include "frame/Captions.h"
 
-#include "frame/TextTable.h"
+#include "texts/TextTable.h"
 
 Captions::Captions(QWidget* container, std::span<const CaptionRow> rows) : rows_(rows) {
   for (const CaptionRow& row : rows_) {

@@ -1,8 +1,8 @@
 #include "frame/LeaveQuestion.h"
 
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/forms/MsgBox.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 bool ConfirmLeaving() {
   return MsgBox(LoadStringResource(kResConfirmExitCourse), MsgButtons::YesNo, MsgIcon::None,

@@ -1,7 +1,7 @@
 #include "frame/ProgramState.h"
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "texts/Descriptions.h"
 
 const CourseRecord& CurrentCourse() {
   if (gCurrentCourse < 0 || gCurrentCourse >= gCourses.size()) throw RunTimeError(Describe("no-course-open"));

@@ -1,10 +1,10 @@
 #include "frame/Settings.h"
 
 #include "frame/ProgramState.h"
-#include "platform/Descriptions.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/Paths.h"
 #include "platform/registry/Registry.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

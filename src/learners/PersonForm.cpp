@@ -1,8 +1,8 @@
 #include "learners/PersonForm.h"
 
-#include "frame/TextTable.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Palette.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "learners/ProfileBox.h"
 
 #include "frame/FormFitting.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "learners/NameRules.h"
 #include "learners/UserStore.h"
 #include "platform/forms/Screen.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include "frame/ProgramState.h"
 #include "learners/ProgressRecords.h"
 #include "learners/UserStore.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

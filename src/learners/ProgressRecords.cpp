@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/QuotedFields.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "learners/UserStore.h"
 
 #include "frame/ProgramState.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
 #include "platform/files/QuotedFields.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

@@ -4,9 +4,7 @@
 #include "coursescreen/Form1.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Rounding.h"
-#include "frame/TextTable.h"
 #include "learners/ProgressFile.h"
 #include "platform/forms/ProgressBar.h"
 #include "platform/forms/Screen.h"
@@ -14,6 +12,8 @@
 #include "platform/grid/FlexGrid.h"
 #include "progress/Figures.h"
 #include "reference/Help.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -4,14 +4,14 @@
 
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/TextPane.h"
 #include "reference/CourseFiles.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

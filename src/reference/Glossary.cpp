@@ -6,13 +6,13 @@
 
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/PrintDialog.h"
 #include "platform/grid/FlexGrid.h"
 #include "reference/GlossaryLayout.h"
+#include "texts/Descriptions.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 using namespace GlossaryLayout;
 

@@ -6,8 +6,8 @@
 
 #include "frame/Captions.h"
 #include "frame/DialogForm.h"
+#include "pages/view/PrintDocument.h"
 #include "platform/forms/Timer.h"
-#include "platform/richtext/PrintDocument.h"
 #include "reference/GlossaryList.h"
 #include "reference/PrintableGlossary.h"
 

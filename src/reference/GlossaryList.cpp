@@ -1,9 +1,9 @@
 #include "reference/GlossaryList.h"
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/grid/FlexGrid.h"
 #include "reference/GlossaryLayout.h"
+#include "texts/Descriptions.h"
 
 using namespace GlossaryLayout;
 

@@ -1,9 +1,9 @@
 #include "reference/Help.h"
 
 #include "frame/FormFitting.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
-#include "platform/richtext/TextControl.h"
+#include "pages/view/TextControl.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

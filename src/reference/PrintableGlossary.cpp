@@ -1,6 +1,6 @@
 #include "reference/PrintableGlossary.h"
 
-#include "platform/richtext/PrintDocument.h"
+#include "pages/view/PrintDocument.h"
 
 namespace {
 

@@ -6,9 +6,6 @@
 #include "desktop/frmPrinterDialog.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
@@ -19,6 +16,9 @@
 #include "platform/shell/Opener.h"
 #include "reference/CourseFiles.h"
 #include "reference/Help.h"
+#include "texts/Descriptions.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -3,13 +3,13 @@
 #include "frame/CourseScreenLayout.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
+#include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/Screen.h"
-#include "platform/richtext/TextControl.h"
 #include "reference/CourseFiles.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include "frame/ProgramState.h"
 #include "learners/ProgressFile.h"
 #include "learners/UserStore.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

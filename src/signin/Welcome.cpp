@@ -3,13 +3,13 @@
 #include "frame/FormFitting.h"
 #include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Screens.h"
-#include "frame/TextTable.h"
 #include "learners/UserStore.h"
 #include "platform/forms/Screen.h"
 #include "signin/Resume.h"
 #include "signin/UserLogin.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -3,12 +3,12 @@
 #include "content/REGISTRY.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Screens.h"
-#include "frame/TextTable.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
 #include "startup/OpenCourse.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

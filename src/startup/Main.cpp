@@ -4,16 +4,16 @@
 
 #include "content/REGISTRY.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
 #include "frame/Settings.h"
-#include "frame/TextTable.h"
-#include "platform/Descriptions.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
 #include "startup/CourseSelection.h"
 #include "startup/OneCopy.h"
 #include "startup/Switches.h"
+#include "texts/Descriptions.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -2,12 +2,12 @@
 
 #include "coursescreen/Form1.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "startup/CourseSelection.h"
 #include "startup/SplashScreen.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -4,13 +4,13 @@
 
 #include "coursescreen/PlayerMessage.h"
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Screen.h"
 #include "platform/movies/MoviePlayer.h"
 #include "support/Program.h"
+#include "texts/Descriptions.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 
 #include "content/REGISTRY.h"
 #include "frame/Settings.h"
+#include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
-#include "platform/richtext/TextControl.h"
 #include "signin/Resume.h"
 #include "support/OutOfBounds.h"
 

@@ -6,8 +6,8 @@
 
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
+#include "pages/view/TextControl.h"
 #include "platform/forms/SkinButton.h"
-#include "platform/richtext/TextControl.h"
 #include "support/Errors.h"
 #include "support/Program.h"
 

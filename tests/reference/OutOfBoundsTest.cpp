@@ -2,10 +2,10 @@
 #include <QDir>
 
 #include "frame/ProgramState.h"
+#include "pages/view/TextControl.h"
 #include "platform/forms/ListBox.h"
 #include "platform/forms/SaveDialog.h"
 #include "platform/forms/TextPane.h"
-#include "platform/richtext/TextControl.h"
 #include "reference/About.h"
 #include "reference/Repository.h"
 #include "reference/Trademark.h"

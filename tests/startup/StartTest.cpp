@@ -1,7 +1,5 @@
 // The start of the program: catalogue, display, course choice, splash.
 #include "frame/ProgramState.h"
-#include "frame/ResConstants.h"
-#include "frame/TextTable.h"
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
@@ -9,6 +7,8 @@
 #include "startup/OneCopy.h"
 #include "startup/SplashScreen.h"
 #include "support/Program.h"
+#include "texts/ResConstants.h"
+#include "texts/TextTable.h"
 
 namespace {
 

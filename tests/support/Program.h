@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "coursescreen/Form1.h"
+#include "pages/view/TextControl.h"
 #include "platform/forms/SkinButton.h"
-#include "platform/richtext/TextControl.h"
 #include "support/Gui.h"
 #include "support/HandClock.h"
 #include "support/Messages.h"

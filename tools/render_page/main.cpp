@@ -10,9 +10,9 @@
 #include <cstdio>
 
 #include "frame/Look.h"
+#include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
-#include "platform/richtext/TextControl.h"
 
 namespace {
 

@@ -15,9 +15,9 @@
 #include <QUuid>
 #include <utility>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

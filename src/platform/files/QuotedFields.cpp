@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
+#include "texts/Descriptions.h"
 
 // Works on bytes: in every code page that holds ASCII, quote, comma and line ends are no part of a
 // longer character.

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
+#include "texts/Descriptions.h"
 
 TextStream::TextStream(const QByteArray& bytes, QString thing)
     : text_(DecodeText(bytes)), thing_(std::move(thing)) {}

@@ -4,9 +4,9 @@
 #include <QFileInfo>
 #include <QHash>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

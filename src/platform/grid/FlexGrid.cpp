@@ -7,12 +7,12 @@
 #include <QToolTip>
 #include <algorithm>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Font.h"
 #include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 #include "platform/grid/GridPainter.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

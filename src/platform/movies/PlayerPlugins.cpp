@@ -7,10 +7,10 @@
 #include <QPluginLoader>
 #include <algorithm>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/movies/MoviePlayer.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

@@ -2,11 +2,11 @@
 
 #include <QDir>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
 #include "platform/registry/RegistryFile.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <QStringDecoder>
 #include <utility>
 
-#include "platform/Descriptions.h"
 #include "platform/files/CodePage.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

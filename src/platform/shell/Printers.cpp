@@ -5,8 +5,8 @@
 #include <QProcess>
 #include <algorithm>
 
-#include "platform/Descriptions.h"
 #include "platform/RunTimeError.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

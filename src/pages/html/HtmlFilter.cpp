@@ -1,0 +1,386 @@
+#include "pages/html/HtmlFilter.h"
+
+#include "pages/common/RichText.h"
+#include "pages/html/HtmlStyle.h"
+#include "pages/html/HtmlTag.h"
+#include "pages/html/HtmlWriter.h"
+
+#include <QHash>
+#include <QSet>
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+constexpr qsizetype kDeepestNesting = 60;
+constexpr size_t kDeepestTable = 4;
+constexpr int kMostTables = 500;
+constexpr int kMostColumns = 100;
+constexpr int kMostRowsSpanned = 200;
+constexpr int kMostPictures = 2000;        // each looks through its paragraph as far as it has come
+constexpr int kMostNumbersSkipped = 5000;  // by the lists of a page together
+// Every rule of a style sheet is tried on every element: so many tries a page may cost.
+constexpr qint64 kMostStyleTries = 1'000'000;
+
+const QString kSource = QStringLiteral("src"), kWords = QStringLiteral("alt");
+
+using Names = QSet<QString>;
+
+// Their end may be left out, so an open one says nothing about the depth.
+const Names& LooseTags() {
+  static const Names names = {"p", "li", "dt", "dd", "tr", "td", "th", "thead", "tbody", "tfoot", "option"};
+  return names;
+}
+
+// Tags without effect here; what stands between them is shown like any text.
+const Names& DroppedTags() {
+  static const Names names = {"link",     "base",  "meta", "object", "embed",  "applet", "iframe",  "frame",
+                              "frameset", "param", "form", "input",  "option", "button", "textarea"};
+  return names;
+}
+
+// Between these stands nothing that a page shows.
+const Names& SilentTags() {
+  static const Names names = {"script", "style", "title", "xml", "svg", "template", "select"};
+  return names;
+}
+
+// Things whose end may be left out, with the tags that end them within their list or table.
+const QHash<QString, Names>& LooseEnds() {
+  static const Names parts = {"thead", "tbody", "tfoot"};
+  static const Names rows = Names(parts) << "tr";
+  static const Names cells = Names(rows) << "td"
+                                         << "th";
+  static const QHash<QString, Names> ends = {
+      {"p", {"p",  "div", "table", "tr", "td", "th", "li",  "ul",         "ol", "dl", "dt",
+             "dd", "h1",  "h2",    "h3", "h4", "h5", "pre", "blockquote", "hr", "h6", "center"}},
+      {"li", {"li"}},
+      {"dt", {"dt", "dd"}},
+      {"dd", {"dt", "dd"}},
+      {"thead", parts},
+      {"tbody", parts},
+      {"tfoot", parts},
+      {"tr", rows},
+      {"td", cells},
+      {"th", cells}};
+  return ends;
+}
+
+bool HidesItself(const HtmlTag& tag) {
+  if (tag.IsEnd) return false;
+  if (tag.Has(QStringLiteral("hidden"))) return true;
+  const QString style = tag.Value(QStringLiteral("style"));
+  if (style.isEmpty()) return false;
+  const QString said = u';' + HtmlDeclarations(style).toLower();
+  return said.contains(QLatin1String(";display:none")) || said.contains(QLatin1String(";visibility:hidden"));
+}
+
+// The colour of a page's letters is an attribute that the document's reader does not know.
+void StyleLetters(HtmlTag& body) {
+  const QString colour = HtmlColour(body.Value(QStringLiteral("text")));
+  if (colour.isEmpty()) return;
+  const QString style = QStringLiteral("style");
+  body.Set(style, QLatin1String("color:") + colour + u';' + body.Value(style));
+}
+
+class Filter {
+ public:
+  Filter(const QString& html, const PictureNumber& numberOf)
+      : html_(html), numberOf_(numberOf), writer_(html.size()), tags_(html.count(u'<')) {}
+
+  FilteredHtml Run() {
+    while (at_ < html_.size()) {
+      const qsizetype tag = html_.indexOf(u'<', at_);
+      writer_.Text(QStringView(html_).mid(at_, (tag < 0 ? html_.size() : tag) - at_));
+      if (tag < 0) break;
+      at_ = tag;
+      ReadMarkup();
+    }
+    return writer_.Take();
+  }
+
+ private:
+  struct Table {
+    int Columns = 0;     // of the widest row
+    int RowColumns = 0;  // of the row that is open
+    bool IsOpen = true;  // its beginning was written
+    bool IsKept = true;  // so are further rows and cells
+  };
+
+  void ReadMarkup() {
+    if (Follows("<!--")) {
+      const qsizetype end = html_.indexOf(QLatin1String("-->"), at_ + 4);
+      at_ = end < 0 ? html_.size() : end + 3;
+      return;
+    }
+    qsizetype name = at_ + 1;
+    const bool isEnd = name < html_.size() && html_[name] == u'/';
+    if (isEnd) ++name;
+    if (name < html_.size() && (html_[name] == u'!' || html_[name] == u'?')) {
+      at_ = TagEnd(name);
+      return;
+    }
+    if (name >= html_.size() || !html_[name].isLetter()) {
+      writer_.Text(u"&lt;");
+      ++at_;
+      return;
+    }
+    const qsizetype start = at_;
+    strayQuotes_.clear();
+    at_ = TagEnd(name);
+    QString text = html_.mid(start, at_ - start);
+    for (const qsizetype quote : strayQuotes_)
+      text[quote - start] = u' ';
+    Handle(ParseHtmlTag(text));
+  }
+
+  bool Follows(const char* text) const { return QStringView(html_).mid(at_).startsWith(QLatin1String(text)); }
+
+  // Where a tag ends, behind its ">". A quote that is never closed is a character like any other.
+  qsizetype TagEnd(qsizetype from) {
+    while (from < html_.size()) {
+      const QChar c = html_[from];
+      if (c == u'>') return from + 1;
+      if (c == u'"' || c == u'\'') {
+        const qsizetype close = NextQuote(c, from + 1);
+        if (close < 0) strayQuotes_.push_back(from);
+        if (close >= 0) from = close;
+      }
+      ++from;
+    }
+    return html_.size();
+  }
+
+  // Looked up once for each stretch, so that unclosed quotes don't search the page over and over.
+  qsizetype NextQuote(QChar quote, qsizetype from) {
+    qsizetype& known = quote == u'"' ? nextDouble_ : nextSingle_;
+    if (known != kNone && known < from) {
+      const qsizetype found = html_.indexOf(quote, from);
+      known = found < 0 ? kNone : found;
+    }
+    return known == kNone ? -1 : known;
+  }
+
+  void Handle(HtmlTag tag) {
+    const QString& word = tag.Name;
+    if (EndsHiddenItem(word)) {
+      const bool isItsEnd = tag.IsEnd && word == hiddenItem_;
+      ShowAgain();
+      if (isItsEnd) return;  // its beginning was not written
+    }
+    if (!tag.IsEnd) NotePlace(tag);
+    if (word == u"body" && !tag.IsEnd) {
+      StyleLetters(tag);
+      writer_.LinkColour(HtmlColour(tag.Value(QStringLiteral("link"))));
+    }
+    if (SilentTags().contains(word)) {
+      if (!tag.IsEnd && !tag.IsClosed) HandleSilent(word);
+    } else if (DroppedTags().contains(word)) {
+      return;
+    } else if (word == u"table" || word == u"tr" || word == u"td" || word == u"th") {
+      HandleTable(tag);
+    } else if (word == u"img") {
+      HandlePicture(tag);
+    } else if (tag.IsVoid() || LooseTags().contains(word)) {
+      HandleLoose(tag);
+    } else if (tag.IsEnd) {
+      Close(tag);
+    } else if (tag.IsClosed) {
+      if (!HidesItself(tag)) writer_.Tag(tag);
+    } else if (open_.size() < kDeepestNesting) {
+      Open(tag);
+    }
+  }
+
+  void NotePlace(const HtmlTag& tag) {
+    writer_.Name(tag.Value(QStringLiteral("id")));
+    if (tag.Name == u"a") writer_.Name(tag.Value(QStringLiteral("name")));
+  }
+
+  void Open(HtmlTag& tag) {
+    HideIfItsTagSaysSo(tag);
+    open_.append(tag.Name);
+    writer_.Tag(tag);
+    if (tag.Name == u"q") writer_.Text(QuoteMark(true));
+    if (tag.Name == u"ol") SkipNumbers(tag.HoldNumber(QStringLiteral("start"), kMostNumbersSkipped) - 1);
+  }
+
+  // The document's lists begin with 1: what goes before the first number is there and never shows.
+  void SkipNumbers(int numbers) {
+    const bool mayTry = styleRules_ * (tags_ + numbers) <= kMostStyleTries;
+    if (skipped_ + numbers > kMostNumbersSkipped || !mayTry) return;
+    skipped_ += numbers;
+    tags_ += numbers;
+    for (int i = 0; i < numbers; ++i)
+      writer_.SkippedItem();
+  }
+
+  // A page that hides itself as a whole waits for a script to show it.
+  void HideIfItsTagSaysSo(const HtmlTag& tag) {
+    if (writer_.IsHidden() || tag.Name == u"html" || tag.Name == u"body" || !HidesItself(tag)) return;
+    hiddenFrom_ = open_.size();
+    if (LooseEnds().contains(tag.Name)) {
+      hiddenItem_ = tag.Name;
+      hiddenLevel_ = Level(hiddenItem_);
+    }
+    writer_.SetHidden(true);
+  }
+
+  void ShowAgain() {
+    hiddenFrom_ = kNone;
+    hiddenItem_.clear();
+    writer_.SetHidden(false);
+  }
+
+  // How many lists or tables are open of the kind that has such items.
+  qsizetype Level(const QString& item) const {
+    if (item == u"p") return 0;
+    if (item == u"li") return open_.count(QStringLiteral("ul")) + open_.count(QStringLiteral("ol"));
+    if (item == u"dt" || item == u"dd") return open_.count(QStringLiteral("dl"));
+    return static_cast<qsizetype>(tables_.size());
+  }
+
+  bool EndsHiddenItem(const QString& word) const {
+    return !hiddenItem_.isEmpty() && LooseEnds()[hiddenItem_].contains(word) &&
+           Level(hiddenItem_) == hiddenLevel_;
+  }
+
+  void HandleLoose(const HtmlTag& tag) {
+    if (!tag.IsVoid()) {
+      HideIfItsTagSaysSo(tag);
+    } else if (HidesItself(tag)) {
+      return;
+    }
+    writer_.Tag(tag);
+  }
+
+  // The mark of the innermost quotation: single ones stand within double ones.
+  QStringView QuoteMark(bool isBeginning) const {
+    const bool isInner = open_.count(QStringLiteral("q")) % 2 == 0;
+    if (isBeginning) return isInner ? u"\u2018" : u"\u201C";
+    return isInner ? u"\u2019" : u"\u201D";
+  }
+
+  void HandlePicture(HtmlTag& tag) {
+    if (writer_.IsHidden() || HidesItself(tag)) return;
+    const bool isTooMuch = ++pictureCount_ > kMostPictures;
+    const int number = isTooMuch ? -1 : numberOf_(tag.Value(kSource));
+    const QString words = tag.Value(kWords).trimmed();
+    if (number < 0 && !words.isEmpty()) {
+      writer_.Text(words.toHtmlEscaped());
+      return;
+    }
+    if (isTooMuch) return;
+    // An author who gives empty words has said that nothing is missed.
+    const bool isMissed = number < 0 && !tag.Has(kWords);
+    tag.Set(kSource, number >= 0 ? QString::number(number) : isMissed ? kMissingPicture : QString());
+    writer_.Tag(tag);
+  }
+
+  void HandleSilent(const QString& word) {
+    if (endless_.contains(word)) return;
+    qsizetype end = html_.indexOf(QLatin1String("</") + word, at_, Qt::CaseInsensitive);
+    if (end < 0) {
+      endless_.insert(word);
+      // A script goes on to the end of the page; the other things do without an end.
+      if (word != u"script" && word != u"style" && word != u"title") return;
+      end = html_.size();
+    }
+    const QString text = html_.mid(at_, end - at_);
+    at_ = TagEnd(end);
+    if (word == u"style") WriteStyle(HtmlStyleSheet(text));
+  }
+
+  void WriteStyle(const QString& sheet) {
+    // Tags in it would be taken for tags of the page.
+    if (sheet.isEmpty() || sheet.contains(u'<') || !MayTry(sheet)) return;
+    writer_.Markup(QString(QLatin1String("<style>") + sheet + QLatin1String("</style>")));
+  }
+
+  bool MayTry(QStringView sheet) {
+    styleRules_ += sheet.count(u'{') + sheet.count(u',');
+    return styleRules_ * tags_ <= kMostStyleTries;
+  }
+
+  // What is open outside a table can't be closed in it.
+  void Close(const HtmlTag& tag) {
+    const bool isTable = tag.Name == u"table";
+    const qsizetype opened = open_.lastIndexOf(tag.Name);
+    if (opened < 0 || (!isTable && opened < open_.lastIndexOf(QStringLiteral("table")))) return;
+    while (open_.size() > opened) {
+      if (open_.size() <= hiddenFrom_) ShowAgain();
+      if (open_.last() == u"q") writer_.Text(QuoteMark(false));
+      open_.removeLast();
+    }
+    writer_.Tag(tag);
+    if (opened == hiddenFrom_ && hiddenItem_.isEmpty()) ShowAgain();
+  }
+
+  void HandleTable(HtmlTag& tag) {
+    if (tag.Name == u"table") {
+      tag.IsEnd ? EndTable(tag) : BeginTable(tag);
+      return;
+    }
+    if (tables_.empty() || !tables_.back().IsKept) return;
+    Table& table = tables_.back();
+    if (!tag.IsEnd && tag.Name == u"tr") {
+      cells_ += std::max(table.Columns, 1);
+      table.RowColumns = 0;
+      if (cells_ > kMostPageCells) table.IsKept = false;
+    } else if (!tag.IsEnd) {
+      const int span = tag.HoldNumber(QStringLiteral("colspan"), kMostColumns);
+      tag.HoldNumber(QStringLiteral("rowspan"), kMostRowsSpanned);
+      if (table.RowColumns + span > kMostColumns) return;
+      table.RowColumns += span;
+      table.Columns = std::max(table.Columns, table.RowColumns);
+    }
+    if (!table.IsKept) return;
+    // A hidden cell keeps its place in the row.
+    if (tag.Name == u"tr") HideIfItsTagSaysSo(tag);
+    writer_.Tag(tag);
+    if (tag.Name != u"tr") HideIfItsTagSaysSo(tag);
+  }
+
+  void BeginTable(HtmlTag& tag) {
+    const bool isKept =
+        tables_.size() < kDeepestTable && tableCount_ < kMostTables && cells_ < kMostPageCells;
+    ++tableCount_;
+    tables_.push_back({0, 0, isKept, isKept});
+    if (isKept) Open(tag);
+  }
+
+  void EndTable(const HtmlTag& tag) {
+    if (tables_.empty()) return;
+    const bool isOpen = tables_.back().IsOpen;
+    tables_.pop_back();
+    if (isOpen) Close(tag);
+  }
+
+  static constexpr qsizetype kNone = -2;
+
+  const QString& html_;
+  const PictureNumber& numberOf_;
+  HtmlWriter writer_;
+  qsizetype at_ = 0;
+  qsizetype nextDouble_ = -1;
+  qsizetype nextSingle_ = -1;
+  qint64 tags_;  // at most this many
+  qint64 styleRules_ = 0;
+  std::vector<qsizetype> strayQuotes_;  // of the tag at hand
+  QStringList open_;
+  qsizetype hiddenFrom_ = kNone;  // the depth of what hides all that is in it
+  QString hiddenItem_;            // what hides, where its end may be left out; else empty
+  qsizetype hiddenLevel_ = 0;     // of that
+  Names endless_;                 // of the silent ones, those without an end from here on
+  std::vector<Table> tables_;
+  int tableCount_ = 0;
+  int pictureCount_ = 0;
+  qint64 cells_ = 0;
+  int skipped_ = 0;  // numbers of lists
+};
+
+}  // namespace
+
+FilteredHtml FilterHtml(const QString& html, const PictureNumber& numberOf) {
+  return Filter(html, numberOf).Run();
+}

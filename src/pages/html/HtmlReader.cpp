@@ -1,0 +1,93 @@
+#include "pages/html/HtmlReader.h"
+
+#include "pages/common/PageBounds.h"
+#include "pages/common/PageDocument.h"
+#include "pages/common/PicturePixels.h"
+#include "pages/html/HtmlFilter.h"
+#include "pages/html/HtmlFinisher.h"
+#include "platform/RunTimeError.h"
+#include "texts/Descriptions.h"
+
+#include <QHash>
+#include <QTextFrame>
+#include <memory>
+
+namespace {
+
+constexpr double kUsualPoints = 12;
+constexpr double kMarginX = 180;  // twips, as on a rich text page that names none
+constexpr double kMarginY = 120;
+
+constexpr QSizeF kUsualBox(32, 32);  // pixels, of a missing picture
+
+// The filter finds the pictures by their names. The document, which would take the names for addresses, knows
+// them by numbers alone.
+class Pictures {
+ public:
+  explicit Pictures(PictureLoader loader) : loader_(std::move(loader)) {}
+
+  // -1 where there is no picture of that name.
+  int NumberOf(const QString& name) {
+    const auto known = numbers_.constFind(name);
+    if (known != numbers_.constEnd()) return *known;
+    const QImage picture = loader_ ? loader_(name) : QImage();
+    if (!picture.isNull()) images_.append(picture);
+    return *numbers_.insert(name, picture.isNull() ? -1 : static_cast<int>(images_.size()) - 1);
+  }
+
+  // Styles alone have names for their pictures.
+  QImage At(const QString& numberOrName) {
+    if (numberOrName == kMissingPicture) return PlaceholderBox(kUsualBox);
+    bool isNumber = false;
+    const int number = numberOrName.toInt(&isNumber);
+    return images_.value(isNumber ? number : NumberOf(numberOrName));
+  }
+
+ private:
+  PictureLoader loader_;
+  QHash<QString, int> numbers_;
+  QList<QImage> images_;
+};
+
+void SetUpFrame(RichPage& page, const PageMetrics& metrics) {
+  QTextFrame& root = *page.Document->rootFrame();
+  QTextFrameFormat frame = root.frameFormat();
+  if (frame.background().style() == Qt::SolidPattern) page.PaperColour = frame.background().color();
+  frame.clearBackground();
+  frame.setLeftMargin(metrics.Pixels(kMarginX));
+  frame.setRightMargin(metrics.Pixels(kMarginX));
+  frame.setTopMargin(metrics.Pixels(kMarginY));
+  frame.setBottomMargin(metrics.Pixels(kMarginY));
+  root.setFrameFormat(frame);
+}
+
+RichPage ReadOnce(const QByteArray& bytes, const PageMetrics& metrics,
+                  const std::shared_ptr<Pictures>& pictures) {
+  RichPage page;
+  page.Document =
+      std::make_unique<PageDocument>([pictures](const QString& name) { return pictures->At(name); });
+  QTextDocument& document = *page.Document;
+  document.setUndoRedoEnabled(false);
+  document.setDocumentMargin(0);
+  QFont font(QStringLiteral("Times New Roman"));
+  font.setPointSizeF(metrics.PointSize(kUsualPoints));
+  document.setDefaultFont(font);
+  const FilteredHtml filtered =
+      FilterHtml(DecodeHtml(bytes), [&pictures](const QString& name) { return pictures->NumberOf(name); });
+  document.setHtml(filtered.Html);
+  FinishHtml(page, metrics, filtered);
+  SetUpFrame(page, metrics);
+  return page;
+}
+
+}  // namespace
+
+RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
+                  PictureLoader loader) {
+  if (bytes.size() > kHtmlLimit) {
+    throw RunTimeError(
+        Describe("file-too-large", what, QString::number(bytes.size()), QString::number(kHtmlLimit)));
+  }
+  const auto pictures = std::make_shared<Pictures>(std::move(loader));
+  return ReadBounded(metrics, [&](const PageMetrics& used) { return ReadOnce(bytes, used, pictures); });
+}

@@ -1,0 +1,21 @@
+// Reads an HTML page into a document. Used by PageReader.
+#pragma once
+
+#include "pages/common/RichText.h"
+#include "pages/html/HtmlCharset.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+#include <functional>
+
+// Gives a picture by the name that the page has for it; a null image where there is none. Each name is
+// asked for once.
+using PictureLoader = std::function<QImage(const QString& name)>;
+
+// Nothing is loaded but what `loader` gives. Links to "#name" are places on the page, all others files.
+// A pixel of the page is 15 twips. Longer pages than the limit are a run-time error naming `what`.
+RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
+                  PictureLoader loader = {});
+
+inline constexpr qint64 kHtmlLimit = 4 * 1024 * 1024;  // bytes

@@ -1,0 +1,63 @@
+#include "pages/html/HtmlWriter.h"
+
+#include "pages/html/HtmlEntities.h"
+#include "pages/html/HtmlPlaces.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr qsizetype kMostNames = 5'000;
+
+// What is no character of any text is left out, written as a number too.
+QString Tidied(QStringView text) {
+  return TidiedEntities(text).removeIf(IsNoCharacter);
+}
+
+bool IsSpace(QChar c) {
+  return c == u' ' || c == u'\n' || c == u'\r' || c == u'\t' || c == u'\f';
+}
+
+}  // namespace
+
+void HtmlWriter::Text(QStringView text) {
+  if (isHidden_) return;
+  const auto start = std::find_if_not(text.begin(), text.end(), IsSpace);
+  const qsizetype spaces = start - text.begin();
+  page_.Html += text.left(spaces);
+  if (start == text.end()) return;
+  WriteMark();
+  page_.Html += Tidied(text.mid(spaces));
+}
+
+void HtmlWriter::Tag(const HtmlTag& tag) {
+  if (isHidden_) return;
+  if (tag.Name == u"img") WriteMark();
+  page_.Html += tag.Text();
+  if (tag.IsClosed && !tag.IsEnd && !tag.IsVoid()) Markup(QString(QLatin1String("</") + tag.Name + u'>'));
+}
+
+void HtmlWriter::SkippedItem() {
+  Markup(QString(QLatin1String("<li>") + kSkippedItem + QLatin1String("</li>")));
+}
+
+void HtmlWriter::Markup(QStringView markup) {
+  if (!isHidden_) page_.Html += markup;
+}
+
+void HtmlWriter::Name(const QString& name) {
+  if (name.isEmpty() || ++names_ > kMostNames) return;
+  waiting_.append(name);
+}
+
+void HtmlWriter::WriteMark() {
+  if (waiting_.isEmpty()) return;
+  page_.Html += PlaceMark(page_.Places.size());
+  page_.Places.append(std::exchange(waiting_, {}));
+}
+
+FilteredHtml HtmlWriter::Take() {
+  page_.EndNames = std::exchange(waiting_, {});
+  return std::move(page_);
+}

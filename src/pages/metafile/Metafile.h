@@ -1,0 +1,14 @@
+// Draws metafiles: pictures of a page that are kept as recorded drawing commands, of the 16-bit and the
+// 32-bit kind. Used by RtfPicture.
+#pragma once
+
+#include "pages/common/PicturePixels.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+
+// The picture in that size, on transparent ground. A null image for bytes that are no metafile, that draw
+// nothing known, or when the size is over the budget. Damaged ones give what could be drawn; the work a
+// file may cost is limited.
+QImage DrawMetafile(const QByteArray& bytes, QSize size, PixelBudget& budget);

@@ -1,0 +1,15 @@
+// Reads an RTF page into a document. Used by PageReader.
+#pragma once
+
+#include "pages/common/RichText.h"
+
+#include <QByteArray>
+#include <QString>
+
+// Whether the bytes begin as RTF does.
+bool IsRtf(const QByteArray& bytes);
+
+// Damaged or cut RTF gives what could be read. Bytes that are no RTF at all are a run-time error that
+// names `what`, the file or thing they came from. No text is lost, whatever the nesting: what goes
+// beyond the reader's limits only loses its look.
+RichPage ReadRtf(const QByteArray& bytes, const PageMetrics& metrics, const QString& what);

@@ -1,9 +1,0 @@
-// The last steps from an HTML document to a page: links in our form, places, all lengths in scale and within
-// bounds. Used by the reader of such pages.
-#pragma once
-
-#include "platform/richtext/HtmlFilter.h"
-#include "platform/richtext/RichText.h"
-
-// The document is that of the filtered text. The marks of its places are taken out.
-void FinishHtml(RichPage& page, const PageMetrics& metrics, const FilteredHtml& filtered);

@@ -1,0 +1,403 @@
+// HTML pages and the choice between the two kinds of page.
+#include "pages/PageReader.h"
+#include "pages/common/PageLink.h"
+#include "pages/html/HtmlReader.h"
+#include "pages/rtf/rtf_pages.h"
+#include "platform/files/CodePage.h"
+
+#include <QTextBlock>
+#include <QTextList>
+#include <QTextTable>
+
+namespace {
+
+RichPage Html(const QByteArray& bytes, PictureLoader loader = {}) {
+  return ReadHtml(bytes, {}, "page.htm", std::move(loader));
+}
+
+struct HtmlRow {
+  const char* What;
+  QByteArray Bytes;
+  QString Text;
+};
+
+class HtmlText : public ::testing::TestWithParam<HtmlRow> {};
+
+TEST_P(HtmlText, ComesOut) {
+  EXPECT_EQ(Html(GetParam().Bytes).Document->toPlainText().simplified(), GetParam().Text);
+}
+
+const HtmlRow kRows[] = {
+    {"Plain", "<html><body><p>a <b>b</b></p><p>c</p></body></html>", "a b c"},
+    {"ScriptsGo", "<p>a<script>if (1 < 2) document.write('<b>x</b>')</script>b</p>", "ab"},
+    {"UnclosedScript", "<p>a<script>alert(1)", "a"},
+    {"StylesAreNoText", "<style>p { color: red }</style><p>a</p>", "a"},
+    {"CommentsGo", "<p>a<!-- <b>x</b> -->b<!-- open", "ab"},
+    {"FramesAndForms", "<iframe src=x>in</iframe><form><input value=x>a</form>", "ina"},
+    {"WordProcessorsMarks", "<p>a<xml><o:x>x</o:x></xml><o:p></o:p><![if !vml]>b<![endif]></p>", "ab"},
+    {"HiddenThings", "<p>a<span style='DISPLAY: none'>x<b>y</b></span>b<p style='display:none'>z<p>c",
+     "ab c"},
+    {"HiddenTable", "<p>a<div style='display:none'><table><tr><td>x</div>y</table></div>b", "ab"},
+    {"HiddenByAttribute", "<p>a<span hidden>x</span>b</p><p hidden>x<div>c", "ab c"},
+    {"HiddenPicture", "<p>a<img src=n alt=x hidden>b", "ab"},
+    {"HiddenItems", "<ul><li hidden>x<ul><li>x</ul><b>x</b>x<li>a</ul><dl><dd hidden>x</dl>b", "a b"},
+    {"HiddenRow", "<table><tr hidden><td>x<td>x</tr><tr><td>a</table>b", "a b"},
+    {"HiddenCell", "<table><tr><td hidden><p>x</p><table><tr><td>x</table>x<td>a</table>b", "a b"},
+    {"HiddenAcrossItsTable", "<table hidden><tr><td>x</table>a<table><tr><td hidden>x</table>b", "a b"},
+    {"HiddenPage", "<body style='visibility:hidden'>a", "a"},
+    {"Invisible", "<p>a<b style='Visibility: hidden'>x</b>b<b style='backface-visibility:hidden'>c</b>",
+     "abc"},
+    {"Quotations", "<p><q>a <q>b</q></q> <b><q>c</b> d<i hidden><q>x</i>",
+     "\u201Ca \u2018b\u2019\u201D \u201Cc\u201D d"},
+    {"ChoicesAndDrawings", "<p>a<select><option>x</select><svg><text>y</text></svg>b", "ab"},
+    {"UnclosedDrawing", "<p>a<svg>b", "ab"},
+    {"ClosedAtOnce", "<p>a<script src='x'/>b<a name='n'/>c<br/>d</p>", "abc d"},
+    {"BareEntities", "<p>&copy 2004 &#8217s AT&T &lt;b &nosuch</p>", "\u00A9 2004 \u2019s AT&T <b &nosuch"},
+    {"NoCharacters", "<p>a\xEF\xB7\x95\xEF\xB7\x96&#64981;&#xFDD6;&#64976z</p>", "az"},
+    {"LessThan", "<p>1 < 2 <3</p>", "1 < 2 <3"},
+    {"UnclosedQuote", "<p title=\"x>a</p><p>b</p>", "a b"},
+    {"UnclosedTag", "<p>a</p><p", "a"},
+    {"Utf8Mark", "\xEF\xBB\xBF<p>\xC3\xA9</p>", "\u00E9"},
+    {"Utf16Mark", QByteArray("\xFF\xFE<\0p\0>\0\xE9\0", 10), "\u00E9"},
+    {"Utf8Unsaid", "<p>\xC3\xA9</p>", "\u00E9"},
+    {"CodePageUnsaid", "<p>\xE9\x93</p>", "\u00E9\u201C"},
+    {"CharsetNamed", "<head><meta charset='windows-1251'></head><p>\xCF</p>", "\u041F"},
+    {"CharsetInContent",
+     "<meta http-equiv=Content-Type content=\"text/html; charset=Shift_JIS\"><p>\x83\x65</p>", "\u30C6"},
+    {"CharsetFalselyUtf8", "<meta charset=utf-8><p>\xE9</p>", "\u00E9"},
+    {"CharsetFalselyUtf16", "<meta charset=utf-16><p>a</p>", "a"},
+    {"CharsetInDeclaration", "<?xml version='1.0' encoding='windows-1251'?><link href='x'/><p>\xCF</p>",
+     "\u041F"},
+    {"CharsetNamedTooNarrow", "<meta charset=iso-8859-1><p>\x93</p>", "\u201C"},
+    {"CharsetUnknown", "<meta charset=no-such-thing><p>\xE9</p>", "\u00E9"},
+};
+INSTANTIATE_TEST_SUITE_P(All, HtmlText, ::testing::ValuesIn(kRows),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(HtmlLinks, HaveKindAndTarget) {
+  const RichPage page = Html(
+      "<p><a href=\"#More%20here\">place</a> <a href='a b.doc'>file</a> <a "
+      "href='http://example.com/?a=b'>web</a> "
+      "<a href=''>none</a></p><p id='More here'>there</p><p><a name=old></a>older</p>");
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "place").anchorHref()), (PageLink{2, "More here"}));
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "file").anchorHref()), (PageLink{1, "a b.doc"}));
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "web").anchorHref()), (PageLink{1, "http://example.com/?a=b"}));
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "none").anchorHref()).Kind, 0);
+  EXPECT_EQ(page.PlaceOf("more here"), page.Document->find("there").selectionStart());
+  EXPECT_EQ(page.PlaceOf("OLD"), page.Document->find("older").selectionStart());
+}
+
+struct PlaceRow {
+  const char* What;
+  QByteArray Html;
+};
+
+class HtmlPlaces : public ::testing::TestWithParam<PlaceRow> {};
+
+TEST_P(HtmlPlaces, StandBeforeTheNextText) {
+  const RichPage page = Html("<p>x</p>" + GetParam().Html);
+  const QTextCursor here = page.Document->find("here");
+  ASSERT_FALSE(here.isNull());
+  EXPECT_EQ(page.PlaceOf("p"), here.selectionStart());
+  EXPECT_EQ(page.Document->toPlainText().count(QChar(0xFDD5)), 0);
+}
+
+const PlaceRow kPlaces[] = {
+    {"EmptyBeforeHeading", "<a name=p></a><h2>here</h2>"},
+    {"HeadingItself", "<h2 id=p>here</h2>"},
+    {"EmptyParagraph", "<p><a name=p></a></p><p>here</p>"},
+    {"AroundAParagraph", "<a name=p><p>here</p></a>"},
+    {"TwoInARow", "<a name=q></a><a name=P></a><p>here</p>"},
+    {"Table", "<table id=p><tr><td>here</td></tr></table>"},
+    {"Row", "<table><tr id=p><td><b>here</b></td></tr></table>"},
+    {"TextOutOfItsTable", "<table><tr><td id=q>cell</td></tr><span id=p>here</span></table>"},
+    {"List", "<ul id=p><li>here</ul>"},
+    {"Closed", "<a id='p'/>\n<pre>here</pre>"},
+    {"FirstOfTwo", "<p id=p>here</p><p id=p>there</p>"},
+};
+INSTANTIATE_TEST_SUITE_P(All, HtmlPlaces, ::testing::ValuesIn(kPlaces),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(HtmlPlaces, BehindTheTextAreItsEnd) {
+  const RichPage page = Html("<p>a</p><a name=end></a>");
+  EXPECT_EQ(page.PlaceOf("end"), page.Document->characterCount() - 1);
+}
+
+// Left margin, first line, colours of letters and paper, points.
+QString LookOf(const RichPage& page) {
+  const QTextBlock block = page.Document->find("x").block();
+  const QTextCharFormat letters = FormatOf(page, "x");
+  return QStringLiteral("%1 %2 %3 %4 %5")
+      .arg(block.blockFormat().leftMargin())
+      .arg(block.blockFormat().textIndent())
+      .arg(letters.foreground().color().name(), page.PaperColour.name())
+      .arg(letters.fontPointSize());
+}
+
+struct LookRow {
+  const char* What;
+  QByteArray Html;
+  QString Look;
+};
+
+class HtmlLooks : public ::testing::TestWithParam<LookRow> {};
+
+TEST_P(HtmlLooks, FollowTheStyles) {
+  EXPECT_EQ(LookOf(Html(GetParam().Html)), GetParam().Look);
+}
+
+const LookRow kLooks[] = {
+    {"LengthsOfPaper", "<p style='margin-left:.5in;text-indent:-18.0pt'>x", "48 -24 #000000 #ffffff 0"},
+    {"LetterSizeInInches", "<p style='font-size:0.25in'>x", "0 0 #000000 #ffffff 18"},
+    {"QuotedFontInAStyle", "<p style='font-family:&quot;A; B&quot;;color:red'>x", "0 0 #ff0000 #ffffff 0"},
+    {"SheetOfAWordProcessor",
+     "<style><!-- /* a */ @font-face {font-family:A; panose-1:2 15;} @import x; p.M, li.M {mso-x:\"\"; "
+     "margin-left:36.0pt; color:navy;} @page S {size:8in} @list l0:level1 {a:b} --></style><p class=M>x",
+     "48 0 #000080 #ffffff 0"},
+    {"ColourWithoutHash", "<font color=C40001>x</font>", "0 0 #c40001 #ffffff 0"},
+    {"ColourOfNothing", "<body bgcolor='3D#ffffff'><font color='#12'>x</font>", "0 0 #000000 #ffffff 0"},
+    {"LettersOfABody", "<body bgcolor=#000000 text=white>x", "0 0 #ffffff #000000 0"},
+    {"LettersOfATable", "<body text=navy><table><tr><td>x</table>", "0 0 #000080 #ffffff 0"},
+    {"Link", "<a href=b>x</a>", "0 0 #0000ff #ffffff 0"},
+    {"LinksOfABody", "<body link=navy text=red><a href=b>x</a>", "0 0 #000080 #ffffff 0"},
+    {"LinksOfAStyle", "<style>a{color:red}</style><body link=navy><a href=b>x</a>", "0 0 #ff0000 #ffffff 0"},
+    {"SystemsColour", "<p style='color:windowtext;background-color:nonsense'>x", "0 0 #000000 #ffffff 0"},
+};
+INSTANTIATE_TEST_SUITE_P(All, HtmlLooks, ::testing::ValuesIn(kLooks),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(HtmlLooks, TakeABorderInAnyOrder) {
+  const RichPage page =
+      Html("<table><tr><td style='border:solid red .5pt;padding:0in 7.5pt'>x</td></tr></table>");
+  const auto cell = QTextCursor(page.Document->find("x")).currentTable()->cellAt(0, 0).format();
+  EXPECT_EQ(cell.toTableCellFormat().topBorder(), 1);
+  EXPECT_EQ(cell.toTableCellFormat().topBorderBrush().color(), QColor(Qt::red));
+  EXPECT_EQ(cell.toTableCellFormat().leftPadding(), 10);
+}
+
+TEST(HtmlLooks, GrowWithTheScale) {
+  QImage picture(30, 20, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  PageMetrics twice;
+  twice.PixelsPerTwip = 2.0 / 15;
+  const RichPage page =
+      ReadHtml("<p style='margin-left:10px;font-size:9pt'>x<img src=a></p><table><tr><td width=100>y</table>",
+               twice, "page.htm", [&picture](const QString&) { return picture; });
+  EXPECT_EQ(LookOf(page), "20 0 #000000 #ffffff 18");
+  const QTextImageFormat image = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
+  EXPECT_EQ(QSizeF(image.width(), image.height()), QSizeF(60, 40));
+  const auto columns =
+      QTextCursor(page.Document->find("y")).currentTable()->format().columnWidthConstraints();
+  EXPECT_EQ(columns.first().rawValue(), 200);
+}
+
+TEST(HtmlLists, BeginWithTheNumberTheyName) {
+  const struct {
+    const char* List;
+    const char* Number;
+  } rows[] = {{"<ol>", "1."},
+              {"<ol start=4>", "4."},
+              {"<ol type=a start=4>", "d."},
+              {"<ol start='-2'>", "1."},
+              {"<ol start=x>", "1."},
+              {"<ol start=99999999>", "1."}};
+  const double own = Html("<ol><li>x<li>y</ol>").Document->size().height();
+  for (const auto& row : rows) {
+    const RichPage page = Html(row.List + QByteArray("<li>x<li>y</ol>"));
+    const QTextBlock block = BlockOf(page, "x");
+    EXPECT_EQ(block.textList()->itemText(block), QLatin1String(row.Number)) << row.List;
+    EXPECT_EQ(page.Document->size().height(), own) << row.List;
+    EXPECT_EQ(page.Document->toPlainText().trimmed(), "x\ny") << row.List;
+  }
+}
+
+TEST(HtmlPictures, AreBoxesWhereTheyAndTheirWordsAreMissing) {
+  const struct {
+    const char* Picture;
+    QSize Size;
+    bool IsBox;
+  } rows[] = {{"<img src=n>", {32, 32}, true},
+              {"<img src=n width=60 height=20>", {60, 20}, true},
+              {"<img>", {32, 32}, true},
+              {"<img src=n width=60 height=20 alt=''>", {60, 20}, false}};
+  for (const auto& row : rows) {
+    const RichPage page = Html(row.Picture);
+    const QTextImageFormat shown = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
+    EXPECT_EQ(QSizeF(shown.width(), shown.height()), QSizeF(row.Size)) << row.Picture;
+    const auto image = page.Document->resource(QTextDocument::ImageResource, shown.name()).value<QImage>();
+    EXPECT_EQ(image.pixelColor(0, 0) == QColor(0x999999), row.IsBox) << row.Picture;
+    EXPECT_EQ(image.size(), row.IsBox ? row.Size : QSize(1, 1)) << row.Picture;
+  }
+}
+
+TEST(HtmlPictures, AreWordsWhereTheyAreMissing) {
+  const RichPage page = Html(
+      "<p>a <img src=none.png alt='B &amp; C'> <img src=none.png> <a href=x><img src=n alt=link></a></p>");
+  EXPECT_EQ(page.Document->toPlainText(), QStringLiteral("a B & C \uFFFC link"));
+  EXPECT_EQ(LinkOfHref(FormatOf(page, "link").anchorHref()), (PageLink{1, "x"}));
+}
+
+TEST(HtmlPictures, ComeFromTheLoaderAlone) {
+  QStringList asked;
+  const RichPage page = Html(
+      "<link rel=stylesheet href='/etc/hostname'><p style='background-image:url(b.png)'><p><img "
+      "src='a.png'><img src='/etc/hostname'><img "
+      "src='a.png'><img src='my%20a.png'><img src=':/b'><img src=':/b'><img "
+      "src='http://example.com/x.png'></p>",
+      [&](const QString& name) {
+        asked << name;
+        QImage image(30, 20, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        return name == u"a.png" ? image : QImage();
+      });
+  page.Document->size();
+  EXPECT_EQ(asked, QStringList(
+                       {"a.png", "/etc/hostname", "my%20a.png", ":/b", "http://example.com/x.png", "b.png"}));
+  EXPECT_GE(page.Document->size().height(), 20);
+}
+
+TEST(HtmlEntities, AreResolvedAlikeInTextAndAttributes) {
+  const struct {
+    const char* Written;
+    QString Meant;
+  } rows[] = {{"K&auml;se", "K\u00E4se"},
+              {"K&#228;se", u"K\u00E4se"_qs},
+              {"K&#xE4;se", "K\u00E4se"},
+              {"&yuml;&times;&Agrave;", u"\u00FF\u00D7\u00C0"_qs},
+              {"a&#150;b", "a\u2013b"},
+              {"&#x1F600;", u"\U0001F600"_qs},
+              {"a&amp;auml;b", "a&auml;b"},
+              {"a&b&c=d", "a&b&c=d"},
+              {"&copy 2004&reg.", u"\u00A9 2004\u00AE."_qs},
+              {"&#169 &#0000169;&frac12&hellip;", u"\u00A9 \u00A9\u00BD\u2026"_qs},
+              {"?a=1&copy=2&copyright &euro x", "?a=1&copy=2&copyright &euro x"},
+              {"a&;b&none;c&&amp;", "a&;b&none;c&&"}};
+  for (const auto& row : rows) {
+    QStringList asked;
+    const QByteArray written = row.Written;
+    const RichPage page =
+        Html("<p>x</p><p id='" + written + "'>by id</p><p><a name='" + written +
+                 "2'></a>by name</p><a href='" + written + "'>link</a><img src='" + written + "'>",
+             [&](const QString& name) {
+               asked << name;
+               return QImage();
+             });
+    EXPECT_EQ(Html("<p>" + written).Document->toPlainText(), row.Meant) << row.Written;
+    EXPECT_EQ(page.PlaceOf(row.Meant), page.Document->find("by id").selectionStart()) << row.Written;
+    EXPECT_EQ(page.PlaceOf(row.Meant + '2'), page.Document->find("by name").selectionStart()) << row.Written;
+    EXPECT_EQ(LinkOfHref(FormatOf(page, "link").anchorHref()), (PageLink{1, row.Meant})) << row.Written;
+    EXPECT_TRUE(asked.contains(row.Meant)) << row.Written << ' ' << asked.join(' ').toStdString();
+  }
+}
+
+TEST(HtmlBombs, HoldSoManyPicturesAndFitADocument) {
+  const RichPage page = Html(QByteArray("<img src=a width=9999 height=9999>x").repeated(6000));
+  const QString text = page.Document->toRawText();
+  EXPECT_LE(text.count(QChar::ObjectReplacementCharacter), 2000);
+  EXPECT_EQ(text.count(u'x'), 6000);
+  page.Document->setTextWidth(900);
+  EXPECT_LE(page.Document->size().height(), 8'388'607);
+}
+
+struct BombRow {
+  const char* What;
+  QByteArray Html;
+};
+
+class HtmlBombs : public ::testing::TestWithParam<BombRow> {};
+
+TEST_P(HtmlBombs, KeepTheirLastWord) {
+  const RichPage page = Html(GetParam().Html + "<p>last</p>");
+  page.Document->setTextWidth(500);
+  EXPECT_LT(page.Document->size().height(), 1e7);
+  EXPECT_TRUE(page.Document->toPlainText().trimmed().endsWith("last"));
+}
+
+const BombRow kBombs[] = {
+    {"Spans", "<table><tr><td colspan=99999999 rowspan=99999999>a</td></tr></table>"},
+    {"HiddenSpans",
+     "<table><tr><td title='colspan=1' colspan=99999999 rowspan='&#57;9999999'>a</td></tr></table>"},
+    {"StyleRules", "<style>" + QByteArray("p{color:red}").repeated(2000) + "</style>" +
+                       QByteArray("<p>a").repeated(20'000)},
+    {"PicturesWithoutSize", "<img width='%'><table><tr><td><img width=0 height='-5'>a</td></tr></table>"},
+    {"TableInAQuote", "<p a=b c\"><table><tr><td a='<table><tr><td>'>a</td></tr></table>"},
+    {"TablesInAStyleSheet", "<style>" + QByteArray("<table><tr><td>").repeated(12) + "</style>"},
+    {"EndsAcrossTables", QByteArray("<div><table><tr><td></div>").repeated(2000)},
+    {"Cells",
+     "<table><tr>" + QByteArray("<td>").repeated(20'000) + QByteArray("<tr>").repeated(20'000) + "</table>"},
+    {"Places", QByteArray("<a name=x></a>x").repeated(10'000)},
+    {"Styles",
+     QByteArray("<p style='margin:1pt 2cm;font:9pt \"A\";color:red;border:1pt solid'>a").repeated(5'000)},
+    {"SheetWithoutEnd", "<style>" + QByteArray("@a;@b{").repeated(50'000) + "</style>"},
+    {"Hidden", QByteArray("<div style='display:none'>x</div><p style='display:none'>").repeated(5'000)},
+    {"SilentThings", QByteArray("<svg><xml><select>").repeated(20'000)},
+    {"NestedTables",
+     QByteArray("<table><tr><td>").repeated(5000) + QByteArray("</td></tr></table>").repeated(5000)},
+    {"NestedBlocks", QByteArray("<div>").repeated(50'000) + QByteArray("</div>").repeated(50'000)},
+    {"NestedLists", QByteArray("<ul><li>").repeated(20'000) + QByteArray("</ul>").repeated(20'000)},
+    {"SkippedNumbers", "<style>" + QByteArray("p{color:red}").repeated(2000) + "</style>" +
+                           QByteArray("<ol start=4999><li>a</ol>").repeated(2000)},
+    {"StrayEnds", QByteArray("<b>").repeated(50) + QByteArray("</i>").repeated(50'000)},
+    {"Quotes", QByteArray("<p a=\"b'>").repeated(20'000)},
+};
+INSTANTIATE_TEST_SUITE_P(All, HtmlBombs, ::testing::ValuesIn(kBombs),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+TEST(HtmlBombs, HaveLettersOfBearableSize) {
+  const RichPage page = Html("<p style='font-size:999999pt'>big</p>");
+  EXPECT_LE(FormatOf(page, "big").fontPointSize(), 400);
+}
+
+TEST(HtmlPages, BeyondTheLimitAreRefused) {
+  EXPECT_EQ(
+      ErrorOf([] { Html(QByteArray(kHtmlLimit + 1, ' ')); }),
+      QStringLiteral("The file \"page.htm\" is too large: 4194305 bytes, where at most 4194304 are read."));
+}
+
+struct PageRow {
+  const char* What;
+  QByteArray Bytes;
+  int Offset;
+  QString Text;  // empty: refused
+  QString Error;
+};
+
+class Pages : public ::testing::TestWithParam<PageRow> {};
+
+TEST_P(Pages, AreToldByTheirFirstBytes) {
+  QString text;
+  const QString error = ErrorOf(
+      [&] { text = ReadPage(GetParam().Bytes, GetParam().Offset, {}, "0001.txm").Document->toPlainText(); });
+  EXPECT_EQ(text, GetParam().Text);
+  EXPECT_EQ(error, GetParam().Error);
+}
+
+const QByteArray kLeadIn(30, '\x7F');
+const PageRow kPages[] = {
+    {"RichTextBehindLeadIn", kLeadIn + "{\\rtf1 a}", 30, "a", ""},
+    {"RichTextFromTheStart", "{\\rtf1 a}", 0, "a", ""},
+    {"HtmlBehindLeadIn", kLeadIn + "<!DOCTYPE html><p>a</p>", 30, "a", ""},
+    {"HtmlWithComment", "<!-- x --><html><p>a</p></html>", 0, "a", ""},
+    {"HtmlWithAnyTag", "<i>a</i>", 0, "a", ""},
+    {"HtmlInCapitals", kLeadIn + "\r\n<BLOCKQUOTE>a", 30, "a", ""},
+    {"HtmlTagOverLines", "<p\nclass=b>a", 0, "a", ""},
+    {"HtmlTagAlone", "<br/>a", 0, "\na", ""},
+    {"TextBeforeATag", "a <p>b</p>", 0, "",
+     "The page \"0001.txm\" holds neither rich text nor HTML behind its first 0 bytes."},
+    {"TagOfNoPage", "<pose>a</pose>", 0, "",
+     "The page \"0001.txm\" holds neither rich text nor HTML behind its first 0 bytes."},
+    {"TooShort", "{\\rtf1 a}", 30, "",
+     "The page \"0001.txm\" is too short: it has 9 bytes, and its text begins behind 30."},
+    {"LeadInAlone", kLeadIn, 30, "",
+     "The page \"0001.txm\" holds neither rich text nor HTML behind its first 30 bytes."},
+    {"LeadInNotSkipped", kLeadIn + "{\\rtf1 a}", 0, "",
+     "The page \"0001.txm\" holds neither rich text nor HTML behind its first 0 bytes."},
+    {"SomethingElse", kLeadIn + "PK\x03\x04", 30, "",
+     "The page \"0001.txm\" holds neither rich text nor HTML behind its first 30 bytes."},
+    {"NegativeOffset", "{\\rtf1 a}", -1, "",
+     "The page \"0001.txm\" is too short: it has 9 bytes, and its text begins behind -1."},
+};
+INSTANTIATE_TEST_SUITE_P(All, Pages, ::testing::ValuesIn(kPages),
+                         [](const auto& row) { return std::string(row.param.What); });
+
+}  // namespace

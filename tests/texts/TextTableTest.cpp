@@ -1,0 +1,26 @@
+#include "texts/TextTable.h"
+
+#include "platform/TestProgram.h"
+#include "texts/Descriptions.h"
+
+TEST(TextTable, EveryGroupIsWhole) {
+  const struct {
+    int First;
+    int Last;
+    int Texts;
+  } groups[] = {{101, 144, 43}, {150, 161, 12}, {200, 201, 2}, {250, 255, 6}, {300, 325, 13},
+                {350, 361, 12}, {375, 380, 6},  {400, 405, 6}, {415, 419, 5}, {500, 543, 44}};
+  for (const auto& group : groups) {
+    int texts = 0;
+    for (int number = group.First; number <= group.Last; ++number) {
+      if (!LoadStringResource(number).isEmpty()) ++texts;
+    }
+    EXPECT_EQ(texts, group.Texts) << group.First;
+  }
+}
+
+TEST(Descriptions, TakeTheirArgumentsAsTheyStand) {
+  EXPECT_EQ(Describe("file-missing", "100%2 \"x\""), "The file \"100%2 \"x\"\" was not found.");
+  EXPECT_EQ(Describe("file-unreadable", "%2", "why"), "The file \"%2\" could not be read: why");
+  EXPECT_EQ(Describe("no-such-key", "a", "b"), "no-such-key a b");
+}
