@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "texts/Descriptions.h"
+
 namespace {
 
 constexpr double kHighestPage = 4'000'000;  // pixels, of an estimate that may be half of the truth
@@ -15,6 +17,7 @@ constexpr int kMostTries = 4;
 constexpr int kLongestParagraph = 10'000;  // characters
 constexpr int kLookBack = 1000;            // characters in which a blank to cut at is looked for
 constexpr qsizetype kMostTabs = 1000;      // of a paragraph with stops of its own
+constexpr double kLastLinePoints = 12, kLastLineSpace = 240;  // the space above it in twips
 
 // Of letters of a size of 1: the width of an average one, and the height of a line.
 constexpr double kLetterWidth = 0.55;
@@ -203,6 +206,20 @@ void BoundParagraphs(RichPage& page) {
     object.Position = moved(object.Position);
 }
 
+// In a look of its own, whatever the page had where it broke off.
+void AddLastLine(RichPage& page, const PageMetrics& metrics) {
+  QTextBlockFormat line;
+  line.setTopMargin(metrics.Pixels(kLastLineSpace));
+  QTextCharFormat look;
+  look.setFontFamilies({QStringLiteral("Arial")});
+  look.setFontPointSize(metrics.PointSize(kLastLinePoints));
+  look.setFontItalic(true);
+  QTextCursor cursor(page.Document.get());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertBlock(line, look);
+  cursor.insertText(Describe("page-cut"), look);
+}
+
 }  // namespace
 
 RichPage ReadBounded(const PageMetrics& metrics, const std::function<RichPage(const PageMetrics&)>& read) {
@@ -215,5 +232,6 @@ RichPage ReadBounded(const PageMetrics& metrics, const std::function<RichPage(co
     page = read(scaled);
   }
   BoundParagraphs(page);
+  if (page.IsCut) AddLastLine(page, metrics);
   return page;
 }

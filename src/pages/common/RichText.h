@@ -11,7 +11,7 @@
 class QTextDocument;
 
 // Rows times columns of all tables of a page. What goes beyond is shown as lines.
-inline constexpr int kMostPageCells = 50'000;
+inline constexpr int kMostPageCells = 20'000;
 
 // How lengths of a page become pixels of the view.
 struct PageMetrics {
@@ -46,6 +46,7 @@ struct RichPage {
   QColor PaperColour = Qt::white;
   QList<PageObject> Objects;   // in document order
   QHash<QString, int> Places;  // lower-case name -> position in the document
+  bool IsCut = false;          // it is only the beginning of what was to be read
 };
 
 // The character format property that holds an object's id.

@@ -8,8 +8,6 @@
 
 namespace {
 
-// Of a page. What goes beyond runs on in the last paragraph.
-constexpr int kMostBlocks = 500'000;
 // A document looks through all its tables for each new one: what goes beyond is told as lines.
 constexpr int kMostTables = 3000;
 // Longer tables continue as another one below, since joining cells costs time by the table's size.
@@ -104,8 +102,6 @@ void RtfBuilder::InsertParagraph(const RtfParagraph& paragraph) {
     // Elsewhere that format is the one of the cell or table in front of the block.
     if (cursor_.position() == 0) cursor_.setBlockCharFormat(endFormat);
     isAtFreshBlock_ = false;
-  } else if (++blocks_ > kMostBlocks) {
-    cursor_.insertText(QStringLiteral(" "), endFormat);
   } else {
     cursor_.insertBlock(blockFormat, endFormat);
   }

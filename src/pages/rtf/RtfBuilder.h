@@ -45,7 +45,6 @@ class RtfBuilder {
   QTextTable* lastTable_ = nullptr;  // that the fresh block stands behind
   int spaceAtTop_ = 0;
   QTextBlockFormat spaced_;
-  int blocks_ = 0;
   int tables_ = 0;
   size_t cells_ = 0;  // of all tables
   long long mergeWork_ = 0;

@@ -10,8 +10,6 @@ namespace {
 // doubles its work with each depth.
 constexpr size_t kDeepestTable = 4;
 
-constexpr qsizetype kMostLineBreaks = 500'000;  // of a page; further ones are blanks
-
 bool IsInline(const QString& text) {
   return text.endsWith(QChar::ObjectReplacementCharacter);
 }
@@ -74,13 +72,15 @@ void PutInBox(RtfBlock& block, RtfParagraph&& paragraph) {
 }
 
 // Neighbours with the same border share one box.
-void PutParagraph(std::vector<RtfBlock>& blocks, RtfParagraph&& paragraph) {
+void PutParagraph(std::vector<RtfBlock>& blocks, RtfParagraph&& paragraph, PageBudget& budget) {
   if (!HasBorder(paragraph.Props)) {
     blocks.push_back({std::move(paragraph), nullptr});
     return;
   }
-  if (blocks.empty() || !HasPlaceFor(blocks.back(), paragraph.Props))
+  if (blocks.empty() || !HasPlaceFor(blocks.back(), paragraph.Props)) {
+    budget.TakeTable();
     blocks.push_back(EmptyBox(paragraph.Props));
+  }
   PutInBox(blocks.back(), std::move(paragraph));
 }
 
@@ -91,17 +91,13 @@ size_t LevelOf(const RtfParaProps& props) {
 
 }  // namespace
 
-void RtfFlow::AddText(const QString& text, int format) {
+void RtfFlow::AddText(const QString& told, int format) {
+  const QString text = told.left(budget_.TakeText(told));
   if (text.isEmpty()) return;
   std::vector<RtfSpan>& spans = paragraph_.Spans;
   // Behind the last one that may look its own way, text goes on in its look. Pictures keep theirs.
   const bool goesOn = spans.size() >= kMostRtfSpans && !IsInline(paragraph_.Text) && !IsInline(text);
   paragraph_.Text += text;
-  lineBreaks_ += text.count(QChar::LineSeparator);
-  if (lineBreaks_ > kMostLineBreaks) {
-    QString& whole = paragraph_.Text;
-    std::replace(whole.end() - text.size(), whole.end(), QChar(QChar::LineSeparator), QChar(u' '));
-  }
   const int length = static_cast<int>(text.size());
   if (!spans.empty() && (goesOn || spans.back().Format == format)) {
     paragraph_.Spans.back().Length += length;
@@ -115,7 +111,7 @@ void RtfFlow::AddInline(int format) {
 }
 
 void RtfFlow::AddPlace(const QString& name) {
-  if (!name.isEmpty()) paragraph_.Places.push_back({name, paragraph_.Text.size()});
+  if (!name.isEmpty() && budget_.TakePlace()) paragraph_.Places.push_back({name, paragraph_.Text.size()});
 }
 
 bool RtfFlow::PutTabInFront() {
@@ -144,6 +140,7 @@ void RtfFlow::EndParagraph(const RtfParaProps& props, int endFormat) {
 }
 
 void RtfFlow::Place(RtfParagraph&& paragraph, size_t level) {
+  budget_.TakeParagraph();
   if (IsInFootnote()) {
     footnotes_.push_back(std::move(paragraph));
     return;
@@ -153,10 +150,10 @@ void RtfFlow::Place(RtfParagraph&& paragraph, size_t level) {
   CloseLevelsTo(level);
   OpenLevels(level);
   if (level > 0) {
-    PutParagraph(levels_.back().Cell.Blocks, std::move(paragraph));
+    PutParagraph(levels_.back().Cell.Blocks, std::move(paragraph), budget_);
     return;
   }
-  PutParagraph(outermost_, std::move(paragraph));
+  PutParagraph(outermost_, std::move(paragraph), budget_);
   if (!IsBox(outermost_.back())) FlushOutermost();
 }
 
@@ -202,16 +199,8 @@ void RtfFlow::EndRowOf(Level& level, const RtfRowProps& props) {
   if (!level.Cell.Blocks.empty()) EndCellOf(level);
   RtfRow row = std::exchange(level.Row, {});
   if (row.Cells.empty()) return;
-  cells_ += std::max(props.Cells.size(), row.Cells.size());
-  // Each row would keep a description of its own, which a few bytes call for again and again.
-  const bool isTooMuch = cells_ > size_t{kMostPageCells};
-  if (isTooMuch && !level.Table.Rows.empty()) {
-    std::vector<RtfBlock>& last = level.Table.Rows.back().Cells.back().Blocks;
-    for (RtfCell& cell : row.Cells)
-      std::move(cell.Blocks.begin(), cell.Blocks.end(), std::back_inserter(last));
-    return;
-  }
-  if (!isTooMuch) row.Props = props;
+  budget_.TakeCells(static_cast<qsizetype>(std::max(props.Cells.size(), row.Cells.size())));
+  row.Props = props;
   level.Table.Rows.push_back(std::move(row));
 }
 
@@ -252,6 +241,7 @@ void RtfFlow::CloseLevelsTo(size_t count) {
     }
     EndRowOf(closed, row_);
     if (closed.Table.Rows.empty()) continue;
+    budget_.TakeTable();
     RtfBlock block;
     block.Table = std::make_unique<RtfTable>(std::move(closed.Table));
     if (levels_.empty()) {

@@ -2,6 +2,7 @@
 // tables, footnotes to the end. Finished paragraphs and tables go to the builder.
 #pragma once
 
+#include "pages/common/PageBudget.h"
 #include "pages/rtf/RtfBuilder.h"
 #include "pages/rtf/RtfModel.h"
 
@@ -11,8 +12,11 @@
 
 class RtfFlow {
  public:
-  explicit RtfFlow(RtfBuilder& builder) : builder_(builder) {}
+  // Both must outlive the flow.
+  RtfFlow(RtfBuilder& builder, PageBudget& budget) : builder_(builder), budget_(budget) {}
 
+  // Text beyond the budget is left out. The rest of the flow counts what comes and leaves nothing out: the
+  // parser stops once the budget is spent.
   void AddText(const QString& text, int format);
   // A picture or object in the line; its format says which.
   void AddInline(int format);
@@ -71,6 +75,7 @@ class RtfFlow {
   RtfParagraph TakeParagraph(const RtfParaProps& props, int endFormat);
 
   RtfBuilder& builder_;
+  PageBudget& budget_;
   RtfParagraph paragraph_;
   RtfRowProps row_;
   bool isRowOpen_ = false;                               // described, and its end not yet seen
@@ -79,6 +84,4 @@ class RtfFlow {
   std::vector<RtfBlock> outermost_;  // a box around paragraphs that may take in more
   std::vector<SavedParagraph> asides_;
   std::vector<RtfParagraph> footnotes_;
-  size_t cells_ = 0;          // that the rows so far describe or hold
-  qsizetype lineBreaks_ = 0;  // within paragraphs
 };

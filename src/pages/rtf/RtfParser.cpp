@@ -19,6 +19,7 @@ constexpr size_t kMostStyles = 4096;
 // Words that all uses of styles repeat: more than a page calls for that has any text to show in them.
 constexpr size_t kStyleWorth = 4;  // words that it takes as long to find a style
 constexpr size_t kMostRepeated = 1'000'000, kMostRepeatedPerByte = 2;
+constexpr size_t kMostBytesAtOnce = 4'000'000;
 constexpr int kEndsThere = 2;         // of a list's number: how it stands at its place
 constexpr int kRoomForNumber = 1000;  // twips
 
@@ -38,21 +39,23 @@ RtfParser::RtfParser(std::string_view bytes, const PageMetrics& metrics)
       page_(EmptyPage()),
       formats_(header_, metrics_),
       builder_(page_, formats_),
-      flow_(builder_),
+      flow_(builder_, budget_),
       pictures_(metrics),
       states_(1),
       styleWordsLeft_(kMostRepeated + bytes.size() * kMostRepeatedPerByte) {}
 
 RichPage RtfParser::Read() {
-  for (RtfToken token = tokens_.Next(); token.Kind != RtfTokenKind::End && !isAtEnd_;
+  for (RtfToken token = tokens_.Next(); token.Kind != RtfTokenKind::End && !isAtEnd_ && !budget_.IsSpent();
        token = tokens_.Next()) {
+    budget_.TakeInstruction();
     if (IsIn(RtfDestination::Skip)) {
       HandleSkipped(token);
     } else {
       Handle(token);
     }
   }
-  // A cut file: what is open ends here.
+  page_.IsCut = budget_.IsSpent();
+  // A cut file or a page that is too long: what is open ends here.
   while (!isAtEnd_)
     CloseGroup();
   NumberObjects();
@@ -96,7 +99,8 @@ void RtfParser::HandleBytes(std::string_view bytes) {
     fallbackLeft_ -= static_cast<int>(skipped);
     bytes.remove_prefix(skipped);
   }
-  if (!bytes.empty()) text_.AddBytes(bytes, State().CodePage);
+  // No page shows more; the budget leaves the rest out.
+  if (!bytes.empty()) text_.AddBytes(bytes.substr(0, kMostBytesAtOnce), State().CodePage);
 }
 
 void RtfParser::HandleWord(const RtfToken& token) {

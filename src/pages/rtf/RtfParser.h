@@ -2,6 +2,7 @@
 // group wants it. The files of control words work on it; nobody else does.
 #pragma once
 
+#include "pages/common/PageBudget.h"
 #include "pages/common/RichText.h"
 #include "pages/rtf/RtfBuilder.h"
 #include "pages/rtf/RtfField.h"
@@ -240,6 +241,7 @@ class RtfParser {
   RtfTokenizer tokens_;
   PageMetrics metrics_;
   RichPage page_;
+  PageBudget budget_;
   RtfHeader header_;
   RtfFormats formats_;
   RtfBuilder builder_;
@@ -274,7 +276,6 @@ class RtfParser {
   int oldListCount_ = 0;
   bool bringsListText_ = false;  // the page tells its bullets and numbers
   RtfPicture picture_;
-  int pictureCount_ = 0;
   bool hasShapePicture_ = false;
   ShapeParts shape_;
   RtfCellProps nextCell_;

@@ -17,9 +17,7 @@ constexpr size_t kMostColours = 4096;
 constexpr size_t kMostFonts = 4096;
 constexpr size_t kMostFields = 200'000;
 constexpr qsizetype kMostChoices = 25;  // of a form field, as many as its program takes
-constexpr size_t kMostObjects = 1000;
 constexpr size_t kMostOldLists = 4096;
-constexpr int kMostPictures = 5000;
 constexpr char16_t kEmptyBox = 0x2610, kTickedBox = 0x2612;
 
 void AddTo(QString& name, const QString& text) {
@@ -298,7 +296,7 @@ void RtfParser::EndPicture() {
   hasShapePicture_ = true;
   RtfPicture picture;
   std::swap(picture, picture_);
-  if (State().Chars.IsHidden || pictureCount_ >= kMostPictures) return;
+  if (State().Chars.IsHidden || !budget_.TakePicture()) return;
   const RtfPictureDecoder::Result decoded = pictures_.Decode(picture);
   double width = decoded.Width;
   double height = decoded.Height;
@@ -314,7 +312,6 @@ void RtfParser::EndPicture() {
 }
 
 void RtfParser::InsertPicture(const QImage& image, double width, double height, int objectId) {
-  ++pictureCount_;
   const QString name = QStringLiteral("picture:%1").arg(image.cacheKey());
   page_.Document->addResource(QTextDocument::ImageResource, QUrl(name), image);
   QTextImageFormat format;
@@ -334,7 +331,6 @@ void RtfParser::InsertPicture(const QImage& image, double width, double height, 
 }
 
 void RtfParser::BeginObject() {
-  if (objects_.size() >= kMostObjects) return;
   SetDestination(State().Destination, RtfGroupEnd::Object);
   State().Object = static_cast<int>(objects_.size());
   objects_.emplace_back();
@@ -367,6 +363,7 @@ void RtfParser::EndObject(int number) {
 }
 
 void RtfParser::InsertObject(Object& object) {
+  if (!budget_.TakeObject()) return;
   const int id = static_cast<int>(page_.Objects.size()) + 1;
   page_.Objects.append({id, object.DataText, 0});
   QImage white(8, 8, QImage::Format_RGB32);

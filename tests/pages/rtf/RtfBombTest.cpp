@@ -17,15 +17,41 @@ int CellsOf(const QTextFrame* frame) {
   return cells;
 }
 
-TEST(RtfBombs, RowsOfManyCellsBecomeLines) {
-  QByteArray row = "\\trowd";
+// The first one is shown, the last one of so many is not.
+TEST(RtfBombs, APageIsCutAndSaysSo) {
+  QByteArray wideRow = "\\trowd";
   for (int i = 1; i <= 128; ++i)
-    row += "\\cellx" + QByteArray::number(i * 100);
-  const RichPage page =
-      ReadBody(row + QByteArray("\\pard\\intbl x\\cell\\row").repeated(2000) + "\\pard end");
-  EXPECT_LE(CellsOf(page.Document->rootFrame()), 50'000);
-  EXPECT_GT(CellsOf(page.Document->rootFrame()), 10'000);
-  EXPECT_EQ(page.Document->toPlainText().count(u'x'), 2000);
+    wideRow += "\\cellx" + QByteArray::number(i * 100);
+  const struct {
+    const char* What;
+    QByteArray Piece;
+    int Count;
+  } cases[] = {
+      {"a word", "x", 3'000'000},
+      {"paragraphs", "x\\par ", 60'000},
+      {"lines", "x\\line ", 100'000},
+      {"looks", "x{\\b x}", 200'000},
+      {"rows", wideRow + "\\pard\\intbl x\\cell\\row", 1000},
+      {"tables", "\\trowd\\cellx900\\pard\\intbl x\\cell\\row\\pard x\\par ", 10'000},
+      {"boxes", "\\pard\\box\\brdrs x\\par\\pard x\\par ", 10'000},
+      {"pictures", "x{\\pict\\picwgoal90\\pichgoal90}", 10'000},
+      {"objects", "x{\\object\\objw90\\objh90}", 10'000},
+      {"foreign letters", "x\\u1575?", 400'000},
+      {"places", "x{\\*\\bkmkstart a}", 60'000},
+      {"words", "x\\b0" + QByteArray("\\b0").repeated(10'000), 1000},
+      {"groups", "x" + QByteArray("{}").repeated(5000), 1000},
+      {"footnotes", "x{\\footnote x}", 60'000},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.What);
+    const RichPage page = ReadBody(c.Piece.repeated(c.Count) + "{last}");
+    EXPECT_TRUE(page.IsCut);
+    EXPECT_GT(page.Document->toPlainText().count(u'x'), 50);
+    EXPECT_TRUE(page.Document->find("last").isNull());
+    EXPECT_EQ(page.Document->lastBlock().text(), "This page is too long to be shown whole. It ends here.");
+    EXPECT_LE(CellsOf(page.Document->rootFrame()), 20'000);
+    EXPECT_FALSE(ReadBody(c.Piece.repeated(c.Count / 60) + "{last}").IsCut);
+  }
 }
 
 TEST(RtfBombs, NumbersOfListsStayShort) {
