@@ -98,12 +98,12 @@ bool LoadTestFile(const QString& pageName) {
 }
 
 TestContent ReadTest(const QByteArray& bytes, const QString& thing) {
-  QuotedFieldReader reader(bytes, thing);
+  QuotedFieldReader reader(bytes, thing, QuotedFieldReader::Origin::Course);
   return ReadTest(reader, thing);
 }
 
 TestContent ReadTest(QIODevice& device, const QString& thing) {
-  QuotedFieldReader reader(device, thing);
+  QuotedFieldReader reader(device, thing, QuotedFieldReader::Origin::Course);
   return ReadTest(reader, thing);
 }
 

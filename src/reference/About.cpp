@@ -76,7 +76,7 @@ void About::ShowVersion() {
 void About::ShowAboutText() {
   const QString name = QStringLiteral("About ") + CurrentCourse().CourseName + QStringLiteral(".txt");
   const QString file = CourseFile(kAboutFolder, name);
-  if (!file.isEmpty()) text1_->SetText(DecodeText(ReadProgramFile(file, kTextFileLimit)));
+  if (!file.isEmpty()) text1_->SetText(DecodeCourseText(ReadProgramFile(file, kTextFileLimit)));
 }
 
 // The text is what the screen is for, also while something else has the focus.

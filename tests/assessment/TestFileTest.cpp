@@ -56,6 +56,8 @@ TEST(TestFile, FieldsAreReadAsTheyStand) {
       {"UTF-8 by its mark",
        "\xEF\xBB\xBF\"1\"\r\n\"\xC2\xABQ\xC2\xAB \xC5\x99\",\"A\",\"1\",\"\",\"\",\"\"\r\n",
        "1: \"Q\" \u0159 (A=1)1 //"},
+      {"UTF-8 without a mark", "\"1\"\r\n\"\xC2\xABQ\xC2\xAB \xC5\x99\",\"A\",\"1\",\"\",\"\",\"\"\r\n",
+       "1: \"Q\" \u0159 (A=1)1 //"},
   };
   for (const auto& c : cases) {
     const TestStore store;

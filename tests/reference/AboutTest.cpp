@@ -18,7 +18,7 @@ class AboutTest : public CourseTest {
 
 TEST_F(AboutTest, TheTextAndTheVersionOfTheProgramShow) {
   QCoreApplication::setApplicationVersion("1.0.45");
-  store.Write("About/About Cash desk.txt", "First line\r\n\r\nCaf\xE9\r\n");
+  store.Write("About/About Cash desk.txt", "First line\r\n\r\nCaf\xC3\xA9\r\n");
   ReadAs("Ann", "Lee");
   const About& about = Gui::Show<About>();
   EXPECT_EQ(Gui::Find<TextPane>(about, "Text1")->Text(), "First line\n\nCaf\u00E9\n");

@@ -13,6 +13,7 @@ constexpr qsizetype kUtf8MarkSize = 3;
 constexpr qsizetype kLongestName = 60;  // characters; the system's own have about thirty at most
 
 QByteArray g_codePage = kDefaultCodePage;
+std::optional<bool> g_isSingleByte;  // of the code page, once somebody has asked
 
 // Looking a converter up by its name costs far more than a field of a file, so those of the code page are
 // kept. Each use begins anew.
@@ -51,6 +52,16 @@ bool IsCodePageName(const QByteArray& name) {
   return !name.isEmpty() && name.size() <= kLongestName && std::all_of(name.begin(), name.end(), isPart);
 }
 
+// Whether each byte is a character by itself. The first of several is none alone.
+bool IsSingleByte(const QByteArray& codePage) {
+  for (int byte = 0x80; byte <= 0xFF; ++byte) {
+    QStringDecoder decoder(codePage.constData());
+    const QString text = decoder.decode(QByteArray(1, static_cast<char>(byte)));
+    if (text.size() != 1) return false;
+  }
+  return true;
+}
+
 bool HoldsAscii(const QByteArray& codePage) {
   const QByteArray ascii = PlainAscii();
   QStringDecoder decoder(codePage.constData());
@@ -68,6 +79,7 @@ bool SetCodePage(const QString& name) {
   const QByteArray wanted = name.trimmed().toLatin1();
   if (!IsCodePageName(wanted) || !HoldsAscii(wanted)) return false;
   g_codePage = wanted;
+  g_isSingleByte.reset();
   CodePageConverters() = {};
   return true;
 }
@@ -83,6 +95,18 @@ bool HasUtf8Mark(const QByteArray& bytes) {
 QString DecodeText(const QByteArray& bytes) {
   const bool utf8 = HasUtf8Mark(bytes);
   return DecodePiece(utf8 ? bytes.mid(kUtf8MarkSize) : bytes, utf8);
+}
+
+QString DecodeCourseText(const QByteArray& bytes) {
+  return HasUtf8Mark(bytes) || !IsUtf8CourseText(bytes) ? DecodeText(bytes) : DecodeUtf8(bytes);
+}
+
+bool IsUtf8CourseText(const QByteArray& bytes) {
+  if (HasUtf8Mark(bytes)) return true;
+  const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
+  if (ascii || !QUtf8StringView(bytes).isValidUtf8()) return false;
+  if (!g_isSingleByte) g_isSingleByte = IsSingleByte(g_codePage);
+  return *g_isSingleByte;
 }
 
 QByteArray EncodeText(const QString& text) {

@@ -19,6 +19,13 @@ bool HasUtf8Mark(const QByteArray& bytes);
 // The text of a whole file: UTF-8 when it begins with the mark (which is no part of the text), else the
 // code page. What is not valid there becomes U+FFFD.
 QString DecodeText(const QByteArray& bytes);
+// The same for a file of the installation or of a course: text editors leave the mark out. Bytes that are
+// valid UTF-8 with something beyond ASCII in it are taken for it where the code page has one byte a
+// character; with more of them, the same bytes can be words. Not for the program's own files: a learner may
+// well be called "Ã©".
+QString DecodeCourseText(const QByteArray& bytes);
+// Whether DecodeCourseText takes the bytes for UTF-8.
+bool IsUtf8CourseText(const QByteArray& bytes);
 // The bytes of a whole file: the code page, or UTF-8 with the mark when the page cannot hold the text.
 QByteArray EncodeText(const QString& text);
 

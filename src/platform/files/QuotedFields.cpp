@@ -21,17 +21,19 @@ bool IsLineEnd(char c) {
 
 }  // namespace
 
-QuotedFieldReader::QuotedFieldReader(const QByteArray& bytes, QString thing)
-    : bytes_(bytes), thing_(std::move(thing)), utf8_(HasUtf8Mark(bytes)) {
-  if (utf8_) bytes_.remove(0, 3);
+QuotedFieldReader::QuotedFieldReader(const QByteArray& bytes, QString thing, Origin origin)
+    : bytes_(bytes),
+      thing_(std::move(thing)),
+      utf8_(origin == Origin::Course ? IsUtf8CourseText(bytes) : HasUtf8Mark(bytes)) {
+  if (HasUtf8Mark(bytes)) bytes_.remove(0, 3);
   if (bytes_.endsWith('\x1A')) bytes_.chop(1);  // old editors mark the end of a file with it
   end_ = bytes_.size();
   while (end_ > 0 && (IsBlank(bytes_.at(end_ - 1)) || IsLineEnd(bytes_.at(end_ - 1))))
     --end_;
 }
 
-QuotedFieldReader::QuotedFieldReader(QIODevice& device, QString thing)
-    : QuotedFieldReader(ReadDevice(device, kTextFileLimit, thing), thing) {}
+QuotedFieldReader::QuotedFieldReader(QIODevice& device, QString thing, Origin origin)
+    : QuotedFieldReader(ReadDevice(device, kTextFileLimit, thing), thing, origin) {}
 
 bool QuotedFieldReader::AtEnd() const {
   return position_ >= end_ && lastEnd_ != FieldEnd::Comma;

@@ -15,10 +15,13 @@ class QuotedFieldReader {
   // What stood behind the field that was read last.
   enum class FieldEnd { Comma, LineEnd, EndOfFile, NextField };
 
+  // Who wrote the file tells how it is decoded (see CodePage.h).
+  enum class Origin { Program, Course };
+
   // `thing` names the text in errors.
-  QuotedFieldReader(const QByteArray& bytes, QString thing);
+  QuotedFieldReader(const QByteArray& bytes, QString thing, Origin origin = Origin::Program);
   // Takes what is left in the device; more than kTextFileLimit bytes is an error.
-  QuotedFieldReader(QIODevice& device, QString thing);
+  QuotedFieldReader(QIODevice& device, QString thing, Origin origin = Origin::Program);
 
   // The next field. Running off the end, also inside a quoted field, is a RunTimeError.
   QString ReadField();
@@ -26,7 +29,7 @@ class QuotedFieldReader {
   QByteArray ReadRawField();
   bool AtEnd() const;
   FieldEnd LastEnd() const { return lastEnd_; }
-  // True when the bytes are UTF-8 by their mark; else the raw fields are in the code page.
+  // True when the bytes are UTF-8; else the raw fields are in the code page.
   bool IsUtf8() const { return utf8_; }
 
  private:

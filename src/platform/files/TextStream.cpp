@@ -8,10 +8,10 @@
 #include "texts/Descriptions.h"
 
 TextStream::TextStream(const QByteArray& bytes, QString thing)
-    : text_(DecodeText(bytes)), thing_(std::move(thing)) {}
+    : text_(DecodeCourseText(bytes)), thing_(std::move(thing)) {}
 
 TextStream::TextStream(QIODevice& device, QString thing)
-    : text_(DecodeText(ReadDevice(device, kTextFileLimit, thing))), thing_(std::move(thing)) {}
+    : text_(DecodeCourseText(ReadDevice(device, kTextFileLimit, thing))), thing_(std::move(thing)) {}
 
 QString TextStream::ReadLine() {
   RefuseAtEnd();

@@ -1,5 +1,4 @@
-// A text file read line by line or character by character. Used by the readers of maps, glossaries and
-// registry files.
+// A text file of a course read line by line or character by character: maps and glossaries.
 #pragma once
 
 #include <QByteArray>
@@ -10,7 +9,7 @@ class QIODevice;
 
 class TextStream {
  public:
-  // `thing` names the text in errors. The bytes are decoded as a whole file (see CodePage.h).
+  // `thing` names the text in errors. The bytes are decoded as a file of a course (see CodePage.h).
   TextStream(const QByteArray& bytes, QString thing);
   // Takes what is left in the device; more than kTextFileLimit bytes is an error.
   TextStream(QIODevice& device, QString thing);

@@ -17,7 +17,7 @@ constexpr qsizetype kMaxProblems = 100;     // described; a file that is no expo
 QString DecodeFile(const QByteArray& bytes) {
   if (bytes.startsWith("\xFF\xFE")) return QStringDecoder(QStringDecoder::Utf16LE).decode(bytes);
   if (bytes.startsWith("\xFE\xFF")) return QStringDecoder(QStringDecoder::Utf16BE).decode(bytes);
-  return DecodeText(bytes);
+  return DecodeCourseText(bytes);
 }
 
 // The index of the quote that closes a text which begins behind `start`, -1 when it stays open.

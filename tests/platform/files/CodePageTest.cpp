@@ -28,6 +28,26 @@ TEST(CodePage, ATextIsInTheCodePageOrInUtf8WithTheMark) {
   }
 }
 
+TEST(CodePage, ACourseTextIsInUtf8WhereItCanBeNothingElse) {
+  const TestProgram program;
+  const struct {
+    const char* Page;
+    QByteArray Bytes;
+    QString Text;
+  } cases[] = {
+      {"windows-1252", "\xC5\x81ukasz \xE2\x82\xAC", u"Łukasz €"_qs},
+      {"windows-1252", "\xC5\x81ukasz \x80", u"Å\u0081ukasz €"_qs},
+      {"windows-1250", "\xEF\xBB\xBF\xC5\x81", u"Ł"_qs},
+      {"windows-1253", "\xCE\xB1", u"α"_qs},
+      {"cp932", "\xC2\xB1", u"ﾂｱ"_qs},  // also valid UTF-8
+      {"GB18030", "\xC4\xA3", u"模"_qs},
+  };
+  for (const auto& c : cases) {
+    ASSERT_TRUE(SetCodePage(c.Page));
+    EXPECT_EQ(DecodeCourseText(c.Bytes), c.Text) << c.Page;
+  }
+}
+
 TEST(CodePage, EveryByteOfASingleBytePageSurvives) {
   const TestProgram program;
   QByteArray all;

@@ -30,6 +30,7 @@ TEST(TextStream, LinesEndWithLineFeedOrBoth) {
       {"\n\rb", {"", "\rb"}},
       {"a\rb\r", {"a\rb\r"}},
       {"\xEF\xBB\xBF\xC5\x81\n", {u"Ł"_qs}},
+      {"\xC5\x81\n", {u"Ł"_qs}},
       {"\xABx\xBB", {u"«x»"_qs}},
   };
   for (const auto& c : cases)
