@@ -1,5 +1,7 @@
 #include "content/REGISTRY.h"
 
+#include <QHash>
+
 #include "content/LinkedList.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
@@ -27,10 +29,67 @@ QString FirstNumber(const QByteArray& bytes) {
   return QString::number(static_cast<qint16>(low | high << 8));
 }
 
-void LoadCourse(const QString& path, CourseRecord& course, QStringList& problems) {
+// One module as it lies on the disk.
+struct Module {
+  bool IsInstalled = false;
+  ModuleRecord Record;
+  QString Problem;  // with its topics
+};
+
+Module ReadModule(const QString& id) {
+  Module module;
+  module.Record.ModuleId = id;
+  const QString path = MapPath(id);
+  QByteArray bytes;
+  if (!IgnoreErrors([&] { bytes = ReadProgramFile(path, kTextFileLimit); })) return module;
+  const TextStream map(bytes, path);
+  module.IsInstalled = IsModuleInstalled(module.Record.ModuleName, map);
+  if (!module.IsInstalled) return module;
+  try {
+    ReadModuleTopics(module.Record, map);
+  } catch (const RunTimeError& error) {
+    module.Problem = error.Description();
+  }
+  return module;
+}
+
+// The modules of the catalogue by their ids. Many courses may list the same ones; each is read once.
+class Modules {
+ public:
+  const Module& At(const QString& id) {
+    const auto known = modules_.constFind(id);
+    return known != modules_.cend() ? *known : *modules_.insert(id, ReadModule(id));
+  }
+
+ private:
+  const NamesListedOnce names_;  // many that are not there would each look through the program folder
+  QHash<QString, Module> modules_;
+};
+
+void AppendModules(Modules& known, const QString& moduleString, CourseRecord& course, QStringList& problems) {
+  for (qsizetype at = 0; at < moduleString.size(); at += kModuleIdLength) {
+    const QString id = moduleString.mid(at, kModuleIdLength);
+    if (id.size() < kModuleIdLength) {
+      course.AllInstalled = false;
+      problems.append(Describe("modules-malformed", course.CourseName, id));
+      return;
+    }
+    const Module& module = known.At(id);
+    if (!module.IsInstalled) {
+      course.AllInstalled = false;
+      continue;
+    }
+    if (!module.Problem.isEmpty()) {
+      problems.append(Describe("module-map-damaged", id, course.CourseName, module.Problem));
+    }
+    course.Modules.append(module.Record);
+    course.Modules.last().CourseName = course.CourseName;
+  }
+}
+
+void LoadCourse(Modules& known, const QString& path, CourseRecord& course, QStringList& problems) {
   const QString modulesPath = path + QStringLiteral("\\Modules");
-  const QString moduleString = ReadValueFromPath(modulesPath, QStringLiteral("ModuleString"));
-  ParseModuleString(moduleString, course.Modules, course.CourseName, course.AllInstalled, problems);
+  AppendModules(known, ReadValueFromPath(modulesPath, QStringLiteral("ModuleString")), course, problems);
   course.RepNum = ReadValueFromPath(modulesPath, QStringLiteral("RepNum"));
 }
 
@@ -42,11 +101,12 @@ CatalogueResult LoadInstalledCourses(const QString& rootKey, QList<CourseRecord>
   if (root == nullptr) return CatalogueResult::NoRootKey;
   const QStringList names = Registry::EnumSubkeys(*root);
   courses.clear();
+  Modules known;
   for (const QString& name : names) {
     CourseRecord course;
     course.CourseName = name;
     course.AllInstalled = true;
-    LoadCourse(rootKey + u'\\' + name, course, problems);
+    LoadCourse(known, rootKey + u'\\' + name, course, problems);
     courses.append(course);
   }
   if (courses.isEmpty()) return CatalogueResult::NoCourses;
@@ -73,43 +133,26 @@ QString MapPath(const QString& moduleId) {
 
 void ParseModuleString(const QString& moduleString, QList<ModuleRecord>& modules, const QString& courseName,
                        bool& allInstalled, QStringList& problems) {
-  for (qsizetype at = 0; at < moduleString.size(); at += kModuleIdLength) {
-    ModuleRecord module;
-    module.ModuleId = moduleString.mid(at, kModuleIdLength);
-    module.CourseName = courseName;
-    if (module.ModuleId.size() < kModuleIdLength) {
-      allInstalled = false;
-      problems.append(Describe("modules-malformed", courseName, module.ModuleId));
-      return;
-    }
-    if (!IsModuleInstalled(module.ModuleName, module.ModuleId)) {
-      allInstalled = false;
-      continue;
-    }
-    try {
-      ReadModuleTopics(module);
-    } catch (const RunTimeError& error) {
-      problems.append(Describe("module-map-damaged", module.ModuleId, courseName, error.Description()));
-    }
-    modules.append(module);
-  }
+  Modules known;
+  CourseRecord course{courseName, modules, {}, allInstalled};
+  AppendModules(known, moduleString, course, problems);
+  modules = course.Modules;
+  allInstalled = course.AllInstalled;
 }
 
-bool IsModuleInstalled(QString& moduleName, const QString& moduleId) {
+bool IsModuleInstalled(QString& moduleName, TextStream map) {
   moduleName.clear();
   return IgnoreErrors([&] {
-    const QString path = MapPath(moduleId);
-    TextStream map(ReadProgramFile(path, kTextFileLimit), path);
     map.ReadLine();
     moduleName = map.ReadLine();
   });
 }
 
-void ReadModuleTopics(ModuleRecord& module) {
+void ReadModuleTopics(ModuleRecord& module, TextStream map) {
   LinkedList pages;
   pages.InitSearchLinkedList();
   QString moduleName;
-  pages.LoadNewSearchList(MapPath(module.ModuleId), moduleName);
+  pages.LoadNewSearchList(map, moduleName);
   int count = 0;
   pages.GetTopics(count, module.Topics);
 }

@@ -9,6 +9,7 @@
 #include "frame/ProgramState.h"
 
 struct RegistryKey;
+class TextStream;
 
 enum class CatalogueResult {
   Loaded,     // at least one course
@@ -36,9 +37,9 @@ void ParseModuleString(const QString& moduleString, QList<ModuleRecord>& modules
 QString MapPath(const QString& moduleId);
 // A module is installed when two lines of its map can be read. The second is its name, which is empty
 // when it is not installed.
-bool IsModuleInstalled(QString& moduleName, const QString& moduleId);
+bool IsModuleInstalled(QString& moduleName, TextStream map);
 // Fills Topics from the module's map. A map that cannot be read is a RunTimeError.
-void ReadModuleTopics(ModuleRecord& module);
+void ReadModuleTopics(ModuleRecord& module, TextStream map);
 // Appends the pseudo-course of all modules of the `count` courses.
 void BuildAllModulesCourse(QList<CourseRecord>& courses, int count);
 // Whether any course is in the table.

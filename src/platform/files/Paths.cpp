@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <algorithm>
 #include <functional>
 
@@ -18,6 +19,25 @@ bool Exists(const QString& path) {
   return info.exists() || info.isSymLink();  // a link that leads nowhere is still the exact name
 }
 
+// The names of folders by what they are without case; kept while `g_keepers` are there.
+QHash<QString, QHash<QString, QStringList>> g_listed;
+int g_keepers = 0;
+
+// Among others the names of a folder that differ from `step` in case alone.
+QStringList NamesLike(const QString& folder, const QString& step) {
+  const auto list = [&folder] {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                  QDir::Unsorted);
+  };
+  if (g_keepers == 0) return list();
+  if (!g_listed.contains(folder)) {
+    auto& names = g_listed[folder];
+    for (const QString& name : list())
+      names[name.toCaseFolded()].append(name);
+  }
+  return g_listed.value(folder).value(step.toCaseFolded());
+}
+
 using FolderTest = std::function<bool(const QString&)>;
 
 // The name in `folder` that a step stands for. A folder that may not be listed has exact names alone.
@@ -25,8 +45,7 @@ QString MatchStep(const QString& folder, const QString& step, const FolderTest& 
   if (Exists(folder + u'/' + step)) return step;
   const QString listed = folder.isEmpty() ? QStringLiteral("/") : folder;
   if (!mayList(listed)) return step;
-  QStringList names =
-      QDir(listed).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+  QStringList names = NamesLike(listed, step);
   names.removeIf([&](const QString& name) { return name.compare(step, Qt::CaseInsensitive) != 0; });
   // Of several the first in code order, however the file system lists them.
   return names.isEmpty() ? step : *std::min_element(names.cbegin(), names.cend());
@@ -119,6 +138,14 @@ void SetProgramFolder(const QString& folder) {
   g_programFolder = folder;
   while (g_programFolder.size() > 1 && g_programFolder.endsWith(u'/'))
     g_programFolder.chop(1);
+}
+
+NamesListedOnce::NamesListedOnce() {
+  ++g_keepers;
+}
+
+NamesListedOnce::~NamesListedOnce() {
+  if (--g_keepers == 0) g_listed.clear();
 }
 
 QString RealPath(const QString& programPath) {

@@ -16,6 +16,16 @@ void SetProgramFolder(const QString& folder);
 // without any match stays as it is. The result is absolute and need not exist.
 QString RealPath(const QString& programPath);
 
+// While one lives, RealPath and its like read the names of a folder once, however many paths look there for
+// one that is not spelled so. For runs of look-ups that nobody adds files during.
+class NamesListedOnce {
+ public:
+  NamesListedOnce();
+  ~NamesListedOnce();
+  NamesListedOnce(const NamesListedOnce&) = delete;
+  NamesListedOnce& operator=(const NamesListedOnce&) = delete;
+};
+
 // RealPath, or an empty text when the path, with its links followed, leaves the program folder, when a
 // link in it leads nowhere, or when it holds a NUL or a name or path longer than the system allows.
 // Outside that folder names count exactly as they are spelled: no other folder is even listed.
