@@ -169,6 +169,8 @@ class FaultTest:
             if fault.at_sign_in:
                 fault.make(place)
             run = Run(self.desktop, self.desktop.start(self.store / "tallowmere", fault.user))
+            if fault.at_sign_in:
+                self.start_under_the_fault(run, fault)
             run.choose_course(0)
             if fault.at_sign_in:
                 self.sign_in_under_the_fault(run, fault, place)
@@ -178,6 +180,12 @@ class FaultTest:
             if run is not None and run.process.poll() is None:
                 self.desktop.kill(run.process)
             place.remove()
+
+    def start_under_the_fault(self, run: Run, fault: Fault) -> None:
+        run.await_message()
+        self.desktop.picture(f"{fault.name}-0-start")
+        self.check("the start tells it", run.process.poll() is None)
+        self.desktop.key("Return")
 
     def sign_in_under_the_fault(self, run: Run, fault: Fault, place: Place) -> None:
         before = place.record.read_bytes()

@@ -11,6 +11,7 @@ data folder and a picture in FOLDER.
 """
 
 import argparse
+import os
 import random
 import shutil
 import subprocess
@@ -22,7 +23,7 @@ from collections import Counter
 from pathlib import Path
 
 from program_run import Gone, Run, Stuck
-from store_files import (SAVING_FILE, Damage, LearnerData, Progress, check_data_folder, check_data_kept,
+from store_files import (PASSING, Damage, LearnerData, Progress, check_data_folder, check_data_kept,
                          check_nothing_lost, check_progress, prepare_learner, read_courses)
 from visit_desktop import PATIENCE, Desktop
 
@@ -148,19 +149,24 @@ class KillTest:
         typing = subprocess.Popen(["xdotool", "key", "--delay", pause, *self.keys()], env=self.desktop.environment)
         try:
             if self.moment == "in a save":
-                self.kill_in_a_save(run, path.parent / SAVING_FILE)
+                self.kill_in_a_save(run, path.parent)
             self.watch(run, path)
         finally:
             typing.kill()
             typing.wait()
 
-    def kill_in_a_save(self, run: Run, saving: Path) -> None:
+    def kill_in_a_save(self, run: Run, folder: Path) -> None:
         """Kills as soon as one of the next saves has begun; looks without a pause, since a save is short."""
+
+        def saves(name: str) -> bool:
+            passing = PASSING.fullmatch(name)
+            return passing is not None and passing["process"] == str(run.process.pid)
+
         waiting = self.random.randint(1, 6)
         end = time.monotonic() + PATIENCE
         there = False
         while waiting > 0 and time.monotonic() < end:
-            was, there = there, saving.exists()
+            was, there = there, any(map(saves, os.listdir(folder)))
             waiting -= there and not was
         run.process.kill()
         if waiting > 0:

@@ -10,9 +10,10 @@ from pathlib import Path
 CODE_PAGE = "cp1252"
 USER_DATA = Path("Tallowmere Manager 1.0/UserData")
 USER_FILE = "User"
-# What a killed program may leave: its lock, and the file under which the folder's next save is written.
+# What a killed program may leave: its lock, and what was on its way beside what it was to become, a file or
+# a learner's folder.
 LOCK_FILE = ".lock"
-SAVING_FILE = ".saving"
+PASSING = re.compile(r"\.saving-[0-9a-f]{12}-(?P<process>\d+)-[0-9a-f]{8}")
 
 LINE_FIELDS = 10
 TEST_PATTERNS = [r"\d*", r"\d*", r"[01]*", r"(\d{4}-\d\d-\d\d)?"] + [
@@ -188,7 +189,7 @@ class LearnerData:
 
 
 def check_learner_file(data: LearnerData, courses: dict[str, Course], path: Path) -> None:
-    if path.name == SAVING_FILE:
+    if PASSING.fullmatch(path.name):
         data.left_over.append(path)
     elif path.name == USER_FILE:
         data.users[path] = path.read_bytes()
@@ -206,7 +207,11 @@ def check_data_folder(folder: Path, courses: dict[str, Course]) -> LearnerData:
         place = path.relative_to(folder)
         if path.is_dir() and (place in (USER_DATA.parent, USER_DATA) or place.parent == USER_DATA):
             continue
-        if place.parent.parent == USER_DATA and path.is_file():
+        if place.parent == USER_DATA.parent and PASSING.fullmatch(path.name):
+            data.left_over.append(path)
+        elif place.parent.parent == USER_DATA.parent and PASSING.fullmatch(path.parent.name):
+            continue  # whole or not, nobody lists it
+        elif place.parent.parent == USER_DATA and path.is_file():
             check_learner_file(data, courses, path)
         elif str(place) != LOCK_FILE:
             raise Damage(f"{path}: does not belong here")

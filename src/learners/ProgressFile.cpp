@@ -5,7 +5,7 @@
 #include "learners/ProgressRecords.h"
 #include "learners/UserStore.h"
 #include "platform/RunTimeError.h"
-#include "platform/files/FileBytes.h"
+#include "platform/files/PassingNames.h"
 #include "platform/files/Paths.h"
 #include "texts/Descriptions.h"
 
@@ -86,8 +86,8 @@ void AppendToProgressArrays(const ProgressRecords& records, QList<QStringList>& 
 }  // namespace
 
 QString ProgressPath(const QString& folderName, const QString& courseName) {
-  const auto isCalled = [&](QStringView name) { return name.compare(courseName, Qt::CaseInsensitive) == 0; };
-  if (isCalled(kUserFileName) || isCalled(QString(kSavingName))) {
+  const bool isUserFile = courseName.compare(kUserFileName, Qt::CaseInsensitive) == 0;
+  if (isUserFile || courseName.startsWith(kPassingBegin, Qt::CaseInsensitive)) {
     throw RunTimeError(Describe("name-unusable", courseName));
   }
   return LearnerFilePath(folderName, courseName);

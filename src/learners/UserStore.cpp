@@ -1,5 +1,7 @@
 #include "learners/UserStore.h"
 
+#include <errno.h>
+
 #include "frame/ProgramState.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
@@ -69,9 +71,35 @@ void CreateUser(const QString& firstName, const QString& lastName, const QString
   MakeFolder(gDriveRoot);  // a fresh installation has no data folder yet
   MakeFolder(gDriveRoot + kProductFolder);
   MakeFolder(UserDataPath());
-  MakeFolder(learner);
-  SaveFile(UserPath(folder), EncodeText(QuotedRecord({firstName, lastName, email})));
+  const QByteArray record = EncodeText(QuotedRecord({firstName, lastName, email}));
+  if (FolderExists(learner)) {
+    SaveFile(UserPath(folder), record);
+  } else {
+    MakeFolderWithFile(learner, kUserFileName, record, gDriveRoot + kProductFolder);
+  }
   SignIn(firstName, lastName, email);
+}
+
+QString DataFolderProblem() {
+  QString deepest, problem;
+  const auto fails = [&](const QString& folder, FolderUse use, const char* description) {
+    const int error = TryFolder(folder, use);
+    if (error != 0 && error != ENOENT) problem = Describe(description, RealPath(folder), SystemReason(error));
+    if (error == 0) deepest = folder;
+    return error != 0;
+  };
+  try {
+    MakeFolder(gDriveRoot);
+  } catch (const RunTimeError& error) {
+    return error.Description();
+  }
+  if (!LiesInData(UserDataPath())) return Describe("outside-data", RealPath(UserDataPath()));
+  if (!fails(gDriveRoot, FolderUse::Enter, "data-unreadable") &&
+      !fails(gDriveRoot + kProductFolder, FolderUse::Enter, "data-unreadable")) {
+    fails(UserDataPath(), FolderUse::List, "data-unreadable");
+  }
+  if (problem.isEmpty()) fails(deepest, FolderUse::Change, "data-unwritable");
+  return problem;
 }
 
 QStringList ListUsers() {

@@ -28,9 +28,12 @@ QString LearnerPath(const QString& folderName);
 QString LearnerFilePath(const QString& folderName, const QString& fileName);
 
 // Makes what is missing of the folders, writes the learner's record in place of an older one, and signs
-// the learner in. With neither name nothing is written and nobody is signed in. A failure is a RunTimeError,
-// nobody new signed in.
+// the learner in. A new learner's folder appears with the record in it, or not at all. With neither name
+// nothing is written and nobody is signed in. A failure is a RunTimeError, nobody new signed in.
 void CreateUser(const QString& firstName, const QString& lastName, const QString& email);
+// What keeps the folder of the learner data from being read or written to, as a description that names it;
+// empty when nothing does. Makes the root of the data where it is missing.
+QString DataFolderProblem();
 // The names of the learners' folders. Links that leave the data folder are none.
 QStringList ListUsers();
 // Gives the signed-in learner new names and a new address: the record first, then the folder, then the

@@ -5,6 +5,7 @@
 #include "content/REGISTRY.h"
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
+#include "learners/UserStore.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
@@ -29,6 +30,13 @@ bool LoadCatalogue(QStringList problems) {
   return false;
 }
 
+// What keeps learners from being known or recorded is told before anybody fills in a form for it. The courses
+// can be read all the same.
+void TellDataFolder() {
+  const QString problem = DataFolderProblem();
+  if (!problem.isEmpty()) MsgBox(problem);
+}
+
 // Warns when the display is not of the design's size; false when the learner would rather not go on.
 bool AcceptDisplay() {
   const auto width = std::lround(Screen::Width() / Screen::TwipsPerPixelX());
@@ -51,6 +59,7 @@ bool Start() {
     OneCopy::BringFirstForward();
     return false;
   }
+  TellDataFolder();
   if (!LoadCatalogue(problems) || !AcceptDisplay()) return false;
   Default<CourseSelection>();
   return !FormLife::Ended();

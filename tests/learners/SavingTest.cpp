@@ -17,6 +17,7 @@ TEST(Saving, AFailedSaveLeavesEveryFileOfALearnerWhole) {
     std::function<void()> Save;
   } writers[] = {
       {"registration", [] { CreateUser("Ann", "Lee", "new@a.b"); }},
+      {"a first registration", [] { CreateUser("Bo", "Ek", "new@a.b"); }},
       {"a profile edit",
        [] {
          if (!UpdateUser("Anna", "Lee", "new@a.b")) throw RunTimeError("refused");
@@ -44,6 +45,10 @@ TEST(Saving, AFailedSaveLeavesEveryFileOfALearnerWhole) {
       EXPECT_NE(ErrorOf(writer.Save), "") << writer.What;
       EXPECT_EQ(failing.Count(), 1) << writer.What;
       EXPECT_EQ(store.Names(), QStringList({"Selling", "User"})) << writer.What;
+      const QString product = "data/Tallowmere Manager 1.0";
+      EXPECT_EQ(store.Program.Names(product) + store.Program.Names(product + "/UserData"),
+                QStringList({"UserData", "Ann Lee"}))
+          << writer.What;
       EXPECT_EQ(store.Read("User"), user) << writer.What;
       EXPECT_EQ(store.Read("Selling"), progress) << writer.What;
       EXPECT_EQ(gUserFirstName + gUserEmail, "Annold@a.b") << writer.What;

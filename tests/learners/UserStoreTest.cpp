@@ -1,6 +1,9 @@
 #include "learners/UserStore.h"
 
+#include <errno.h>
+
 #include "LearnerStore.h"
+#include "platform/FailingCalls.h"
 
 TEST(UserStore, ListsFoldersOnly) {
   const LearnerStore store;
@@ -11,7 +14,7 @@ TEST(UserStore, ListsFoldersOnly) {
 }
 
 TEST(UserStore, NamesInAnyScriptComeBackWhole) {
-  for (const QString& name : {u"Zoë"_qs, u"Łukasz"_qs, u"田中"_qs, u"Ａnn"_qs, u"Ann ☕"_qs}) {
+  for (const QString& name : {u"Zoë"_qs, u"ZoÃ«"_qs, u"Łukasz"_qs, u"田中"_qs, u"Ａnn"_qs, u"Ann ☕"_qs}) {
     const LearnerStore store;
     CreateUser(name, u"Lee"_qs, name + "@a.b");
     const UserRecord user = ReadUserFile(name + " Lee");
@@ -41,5 +44,30 @@ TEST(UserStore, AProfileEditRewritesTheRecordAndMovesTheFolder) {
     EXPECT_EQ(gUserFirstName, c.First);
     EXPECT_EQ(gUserEmail, "new@a.b");
     EXPECT_EQ(ReadUserFile(c.Folder).Email, "new@a.b");
+  }
+}
+
+TEST(UserStore, WhatKeepsTheDataFromBeingReadOrWrittenIsNamed) {
+  const QString product = "data/Tallowmere Manager 1.0", data = product + "/UserData";
+  const struct {
+    QString File;  // stands in the place of a folder
+    SystemCall Call;
+    QString Problem, Folder;
+  } cases[] = {
+      {"", SystemCall::None, "", ""},
+      {data, SystemCall::None, "can't be read: Not a directory", data},
+      {product, SystemCall::None, "can't be read: Not a directory", product},
+      {"data", SystemCall::None, "could not be made: File exists", "data"},
+      {"", SystemCall::MayWrite, "can't be written to: Read-only file system", "data"},
+      {data + "/Ann Lee/User", SystemCall::MayWrite, "can't be written to: Read-only file system", data}};
+  for (const auto& c : cases) {
+    const LearnerStore store;
+    if (!c.File.isEmpty()) store.Program.Write(c.File, "x");
+    const FailingCall failing(c.Call, EROFS);
+    const QString problem = DataFolderProblem();
+    EXPECT_EQ(problem.isEmpty(), c.Problem.isEmpty());
+    EXPECT_TRUE(problem.contains(c.Problem)) << problem.toStdString();
+    EXPECT_TRUE(problem.contains('"' + store.Program.Path(c.Folder) + '"') || c.Folder.isEmpty())
+        << problem.toStdString();
   }
 }

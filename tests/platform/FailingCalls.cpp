@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <utility>
+
 // These stand before the C library's own: the program and the libraries it uses call them.
 
 namespace {
@@ -14,8 +16,14 @@ namespace {
 SystemCall g_failing = SystemCall::None;
 int g_error = 0;
 int g_count = 0;
+SystemCall g_watched = SystemCall::None;
+std::function<void()> g_meanwhile;
 
 bool Fails(SystemCall call) {
+  if (g_watched == call) {
+    g_watched = SystemCall::None;
+    std::exchange(g_meanwhile, {})();
+  }
   if (g_failing != call) return false;
   ++g_count;
   errno = g_error;
@@ -52,6 +60,11 @@ int fdatasync(int handle) {
   return Real<int(int)>("fdatasync")(handle);
 }
 
+int access(const char* path, int mode) noexcept {
+  if ((mode & W_OK) != 0 && Fails(SystemCall::MayWrite)) return -1;
+  return Real<int(const char*, int)>("access")(path, mode);
+}
+
 int rename(const char* from, const char* to) noexcept {
   if (Fails(SystemCall::Rename)) return -1;
   return Real<int(const char*, const char*)>("rename")(from, to);
@@ -82,4 +95,9 @@ FailingCall::~FailingCall() {
 
 int FailingCall::Count() const {
   return g_count;
+}
+
+void BeforeTheNext(SystemCall call, std::function<void()> meanwhile) {
+  g_meanwhile = std::move(meanwhile);
+  g_watched = call;
 }

@@ -1,9 +1,10 @@
-// Makes one call of the system fail, wherever in the program it is made. For tests of saves.
+// Makes one call of the system fail, or something else happen before it, wherever in the program it is made.
+// For tests of saves.
 #pragma once
 
-#include <string>
+#include <functional>
 
-enum class SystemCall { None, Write, FileSync, FolderSync, Rename };
+enum class SystemCall { None, Write, FileSync, FolderSync, Rename, MayWrite };
 
 // While it lives, calls of that kind fail with the error number (not those on the standard streams).
 class FailingCall {
@@ -16,3 +17,6 @@ class FailingCall {
   // How many calls have failed: a test asks, so that it cannot pass without having been tried.
   int Count() const;
 };
+
+// Does something just before the next call of that kind: what another program may do meanwhile.
+void BeforeTheNext(SystemCall call, std::function<void()> meanwhile);

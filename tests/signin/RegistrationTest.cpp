@@ -128,13 +128,17 @@ TEST_F(RegistrationTest, TheSignInButtonWaitsForBothNames) {
   PassSplash();
 }
 
-TEST_F(RegistrationTest, AFolderThatCannotBeMadeIsToldAndTheEntryStays) {
+TEST_F(RegistrationTest, AFolderThatCannotBeMadeIsToldAtTheStartAndAgainAndTheCourseStaysReadable) {
   store.Write("data/Tallowmere Manager 1.0", "a file in the folder's place");
   Register("Ann", "Lee", "a@b.c", [](Form& form) { Abort(form); });
   const QStringList said = messages.Take();
-  ASSERT_EQ(said.size(), 1);
-  EXPECT_TRUE(said.first().contains("Tallowmere Manager 1.0"));
+  ASSERT_EQ(said.size(), 2);
+  EXPECT_TRUE(said[0].contains("nobody can sign in")) << said[0].toStdString();
+  EXPECT_TRUE(said[1].contains("Tallowmere Manager 1.0"));
   EXPECT_TRUE(gUserFirstName.isEmpty());
+  Default<Form1>().NextPage();
+  EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  EXPECT_EQ(messages.Take(), QStringList());
 }
 
 }  // namespace

@@ -11,22 +11,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
-#include <QUuid>
+#include <QSet>
 #include <utility>
 
 #include "platform/RunTimeError.h"
+#include "platform/files/PassingNames.h"
 #include "platform/files/Paths.h"
 #include "texts/Descriptions.h"
 
 namespace {
 
-constexpr QLatin1StringView kPassingBegin(".copy-");  // of a copy that is being made; a UUID follows
-constexpr qint64 kPiece = 256 * 1024;                 // bytes of a file that are copied at a time
-
-QString Reason(int error) {
-  return QString::fromLocal8Bit(strerror(error));
-}
+constexpr qint64 kPiece = 256 * 1024;  // bytes of a file that are copied at a time
 
 [[noreturn]] void FailToRead(const QString& path, const QString& reason) {
   throw RunTimeError(Describe("file-unreadable", path, reason));
@@ -34,6 +29,10 @@ QString Reason(int error) {
 
 [[noreturn]] void FailToSave(const QString& path, const QString& reason) {
   throw RunTimeError(Describe("file-unsaved", path, reason));
+}
+
+[[noreturn]] void FailToMake(const QString& folder, int error) {
+  throw RunTimeError(Describe("folder-unmade", folder, SystemReason(error)));
 }
 
 QByteArray ReadRealFile(const QString& path, qint64 limit) {
@@ -102,10 +101,10 @@ class PendingFile {
   PendingFile& operator=(const PendingFile&) = delete;
 
   int Open() {
-    unlink(path_.constData());  // of a save that was cut short
+    unlink(path_.constData());  // of a save of ours that a failing disk did not even let be taken back
     handle_ = open(path_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (handle_ < 0) return errno;
-    flock(handle_, LOCK_EX | LOCK_NB);  // tells it from one that was left behind
+    flock(handle_, LOCK_EX | LOCK_NB);  // tells other machines that somebody is at it
     return 0;
   }
 
@@ -133,9 +132,12 @@ class PendingFile {
 
   int TakePlaceOf(const QByteArray& target) {
     if (rename(path_.constData(), target.constData()) != 0) return errno;
-    close(std::exchange(handle_, -1));
+    Stay();
     return 0;
   }
+
+  // It keeps the name that it has.
+  void Stay() { close(std::exchange(handle_, -1)); }
 
  private:
   void Drop() {
@@ -148,9 +150,21 @@ class PendingFile {
   int handle_ = -1;
 };
 
+QString PassingPathBeside(const QString& path) {
+  return FolderOf(path) + u'/' + PassingName();
+}
+
+// Once a folder and run: a save is no time to look through folders.
+void ClearLeftoversOnce(const QString& folder) {
+  static QSet<QString> cleared;
+  if (cleared.contains(folder)) return;
+  cleared.insert(folder);
+  ClearLeftovers(folder);
+}
+
 int Replace(const QString& path, const QByteArray& bytes) {
   const QByteArray target = QFile::encodeName(path);
-  PendingFile file(FolderOf(path) + u'/' + kSavingName);
+  PendingFile file(PassingPathBeside(path));
   int error = file.Open();
   if (error == 0) error = file.TakeRightsOf(target);
   if (error == 0) error = file.Append(bytes);
@@ -159,24 +173,16 @@ int Replace(const QString& path, const QByteArray& bytes) {
   return error;
 }
 
-// A name that nobody has given a file: the target's folder is not ours.
-QString PassingName(const QString& targetPath) {
-  return FolderOf(targetPath) + u'/' + kPassingBegin + QUuid::createUuid().toString(QUuid::Id128);
-}
-
-// Takes away what copies into the folder that were cut short have left there. One that is still being made
-// is locked and stays.
-void ClearLeftovers(const QString& folder) {
-  static const QRegularExpression kUuid(QStringLiteral("^[0-9a-f]{32}$"));
-  const QStringList names = QDir(folder).entryList({kPassingBegin + u'*'}, QDir::Files | QDir::Hidden);
-  for (const QString& name : names) {
-    if (!kUuid.match(name.mid(kPassingBegin.size())).hasMatch()) continue;
-    const QByteArray path = QFile::encodeName(folder + u'/' + name);
-    const int handle = open(path.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (handle < 0) continue;
-    if (flock(handle, LOCK_EX | LOCK_NB) == 0) unlink(path.constData());
-    close(handle);
-  }
+// A new folder with one file in it, both on the disk. 0 or the error; what is made stays.
+int FillFolder(const QString& folder, const QString& fileName, const QByteArray& bytes) {
+  if (mkdir(QFile::encodeName(folder).constData(), 0777) != 0) return errno;
+  PendingFile file(folder + u'/' + fileName);
+  int error = file.Open();
+  if (error == 0) error = file.Append(bytes);
+  if (error == 0) error = file.Flush();
+  if (error != 0) return error;
+  file.Stay();
+  return FlushFolder(folder);
 }
 
 int AppendAll(QFile& source, PendingFile& copy) {
@@ -206,9 +212,10 @@ QByteArray ReadDevice(QIODevice& device, qint64 limit, const QString& thing) {
 
 void SaveFile(const QString& programPath, const QByteArray& bytes) {
   const QString path = BehindLinks(RealPath(programPath));
+  ClearLeftoversOnce(FolderOf(path));
   int error = Replace(path, bytes);
   if (error == 0) error = FlushFolder(FolderOf(path));
-  if (error != 0) FailToSave(path, Reason(error));
+  if (error != 0) FailToSave(path, SystemReason(error));
 }
 
 void CopyFile(const QString& sourcePath, const QString& targetPath) {
@@ -218,23 +225,50 @@ void CopyFile(const QString& sourcePath, const QString& targetPath) {
     FailToRead(sourcePath, source.errorString());
   }
   ClearLeftovers(FolderOf(targetPath));
-  PendingFile copy(PassingName(targetPath));
+  PendingFile copy(PassingPathBeside(targetPath));
   int error = copy.Open();
   if (error == 0) error = AppendAll(source, copy);
   if (error == 0) error = copy.Flush();
   if (error == 0) error = copy.TakePlaceOf(QFile::encodeName(targetPath));
   if (error == 0) error = FlushFolder(FolderOf(targetPath));
-  if (error != 0) FailToSave(targetPath, Reason(error));
+  if (error != 0) FailToSave(targetPath, SystemReason(error));
 }
 
 void MakeFolder(const QString& programPath) {
   if (FolderExists(programPath)) return;
   const QString path = RealPath(programPath);
   if (mkdir(QFile::encodeName(path).constData(), 0777) != 0) {
-    throw RunTimeError(Describe("folder-unmade", path, Reason(errno)));
+    FailToMake(path, errno);
   }
   const int error = FlushFolder(FolderOf(path));
-  if (error != 0) throw RunTimeError(Describe("folder-unmade", path, Reason(error)));
+  if (error != 0) FailToMake(path, error);
+}
+
+void MakeFolderWithFile(const QString& programPath, const QString& fileName, const QByteArray& bytes,
+                        const QString& passingFolder) {
+  const QString path = RealPathAsSpelled(programPath);
+  const QString place = RealPath(passingFolder);
+  ClearLeftovers(place);
+  const QString passing = place + u'/' + PassingName();
+  QDir(passing).removeRecursively();  // as with a file
+  int error = FillFolder(passing, fileName, bytes);
+  const auto nameOf = [](const QString& folder) { return QFile::encodeName(folder); };
+  if (error == 0 && rename(nameOf(passing).constData(), nameOf(path).constData()) != 0) error = errno;
+  if (error != 0) QDir(passing).removeRecursively();
+  if (error == 0) error = FlushFolder(FolderOf(path));
+  if (error != 0) FailToMake(path, error);
+}
+
+int TryFolder(const QString& programPath, FolderUse use) {
+  int mode = X_OK;
+  if (use == FolderUse::List) mode |= R_OK;
+  if (use == FolderUse::Change) mode |= W_OK;
+  const QString path = RealPath(programPath) + QStringLiteral("/.");  // a file is refused by it
+  return access(QFile::encodeName(path).constData(), mode) == 0 ? 0 : errno;
+}
+
+QString SystemReason(int error) {
+  return QString::fromLocal8Bit(strerror(error));
 }
 
 void RenameFolder(const QString& oldPath, const QString& newPath) {
@@ -250,7 +284,7 @@ void RenameFolder(const QString& oldPath, const QString& newPath) {
     fail(Describe("folder-exists"));
   }
   if (rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
-    fail(Reason(errno));
+    fail(SystemReason(errno));
   // The folder has its new name: a failed flush must not make the caller believe in the old one.
   for (const QString& folder : {FolderOf(from), FolderOf(to)})
     FlushFolder(folder);

@@ -4,12 +4,15 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <QBuffer>
 
 #include "platform/FailingCalls.h"
 #include "platform/TestProgram.h"
+#include "platform/files/PassingNames.h"
 
 TEST(ReadFile, SaysWhichFileAndWhy) {
   const TestProgram program;
@@ -49,7 +52,6 @@ TEST(ReadFile, ADeviceHasTheSameLimit) {
 
 TEST(SaveFile, MakesAndReplacesUnderTheNameThatIsThere) {
   const TestProgram program;
-  program.Write(".saving", "half of a file that was longer");  // left by a save that was cut short
   SaveFile("New", "one");
   SaveFile("NEW", "two");
   EXPECT_EQ(program.Names("."), QStringList("New"));
@@ -154,16 +156,58 @@ TEST(CopyFile, AFailedCopyLeavesNothingHalfDone) {
   }
 }
 
-TEST(CopyFile, ClearsWhatACutShortCopyHasLeft) {
+TEST(SaveFile, AnotherProcessThatSavesMeanwhileTakesNothingAway) {
   const TestProgram program;
-  const QString left = ".copy-" + QString(32, '0'), made = ".copy-" + QString(32, '1');
-  for (const QString& name : {QString("source"), left, made, QString(".copy-of mine")})
-    program.Write(name, "x");
-  const int handle = open(qPrintable(program.Path(made)), O_WRONLY);
-  ASSERT_EQ(flock(handle, LOCK_EX), 0);  // another program is at it
-  CopyFile(program.Path("source"), program.Path("new"));
-  EXPECT_EQ(program.Names("."), QStringList({made, ".copy-of mine", "new", "source"}));
-  close(handle);
+  BeforeTheNext(SystemCall::FileSync, [] {
+    const pid_t other = fork();
+    if (other == 0) _exit(IgnoreErrors([] { SaveFile("file", "other"); }) ? 0 : 1);
+    int status = -1;
+    waitpid(other, &status, 0);
+    EXPECT_EQ(status, 0);
+  });
+  EXPECT_EQ(ErrorOf([] { SaveFile("file", "ours"); }), "");
+  EXPECT_EQ(program.Read("file"), "ours");
+  EXPECT_EQ(program.Names("."), QStringList("file"));
+}
+
+TEST(PassingNames, WhatWasCutShortIsClearedAndWhatIsOnItsWayStays) {
+  const QString own = PassingName(), machine = own.section('-', 0, 1),
+                elsewhere = ".saving-" + QString(12, '0');
+  const pid_t process = fork();
+  if (process == 0) _exit(0);
+  waitpid(process, nullptr, 0);
+  const QString gone = QString("-%1-01234567").arg(process), living = QString("-%1-01234567").arg(getppid());
+  const struct {
+    QString Name;
+    bool Old, Locked, Stays;
+  } rows[] = {{machine + gone, false, false, false},
+              {machine + gone, false, true, true},
+              {machine + living, false, false, true},
+              {machine + living, true, false, false},
+              {elsewhere + living, false, false, true},
+              {elsewhere + gone, true, false, false},
+              {own, true, false, true},
+              {".saving-of mine", true, false, true}};
+  for (const bool folder : {false, true}) {
+    for (const auto& row : rows) {
+      const TestProgram program;
+      program.Write("source", "x");
+      program.Write(folder ? row.Name + "/User" : row.Name, "x");
+      const std::string path = program.Path(row.Name).toStdString();
+      const timespec times[2] = {{row.Old ? 1 : time(nullptr), 0}, {row.Old ? 1 : time(nullptr), 0}};
+      utimensat(AT_FDCWD, path.c_str(), times, 0);
+      const int handle = open(path.c_str(), O_RDONLY);
+      ASSERT_EQ(row.Locked ? flock(handle, LOCK_EX) : 0, 0);
+      if (folder || row.Name == own) {
+        ClearLeftovers(program.Folder());
+      } else {
+        SaveFile("new", "x");
+        CopyFile(program.Path("source"), program.Path("copy"));
+      }
+      EXPECT_EQ(program.Names(".").contains(row.Name), row.Stays) << path;
+      close(handle);
+    }
+  }
 }
 
 TEST(Folders, AreMadeOnce) {
