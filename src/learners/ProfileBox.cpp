@@ -1,9 +1,12 @@
 #include "learners/ProfileBox.h"
 
 #include "frame/FormFitting.h"
+#include "frame/ProgramState.h"
 #include "learners/NameRules.h"
 #include "learners/UserStore.h"
+#include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
+#include "texts/Descriptions.h"
 #include "texts/ResConstants.h"
 #include "texts/TextTable.h"
 
@@ -43,6 +46,7 @@ void ProfileBox::Fill(const QString& firstName, const QString& lastName, const Q
   FirstNameBox()->SetText(firstName);
   LastNameBox()->SetText(lastName);
   EmailBox()->SetText(email);
+  FirstNameBox()->SetFocus();  // hidden, the form keeps none
 }
 
 bool ProfileBox::AcceptName(TextBox* box) {
@@ -55,6 +59,10 @@ bool ProfileBox::AcceptName(TextBox* box) {
 }
 
 void ProfileBox::OkayBut_Click() {
+  if (LearnerFolder(gUserFirstName, gUserLastName).isEmpty()) {
+    MsgBox(Describe("nobody-signed-in"));
+    return;
+  }
   if (!AcceptName(FirstNameBox()) || !AcceptName(LastNameBox())) return;
   if (EmailBox()->Text().isEmpty()) {
     Refuse(kResError, kResRunTitle);

@@ -7,7 +7,7 @@ class ProfileBox final : public PersonForm {
  public:
   ProfileBox();
 
-  // Puts values into the three boxes, as the caller does before each opening.
+  // Puts values into the three boxes, as the caller does before each opening, and the focus into the first.
   void Fill(const QString& firstName, const QString& lastName, const QString& email);
 
  protected:

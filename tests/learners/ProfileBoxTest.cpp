@@ -1,4 +1,7 @@
 // The profile screen, and the rules on names and addresses.
+#include <QClipboard>
+#include <QGuiApplication>
+
 #include "frame/ProgramState.h"
 #include "learners/NameRules.h"
 #include "learners/ProfileBox.h"
@@ -53,6 +56,19 @@ TEST_F(ProfileTest, ANewNameMovesTheFolderAndTheRecordGoesOn) {
   Default<Form1>().NextPage();
   EXPECT_TRUE(Progress("Anna Lee", "Cash desk").startsWith("\"rt0101\",\"0002.txm\""));
   EXPECT_FALSE(QFile::exists(store.DataPath("Ann Lee")));
+  box.Fill(gUserFirstName, gUserLastName, gUserEmail);
+  Gui::Show<ProfileBox>();
+  EXPECT_EQ(Gui::TabWalk(box, 1), QStringList("FirstNameField"));
+}
+
+TEST_F(ProfileTest, WhatNoLineOfTextShowsIsDropped) {
+  ProfileBox& box = Open();
+  Enter(box, "FirstNameField", u"\u202EA\u200Enn\u2069"_qs);
+  QGuiApplication::clipboard()->setText(u"\u202ELe\u0007e\n\u061C"_qs);
+  Enter(box, "LastNameField", {});
+  Gui::Key(box, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Gui::Find<TextBox>(box, "FirstNameField")->Text(), "Ann");
+  EXPECT_EQ(Gui::Find<TextBox>(box, "LastNameField")->Text(), "Lee");
 }
 
 TEST_F(ProfileTest, ANameThatIsTakenChangesNothingButTheRecord) {
@@ -61,11 +77,14 @@ TEST_F(ProfileTest, ANameThatIsTakenChangesNothingButTheRecord) {
   script.When("UserLogin", [this](Form& form) { form.close(); });
   ASSERT_TRUE(Start());
   PassSplash();
-  gUserFirstName = "Bo";
-  gUserLastName = "Lee";
   auto& box = Default<ProfileBox>();
   box.Fill("Ann", "Lee", "b@c.d");
   box.Show();
+  Gui::Click(box, "OkayBut");
+  EXPECT_EQ(messages.Take(), QStringList("Nobody is signed in, so there is no profile to edit."));
+  EXPECT_TRUE(box.Shown());
+  gUserFirstName = "Bo";
+  gUserLastName = "Lee";
   Gui::Click(box, "OkayBut");
   EXPECT_FALSE(box.Shown());
   EXPECT_EQ(gUserFirstName, "Bo");  // goes on under the old folder

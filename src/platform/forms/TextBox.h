@@ -7,7 +7,8 @@
 
 class TextBox : public QLineEdit, public Control {
  public:
-  // At most `maxLength` characters can be typed.
+  // At most `maxLength` characters can be typed. What no line of text holds or shows is dropped, typed,
+  // pasted or set: control characters, line and paragraph ends, marks that turn the direction of writing.
   TextBox(QWidget* container, const QString& name, int maxLength);
 
   QString Text() const { return text(); }
