@@ -60,5 +60,5 @@ void RecordTestResult(int score, const QString& answerPattern) {
   for (int line = 0; line < gProgModuleId.size(); ++line) {
     if (gProgModuleId.at(line) == moduleId) fields = WithEarlierRuns(run, line);
   }
-  RecordModuleProgress(moduleId, gPageList.GetCurrentPageTopName(), gUserFirstName, gUserLastName, fields);
+  RecordModuleProgress(moduleId, TopicOfPage(), gUserFirstName, gUserLastName, fields);
 }

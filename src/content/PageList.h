@@ -4,3 +4,6 @@
 #include "content/LinkedList.h"
 
 inline LinkedList gPageList;
+
+// The topic that the current page is recorded under: empty where its map names none at or before it.
+QString TopicOfPage();

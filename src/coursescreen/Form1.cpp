@@ -184,6 +184,8 @@ void Form1::Form_Unload() {
   auto* trademark = LoadedForm<Trademark>();
   if (trademark != nullptr && !trademark->Running()) trademark->Unload();
   gScreens.UnloadTest();
+  // Alone it would keep the program, and with it the learner, for whoever comes next.
+  if (gExitingCourse) gScreens.CloseCourseChoice();
 }
 
 void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {

@@ -54,6 +54,7 @@ void PageTurning::InitCourseDisplay() {
   gCurrentModule = 0;
   gExitingCourse = false;
   hasPage_ = false;
+  modulesWithoutTopic_.clear();
   ClearReturnStack();
   controls_.Return_Btn->SetEnabled(false);
   IgnoreErrors([this] { controls_.Return_Btn->Show(Look::Disabled); });  // no picture is worth a course
@@ -125,7 +126,7 @@ QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
 
 void PageTurning::RecordCurrentPage() {
   if (gPageList.GetCurrentPageName().isEmpty()) return;  // no map: there is nothing to record
-  const QString topic = gPageList.GetCurrentPageTopName();
+  const QString topic = TopicOfPage();
   const ModuleRecord& module = ModuleAt(gCurrentModule);
   if (!topic.isEmpty()) controls_.Header->SetCaption(module.ModuleName + QStringLiteral(" : ") + topic);
   RecordModuleProgress(module.ModuleId, topic, gUserFirstName, gUserLastName);
@@ -133,6 +134,12 @@ void PageTurning::RecordCurrentPage() {
 
 void PageTurning::RecordOrTell() {
   TellErrors([this] { RecordCurrentPage(); });
+  TellMissingTopic();
+}
+
+void PageTurning::TellMissingTopic() {
+  if (gPageList.GetCurrentPageName().isEmpty() || modulesWithoutTopic_.contains(gCurrentModule)) return;
+  if (!TellErrors([] { gPageList.GetCurrentPageTopName(); })) modulesWithoutTopic_.insert(gCurrentModule);
 }
 
 void PageTurning::LeaveReturnPoint() {

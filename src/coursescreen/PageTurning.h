@@ -2,6 +2,7 @@
 // the page buttons in step.
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <functional>
 
@@ -43,10 +44,13 @@ class PageTurning {
   void OpenModuleAtPage(int module, const QString& pageName);
 
   // Puts module and topic into the header and writes the learner's progress. On a page without a topic
-  // the header stays.
+  // the header stays, and the page is recorded with an empty one.
   void RecordCurrentPage();
-  // The same where the learner goes on in any case: an error is told in a message box.
+  // The same where the learner goes on in any case: an error is told in a message box, and so is a missing
+  // topic.
   void RecordOrTell();
+  // Tells that the current page has no topic, once a module.
+  void TellMissingTopic();
 
   void NextPage();
   void PrevPage();
@@ -89,4 +93,5 @@ class PageTurning {
 
   PageControls controls_;
   bool hasPage_ = false;
+  QSet<int> modulesWithoutTopic_;  // those of the course whose learner has been told
 };

@@ -17,8 +17,7 @@ void PushReturnPoint() {
   gReturnPoint.Course = gCurrentCourse;
   gReturnPoint.Module = gCurrentModule;
   gReturnPoint.PageName = gPageList.GetCurrentPageName();
-  gReturnPoint.TopicName.clear();
-  IgnoreErrors([] { gReturnPoint.TopicName = gPageList.GetCurrentPageTopName(); });
+  gReturnPoint.TopicName = TopicOfPage();
   gReturnPoint.ModuleName.clear();
   IgnoreErrors([] { gReturnPoint.ModuleName = ModuleAt(gCurrentModule).ModuleName; });
   if (gReturnStack.size() <= kHighestIndex) gReturnStack.append(gReturnPoint);

@@ -9,6 +9,8 @@ class Form;
 struct Switchboard {
   // The course choice takes the place of the course screen's course once a course is chosen in it.
   std::function<void()> OpenCourseChoice = [] {};
+  // Takes it down where it is open: the learner leaves.
+  std::function<void()> CloseCourseChoice = [] {};
   // The check-progress screen, modal.
   std::function<void()> ShowProgress = [] {};
 

@@ -5,6 +5,7 @@
 #include "frame/ProgramState.h"
 #include "learners/NameRules.h"
 #include "learners/UserStore.h"
+#include "platform/RunTimeError.h"
 #include "platform/forms/Screen.h"
 #include "signin/Resume.h"
 #include "signin/UserLogin.h"
@@ -94,10 +95,17 @@ void NewUserLogin::SignIn_Btn_Click() {
 }
 
 void NewUserLogin::Register() {
-  CreateUser(FirstNameBox()->Text(), LastNameBox()->Text(), EmailBox()->Text());
-  // A second registration under a known name starts the record of this course anew.
-  StartCourseRecord();
-  Default<Form1>().Pages().DisablePrev();
+  PageTurning& pages = Default<Form1>().Pages();
+  try {
+    CreateUser(FirstNameBox()->Text(), LastNameBox()->Text(), EmailBox()->Text());
+    // A second registration under a known name starts the record of this course anew.
+    StartCourseRecord();
+  } catch (const RunTimeError&) {
+    SignOut();
+    throw;
+  }
+  pages.DisablePrev();
+  pages.TellMissingTopic();
   Unload();
   if (auto* login = LoadedForm<UserLogin>()) login->Unload();
 }

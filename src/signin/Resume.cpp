@@ -45,6 +45,17 @@ void OpenPage(PageTurning& pages, const QString& page, MissingModule missing) {
   pages.LoadModuleFirstPage(0);
 }
 
+// Whoever is signed in by a step that fails would be recorded in the next course.
+template <typename Step>
+void OrSignOut(Step&& step) {
+  try {
+    step();
+  } catch (const RunTimeError&) {
+    SignOut();
+    throw;
+  }
+}
+
 // Runs the steps of opening one by one. Starting over, a step that fails is skipped; else it ends the
 // opening, and the first page of the course comes back, where whoever signs in next begins.
 class OpeningSteps {
@@ -73,11 +84,20 @@ class OpeningSteps {
 }  // namespace
 
 void SignInFromFolder(const QString& folder) {
-  UserRecord user = ReadUserFile(folder);
-  TakeNamesFromFolder(user, folder);
-  gUserFirstName = user.FirstName;
-  gUserLastName = user.LastName;
-  gUserEmail = user.Email;
+  OrSignOut([&folder] {
+    UserRecord user = ReadUserFile(folder);
+    TakeNamesFromFolder(user, folder);
+    gUserFirstName = user.FirstName;
+    gUserLastName = user.LastName;
+    gUserEmail = user.Email;
+    if (!HasCourseRecord()) StartCourseRecord();
+  });
+}
+
+void SignInAndResume(const QString& folder) {
+  SignInFromFolder(folder);
+  OrSignOut([] { OpenAtResumePage(MissingModule::Keep); });
+  Default<Form1>().Pages().TellMissingTopic();
 }
 
 void SignOut() {

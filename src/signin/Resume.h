@@ -4,9 +4,12 @@
 
 #include <QString>
 
-// Signs in the learner whose folder has that name. RunTimeError that names the learner's record when it
-// can't be read; nobody is signed in then.
+// Signs in the learner whose folder has that name, and begins the record of the current course where there
+// is none. RunTimeError that names the file when one can't be read or written; nobody is signed in then.
 void SignInFromFolder(const QString& folder);
+
+// The same, and the course opens at the resume page. A page that has no topic is told.
+void SignInAndResume(const QString& folder);
 
 // Nobody is signed in any more.
 void SignOut();

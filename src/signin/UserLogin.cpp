@@ -89,9 +89,7 @@ void UserLogin::Timer1_Timer() {
 
 void UserLogin::SignIN_Btn_5_Click() {
   signIN_Btn_5_->Show(SkinButton::Look::Off);
-  SignInFromFolder(userName_Cmb_3_->List(userName_Cmb_3_->ListIndex()));
-  if (!HasCourseRecord()) StartCourseRecord();
-  OpenAtResumePage(MissingModule::Keep);
+  SignInAndResume(userName_Cmb_3_->List(userName_Cmb_3_->ListIndex()));
   Unload();
   gScreens.ShowProgress();
 }

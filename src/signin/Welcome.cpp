@@ -65,10 +65,10 @@ void Welcome::SetWelcomeCaptions() {
 void Welcome::InitWelcomeForm(const QString& UserFolder, QString& FirstName, QString& LastName,
                               QString& Email) {
   SignInFromFolder(UserFolder);
+  folder_ = UserFolder;
   FirstName = gUserFirstName;
   LastName = gUserLastName;
   Email = gUserEmail;
-  if (!HasCourseRecord()) StartCourseRecord();
   SetWelcomeCaptions();
   const QString name = FirstName + QLatin1Char(' ') + LastName;
   welcome_lbl_1_->SetCaption(name);
@@ -79,7 +79,7 @@ void Welcome::SignIn_Btn_2_Click() {
   {
     const Hourglass hourglass;
     signIn_Btn_2_->Show(SkinButton::Look::Off);
-    OpenAtResumePage(MissingModule::Keep);
+    SignInAndResume(folder_);  // anew: a first try that failed has signed out
   }
   Unload();
   gScreens.ShowProgress();
@@ -94,11 +94,15 @@ void Welcome::New_Btn_3_Click() {
 void Welcome::Exit_btn_Click() {
   exit_btn_->Show(SkinButton::Look::Off);
   if (!ConfirmLeaving()) return;
+  SignOut();
   Unload();
   gExitingCourse = true;
 }
 
 bool Welcome::Form_QueryUnload(UnloadMode mode) {
-  // Closing the window asks like the exit button, but leaves the course open behind it.
-  return mode != UnloadMode::ControlBox || ConfirmLeaving();
+  if (mode != UnloadMode::ControlBox) return true;
+  // Closing the window asks like the exit button, but leaves the course open behind it, for nobody.
+  if (!ConfirmLeaving()) return false;
+  SignOut();
+  return true;
 }

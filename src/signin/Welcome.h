@@ -23,6 +23,7 @@ class Welcome final : public DialogForm {
   void New_Btn_3_Click();
   void Exit_btn_Click();
 
+  QString folder_;  // of the learner who is greeted
   Captions captions_;
   Label* welcome_lbl_1_;
   Label* new_lbl_3_;

@@ -26,7 +26,6 @@ bool GreetTheOnlyLearner(const QString& folder) {
     Default<Welcome>().InitWelcomeForm(folder, firstName, lastName, email);
     return true;
   } catch (const RunTimeError& error) {
-    SignOut();
     MsgBox(error.Description());
     if (auto* welcome = LoadedForm<Welcome>()) welcome->Unload();
     return false;
@@ -104,6 +103,7 @@ void SplashScreen::GoOnSignedIn() {
 }
 
 void SplashScreen::AskWhoItIs(const QStringList& userNames) {
+  SignOut();  // who has a last name alone is asked, too
   if (userNames.size() == 1 && GreetTheOnlyLearner(userNames.first())) {
     Default<Welcome>().Show(FormMode::Modal);
   } else {

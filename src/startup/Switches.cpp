@@ -14,6 +14,9 @@ void ConnectScreens() {
       Default<CourseSelection>();
     }
   };
+  gScreens.CloseCourseChoice = [] {
+    if (auto* open = LoadedForm<CourseSelection>()) open->Unload();
+  };
   gScreens.PrepareTest = [] { return Default<QuestionForm>().InitTest(); };
   gScreens.ShowTest = [] { Default<QuestionForm>().Show(FormMode::Modal, LoadedForm<Form1>()); };
   gScreens.UnloadTest = [] { UnloadTest(); };

@@ -106,6 +106,7 @@ TEST_F(SignInTest, ADamagedRecordIsNamedAndNothingOfItChanges) {
       clock.Advance(100);
       Gui::Click(form, "SignIN_Btn_5");
       EXPECT_TRUE(form.Shown());  // the learner can choose again
+      EXPECT_EQ(gUserFirstName, "");
       form.close();
     });
     PassSplash();
@@ -143,6 +144,31 @@ TEST_F(SignInTest, AfterAFailedSignInTheNextLearnerBeginsAtTheFirstPage) {
   EXPECT_TRUE(Progress("Bo Ek", "Cash desk").startsWith("\"rt0101\",\"0001.txm\""));
 }
 
+TEST_F(SignInTest, AGreetedLearnerWhoseRecordCantBeReadIsSignedOutAndCanTryAgain) {
+  store.AddLearner("Ann", "Lee", "Cash desk", "\"rt0101\"\r\n");
+  ASSERT_TRUE(Start());
+  script.When("Welcome", [this](Form& form) {
+    Gui::Click(form, "SignIn_Btn_2");
+    EXPECT_EQ(messages.Take().size(), 1);
+    EXPECT_EQ(gUserFirstName, "");
+    store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying);
+    Gui::Click(form, "SignIn_Btn_2");
+  });
+  PassSplash();
+  EXPECT_EQ(gUserFirstName, "Ann");
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+}
+
+TEST_F(SignInTest, AMapWithoutATopicIsToldOnceAndKeepsNobodyOut) {
+  store.AddModule("rt0101", "Customers", {"0001.txm*topic*Greeting", "0002.txm*Page*", "0003.txm*Page*"});
+  Form1& screen = ReadAs("Ann", "Lee");
+  screen.NextPage();
+  screen.NextPage();
+  EXPECT_EQ(messages.Take().filter("has no topic").size(), 1);
+  EXPECT_EQ(Progress("Ann Lee", "Cash desk"),
+            ResumeBytes("rt0101", "0003.txm") + ModuleBytes("rt0101", "__"));
+}
+
 TEST_F(SignInTest, AnUnreadableOnlyLearnerIsToldAndTheListComes) {
   store.AddLearner("Ann", "Lee");
   QFile::remove(store.DataPath("Ann Lee/User"));
@@ -168,6 +194,9 @@ TEST_F(SignInTest, LeavingTheGreetingAsksAndOnlyItsExitButtonLeavesTheCourse) {
     PassSplash();
     EXPECT_EQ(messages.Take(), QStringList(2, "Are you sure you want to exit this course?"));
     EXPECT_EQ(gExitingCourse, byButton);
+    EXPECT_EQ(gUserFirstName, "");
+    Default<Form1>().NextPage();
+    EXPECT_TRUE(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0001.txm\""));
     clock.Advance(300);  // the course screen closes itself
     EXPECT_EQ(quits, byButton ? 1 : 0);
     OneCopyAgain();

@@ -1,5 +1,6 @@
 // The start of the program: catalogue, display, course choice, splash.
 #include "frame/ProgramState.h"
+#include "frame/Screens.h"
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
@@ -114,6 +115,16 @@ TEST_F(StartTest, EscapeAndTheButtonsLeaveAndTheProgramEnds) {
     EXPECT_EQ(FormLife::Loaded().isEmpty(), row.Ends);
     OneCopyAgain();
   }
+}
+
+TEST_F(StartTest, LeavingTakesAnOpenCourseChoiceAlongAndTheProgramEnds) {
+  AddTwoCourses();
+  Form1& screen = ReadAs("Ann", "Lee", 0);
+  gScreens.OpenCourseChoice();
+  ASSERT_TRUE(Choice().Shown());
+  messages.Answer({MsgAnswer::Yes});
+  Gui::Click(screen, "Exit_Pic");
+  EXPECT_EQ(quits, 1);
 }
 
 TEST_F(StartTest, ASingleCourseGoesStraightToTheSplash) {
