@@ -15,7 +15,7 @@ void ReadAll(const RegistryKey& key) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Registry registry;
-  registry.LoadText(BytesOf(data, size), QStringLiteral("input"));
+  registry.LoadText(BytesOf(data, size));
   ReadAll(*registry.OpenKey({}));
   return 0;
 }

@@ -4,8 +4,10 @@
 #include "frame/ProgramState.h"
 #include "frame/Rounding.h"
 #include "learners/ProgressFile.h"
+#include "learners/UserStore.h"
 #include "platform/Clock.h"
 #include "platform/RunTimeError.h"
+#include "platform/files/Paths.h"
 #include "texts/Descriptions.h"
 
 namespace {
@@ -14,8 +16,10 @@ namespace {
 int NumberOf(const QString& text) {
   bool isNumber = false;
   const int number = text.toShort(&isNumber);
-  if (!isNumber) throw RunTimeError(Describe("progress-number", CurrentModule().ModuleId, text));
-  return number;
+  if (isNumber) return number;
+  const ModuleRecord& module = CurrentModule();
+  const QString file = ProgressPath(LearnerFolder(gUserFirstName, gUserLastName), module.CourseName);
+  throw RunTimeError(Describe("progress-number", RealPath(file), module.ModuleId, text));
 }
 
 // What the module's line holds, `line` being its index in the arrays, after a run that gave `run` as its

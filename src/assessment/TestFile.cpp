@@ -42,11 +42,14 @@ QString ReadText(QuotedFieldReader& reader) {
   return reader.ReadField().replace(kQuoteStandIn, u'"');
 }
 
-QuestionRecord ReadQuestion(QuotedFieldReader& reader) {
+QuestionRecord ReadQuestion(QuotedFieldReader& reader, const QString& thing) {
   QuestionRecord question;
   question.QuestionText = ReadText(reader);
   const QString answerTexts = ReadText(reader);
   const QString answerFlags = reader.ReadField();
+  if (answerTexts.count(kAnswerMark) >= kMostAnswers) {
+    throw RunTimeError(Describe("test-answers", NamedPath(thing), QString::number(kMostAnswers)));
+  }
   question.Explanation = ReadText(reader);
   question.ReviewLabel = ReadText(reader);
   question.ReviewLink = ReadText(reader);
@@ -59,9 +62,9 @@ TestContent ReadTest(QuotedFieldReader& reader, const QString& thing) {
   test.Type = reader.ReadField();
   while (!reader.AtEnd()) {
     if (test.Questions.size() >= kMostQuestions) {
-      throw RunTimeError(Describe("test-too-long", thing, QString::number(kMostQuestions)));
+      throw RunTimeError(Describe("test-too-long", NamedPath(thing), QString::number(kMostQuestions)));
     }
-    test.Questions.append(ReadQuestion(reader));
+    test.Questions.append(ReadQuestion(reader, thing));
   }
   if (test.Questions.isEmpty()) test.Questions.append(QuestionRecord{});
   return test;
@@ -113,9 +116,6 @@ void ParseAnswers(const QString& answerTexts, const QString& answerFlags, QList<
   MarkedTexts texts(answerTexts);
   MarkedTexts flags(answerFlags);
   while (!texts.AtEnd()) {
-    if (answers.size() >= kMostAnswers) {
-      throw RunTimeError(Describe("test-answers", QString::number(kMostAnswers)));
-    }
     answers.append(AnswerRecord{texts.Next(), flags.Next()});
     if (IsCorrect(answers.constLast())) ++correctCount;
   }

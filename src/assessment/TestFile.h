@@ -53,13 +53,12 @@ struct TestContent {
   QList<QuestionRecord> Questions;  // a file with the type alone has one question, without any text
 };
 
-// Reads a whole test; `thing` names it in errors, which are those of LoadTestFile.
+// Reads a whole test; `thing` is the program path that errors name; they are those of LoadTestFile.
 TestContent ReadTest(const QByteArray& bytes, const QString& thing);
 TestContent ReadTest(QIODevice& device, const QString& thing);
 
 // Splits the answers and their flags at ">>" into `answers`, in place of what they held, and adds the
 // correct ones to `correctCount`. There are as many answers as texts: flags that are missing are empty,
-// more flags than that are ignored, and no text at all makes no answer. More than kMostAnswers are a
-// RunTimeError.
+// more flags than that are ignored, and no text at all makes no answer.
 void ParseAnswers(const QString& answerTexts, const QString& answerFlags, QList<AnswerRecord>& answers,
                   int& correctCount);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "assessment/Scoring.h"
+#include "platform/files/Paths.h"
 #include "texts/Descriptions.h"
 
 bool TestRun::Start(const QString& pageName) {
@@ -20,7 +21,7 @@ bool TestRun::Start(const QString& pageName) {
 }
 
 RunTimeError TestRun::NoAnswers(int question) const {
-  return RunTimeError(Describe("test-no-answers", testPath_, QString::number(question + 1)));
+  return RunTimeError(Describe("test-no-answers", NamedPath(testPath_), QString::number(question + 1)));
 }
 
 const QuestionRecord& TestRun::Question() const {

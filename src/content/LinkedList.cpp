@@ -2,6 +2,7 @@
 
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
 #include "platform/files/TextStream.h"
 #include "texts/Descriptions.h"
 
@@ -22,7 +23,7 @@ struct PageLine {
 // A line that is not empty, taken apart.
 PageLine ParsePageLine(const QString& line, const QString& mapName) {
   const qsizetype first = line.indexOf(kSeparator);
-  if (first < 0) throw RunTimeError(Describe("map-line", mapName, line));
+  if (first < 0) throw RunTimeError(Describe("map-line", NamedPath(mapName), line));
   const QString rest = line.mid(first + 1);
   const qsizetype second = rest.indexOf(kSeparator);
   const QString type = second < 0 ? rest : rest.left(second);
@@ -159,7 +160,7 @@ QString LinkedList::GetCurrentPageTopName() const {
   for (const Node* node = currentNode_[kMain]; node != nullptr; node = node->Prev) {
     if (!node->TopName.isEmpty()) return node->TopName;
   }
-  throw RunTimeError(Describe("map-no-topic", mapName_, GetCurrentPageName()));
+  throw RunTimeError(Describe("map-no-topic", NamedPath(mapName_), GetCurrentPageName()));
 }
 
 // The head is found only where it is a page, in a list that was never initialised.

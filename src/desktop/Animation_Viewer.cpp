@@ -44,7 +44,7 @@ Animation_Viewer::~Animation_Viewer() = default;
 void Animation_Viewer::LoadAnimatedGif(const QString& file, const QString& title, const QString& label) {
   SetCaption(title);
   label1_->SetCaption(label);
-  if (!ProgramFileExists(file)) throw RunTimeError(Describe("file-missing", file));
+  if (!ProgramFileExists(file)) throw RunTimeError(Describe("file-missing", NamedPath(file)));
   LogErrors([&] { Play(file); });  // without a player the picture stands still
 }
 

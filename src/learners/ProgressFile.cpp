@@ -103,7 +103,7 @@ ResumeLine ReadResumeLine(const QString& folderName, const QString& courseName) 
   const QString path = ProgressPath(folderName, courseName);
   const ProgressRecords records = ProgressRecords::Load(path);
   if (!records.HasResume()) {
-    throw RunTimeError(Describe("progress-damaged", path, Describe("progress-resume")));
+    throw RunTimeError(Describe("progress-damaged", RealPath(path), Describe("progress-resume")));
   }
   return {records.ResumeField(0), records.ResumeField(1)};
 }

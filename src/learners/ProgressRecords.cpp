@@ -5,6 +5,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
 #include "platform/files/QuotedFields.h"
 #include "texts/Descriptions.h"
 
@@ -43,7 +44,7 @@ ProgressLine ProgressRecords::ReadLine(QuotedFieldReader& reader, int fields, co
              : end == QuotedFieldReader::FieldEnd::Comma;
     if (!good) {
       const QString module = DecodePiece(line.constFirst(), utf8_);
-      throw RunTimeError(Describe("progress-damaged", path_, Describe(damage, module)));
+      throw RunTimeError(Describe("progress-damaged", RealPath(path_), Describe(damage, module)));
     }
   }
   return line;
@@ -103,7 +104,7 @@ void ProgressRecords::TurnIntoUtf8() {
     for (QByteArray& field : line) {
       const QString text = DecodePiece(field, false);
       if (text.contains(QChar::ReplacementCharacter)) {
-        throw RunTimeError(Describe("progress-damaged", path_, Describe("progress-undecodable")));
+        throw RunTimeError(Describe("progress-damaged", RealPath(path_), Describe("progress-undecodable")));
       }
       field = text.toUtf8();
     }

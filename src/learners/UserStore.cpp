@@ -28,7 +28,7 @@ bool LiesInData(const QString& path) {
 QString PathBelow(const QString& folder, const QString& name) {
   if (!IsFileName(name)) throw RunTimeError(Describe("name-unusable", name));
   const QString path = folder + u'\\' + name;
-  if (!LiesInData(path)) throw RunTimeError(Describe("outside-data", path));
+  if (!LiesInData(path)) throw RunTimeError(Describe("outside-data", NamedPath(path)));
   return path;
 }
 
@@ -128,7 +128,7 @@ bool UpdateUser(const QString& firstName, const QString& lastName, const QString
 
 UserRecord ReadUserFile(const QString& folderName) {
   const QString path = UserPath(folderName);
-  QuotedFieldReader reader(ReadFile(path, kTextFileLimit), path);
+  QuotedFieldReader reader(ReadFile(path, kTextFileLimit), RealPath(path));
   UserRecord user;
   for (QString* field : {&user.FirstName, &user.LastName, &user.Email})
     *field = reader.ReadField();

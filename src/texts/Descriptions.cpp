@@ -12,6 +12,15 @@ const QHash<QString, QString>& Templates() {
   return templates;
 }
 
+constexpr qsizetype kLongestQuoted = 200;  // characters
+
+QString Shortened(const QString& text) {
+  if (text.size() <= kLongestQuoted) return text;
+  const QString gap = QStringLiteral("...");
+  if (!text.startsWith(u'/')) return text.left(kLongestQuoted) + gap;
+  return text.left(kLongestQuoted / 2) + gap + text.right(kLongestQuoted / 2);  // its end is the file's name
+}
+
 }  // namespace
 
 QString DescribeList(const char* key, const QStringList& arguments) {
@@ -26,7 +35,8 @@ QString DescribeList(const char* key, const QStringList& arguments) {
       description += c;
       continue;
     }
-    description += arguments.at(number - 1);
+    const QString& argument = arguments.at(number - 1);
+    description += description.endsWith(u'"') ? Shortened(argument) : argument;
     ++i;
   }
   return description;

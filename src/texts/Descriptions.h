@@ -5,7 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-// The description with %1, %2 ... replaced by the arguments, which may hold percent signs themselves.
+// The description with %1, %2 ... replaced by the arguments, which may hold percent signs themselves. An
+// argument between quotes is cut at 200 characters: a text at its end, a path in its middle.
 // A key that the file does not have gives the key and the arguments, so that no error is without words.
 QString DescribeList(const char* key, const QStringList& arguments);
 

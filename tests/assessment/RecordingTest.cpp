@@ -99,8 +99,9 @@ TEST(Recording, AFieldThatIsNoNumberIsNamedAndNothingIsWritten) {
     store.Write("Selling", before);
     EXPECT_EQ(
         ErrorOf([&] { TakeAndRecord(store, "11"); }),
-        QString("The progress file has \"%1\" in the line of module \"RT0101\", where a number belongs.")
-            .arg(c.Text));
+        QString(
+            "The progress file \"%1\" has \"%2\" in the line of module \"RT0101\", where a number belongs.")
+            .arg(store.Program.Path(store.kFolder + "Selling"), c.Text));
     EXPECT_EQ(store.Read("Selling"), before);
   }
 }

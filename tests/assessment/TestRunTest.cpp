@@ -71,8 +71,9 @@ TEST(TestRun, ATestWithAQuestionThatNobodyCanAnswerDoesNotStart) {
     const TestStore store;
     store.WriteTest(c.File);
     TestRun run;
-    const QString error = QString("The test \"%1\" has no answers to its question %2.")
-                              .arg(TestFilePath(store.kPage), QString::number(c.Question + 1));
+    const QString error =
+        QString("The test \"%1\" has no answers to its question %2.")
+            .arg(store.Program.Path("RT0101/RT0101_0012TST"), QString::number(c.Question + 1));
     EXPECT_EQ(ErrorOf([&] { run.Start(store.kPage); }), error) << c.What;
     EXPECT_EQ(run.QuestionCount(), 0) << c.What;
     EXPECT_NE(ErrorOf([&] { run.Judge({true}); }), "") << c.What;

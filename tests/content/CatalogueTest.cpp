@@ -22,8 +22,7 @@ class Catalogue {
   CatalogueResult Load(const QByteArray& lines) {
     LocalMachine().LoadText("REGEDIT4\n" + QByteArray(lines).replace("[+",
                                                                      "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\"
-                                                                     "Tallowmere Manager 1.0"),
-                            "test.reg");
+                                                                     "Tallowmere Manager 1.0"));
     return LoadInstalledCourses(kCatalogueRoot, Courses, Problems);
   }
 
@@ -86,15 +85,16 @@ TEST(Catalogue, WhatIsMalformedIsToldAndTheCourseStays) {
       {"RT0102RT01", "B(): RT0102=Paying@B",
        "The module list of the course \"B\" ends in \"RT01\", which is no module."},
       {"RT0104RT0102", "B()+: RT0104=Broken@B RT0102=Paying@B",
-       "The module \"RT0104\" of the course \"B\" has no topics: %1 has a page line without \"*\": \"no "
+       "The module \"RT0104\" of the course \"B\" has no topics: The file \"%1\" has a page line without "
+       "\"*\": \"no "
        "page\""},
   };
   for (const auto& c : cases) {
     Catalogue catalogue;
     catalogue.Load("[+\\B\\Modules]\n\"ModuleString\"=\"" + c.Modules + "\"");
     EXPECT_EQ(catalogue.Table(), QStringList(c.Course));
-    EXPECT_EQ(catalogue.Problems, QStringList(QString(c.Problem).replace(
-                                      "%1", catalogue.Program.Folder() + "\\RT0104\\Map.txt")));
+    EXPECT_EQ(catalogue.Problems,
+              QStringList(QString(c.Problem).replace("%1", catalogue.Program.Path("RT0104/Map.txt"))));
   }
 }
 
@@ -110,7 +110,7 @@ TEST(RegistryValues, AreTextsOrTheFirstNumberOfBinaries) {
   };
   for (const auto& c : cases) {
     LocalMachine().Clear();
-    LocalMachine().LoadText("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n@=" + c.Data + "\n", "test.reg");
+    LocalMachine().LoadText("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n@=" + c.Data + "\n");
     EXPECT_EQ(ReadValueFromPath("K", ""), c.Text) << c.Data.toStdString();
   }
   EXPECT_EQ(ReadValueFromPath("K", "absent"), "");

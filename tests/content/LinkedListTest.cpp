@@ -11,7 +11,7 @@ const QByteArray kPages =
     "0004.txm*Topic*Opening\r\n0005.txm*Test*\r\n";
 
 QString Load(LinkedList& list, const QByteArray& map) {
-  TextStream stream(map, "The map");
+  TextStream stream(map, "/map");
   QString name;
   list.InitLinedList();
   list.LoadExistingList(stream, name);
@@ -73,9 +73,9 @@ TEST(Map, EachLineIsAPage) {
 TEST(Map, ALineWithoutAStarStopsTheReadingAndNamesTheMap) {
   LinkedList list;
   EXPECT_EQ(ErrorOf([&] { Load(list, kHead + "0001.txm*Page*\r\nno page\r\n0003.txm*Page*\r\n"); }),
-            "The map has a page line without \"*\": \"no page\"");
+            "The file \"/map\" has a page line without \"*\": \"no page\"");
   EXPECT_EQ(PagesOf(list), QStringList("0001.txm|Page|"));
-  EXPECT_EQ(ErrorOf([&] { Load(list, "one line\r\n"); }), "The map ends too early.");
+  EXPECT_EQ(ErrorOf([&] { Load(list, "one line\r\n"); }), "The file \"/map\" ends too early.");
   QString name;
   const TestProgram program;
   EXPECT_EQ(ErrorOf([&] { list.LoadExistingList("RT0101\\Map.txt", name); }),
@@ -131,7 +131,7 @@ TEST(LinkedList, APageWithoutATopicBeforeItNamesTheMap) {
   LinkedList list;
   Load(list, kHead + "0001.txm*Page*\r\n");
   EXPECT_EQ(ErrorOf([&] { list.GetCurrentPageTopName(); }),
-            "The map has no topic at or before the page \"0001.txm\".");
+            "The file \"/map\" has no topic at or before the page \"0001.txm\".");
 }
 
 TEST(LinkedList, AnotherModuleTakesThePlaceOfTheFirst) {
@@ -157,7 +157,7 @@ TEST(LinkedList, TheSearchListGivesTheTopics) {
   } cases[] = {{kPages, {"Getting started", "Opening"}}, {"a*Page*x\r\nb*Topic*\r\n", {}}, {"", {}}};
   for (const auto& c : cases) {
     LinkedList list;
-    TextStream stream(kHead + c.Pages, "The map");
+    TextStream stream(kHead + c.Pages, "/map");
     QString name;
     list.InitSearchLinkedList();
     list.LoadNewSearchList(stream, name);

@@ -218,7 +218,7 @@ TEST_F(PrintingTest, AWaitWithoutItsPictureIsToldAndPrintsNothing) {
   AcceptDialog();
   ChoosePrintPage();
   EXPECT_EQ(messages.Take(),
-            QStringList("The file \"" + store.Path() + "\\GUIimages\\transmit.avi\" was not found."));
+            QStringList("The file \"" + store.Path("GUIimages/transmit.avi") + "\" was not found."));
   EXPECT_EQ(LoadedForm<Animation_Viewer>(), nullptr);
 }
 

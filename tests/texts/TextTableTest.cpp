@@ -22,5 +22,9 @@ TEST(TextTable, EveryGroupIsWhole) {
 TEST(Descriptions, TakeTheirArgumentsAsTheyStand) {
   EXPECT_EQ(Describe("file-missing", "100%2 \"x\""), "The file \"100%2 \"x\"\" was not found.");
   EXPECT_EQ(Describe("file-unreadable", "%2", "why"), "The file \"%2\" could not be read: why");
+  const QString longText(5'000'000, u'x'), longPath = u'/' + QString(300, u'a') + QStringLiteral("/Map.txt");
+  EXPECT_EQ(Describe("map-line", longPath, longText),
+            QStringLiteral("The file \"/%1...%2/Map.txt\" has a page line without \"*\": \"%3...\"")
+                .arg(QString(99, u'a'), QString(92, u'a'), QString(200, u'x')));
   EXPECT_EQ(Describe("no-such-key", "a", "b"), "no-such-key a b");
 }

@@ -7,6 +7,7 @@
 #include "pages/view/PageZoom.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
 #include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/ScrollKeys.h"
@@ -111,7 +112,7 @@ PageMetrics TextControl::Metrics() const {
 
 void TextControl::Load(const QString& programPath, int offset, int format) {
   if (format != kPageFormat && format != kFileAndPlaceFormat && format != kRichTextFormat) {
-    throw RunTimeError(Describe("page-format", programPath, QString::number(format)));
+    throw RunTimeError(Describe("page-format", NamedPath(programPath), QString::number(format)));
   }
   Source source{programPath, ReadProgramFile(programPath, kPageLimit), offset};
   std::swap(source, source_);
@@ -135,7 +136,7 @@ void TextControl::Load(const QString& programPath, int offset, int format) {
 }
 
 RichPage TextControl::Read() const {
-  RichPage page = ReadPage(source_.Bytes, source_.Offset, Metrics(), source_.ProgramPath,
+  RichPage page = ReadPage(source_.Bytes, source_.Offset, Metrics(), NamedPath(source_.ProgramPath),
                            LoaderBeside(source_.ProgramPath));
   PageZoom::KeepWidths(*page.Document);
   return page;

@@ -200,13 +200,14 @@ QByteArray ReadFile(const QString& programPath, qint64 limit) {
 
 QByteArray ReadProgramFile(const QString& programPath, qint64 limit) {
   const QString path = ContainedPath(programPath);
-  if (path.isEmpty()) throw RunTimeError(Describe("file-missing", programPath));
+  if (path.isEmpty()) throw RunTimeError(Describe("file-missing", NamedPath(programPath)));
   return ReadRealFile(path, limit);
 }
 
 QByteArray ReadDevice(QIODevice& device, qint64 limit, const QString& thing) {
   const QByteArray bytes = device.read(limit + 1);
-  if (bytes.size() > limit) throw RunTimeError(Describe("data-too-large", thing, QString::number(limit)));
+  if (bytes.size() > limit)
+    throw RunTimeError(Describe("data-too-large", NamedPath(thing), QString::number(limit)));
   return bytes;
 }
 

@@ -14,7 +14,7 @@ inline constexpr qint64 kTextFileLimit = 16 * 1024 * 1024;  // bytes of any text
 QByteArray ReadFile(const QString& programPath, qint64 limit);
 // The same for a file of a course: one that lies outside the program folder counts as missing.
 QByteArray ReadProgramFile(const QString& programPath, qint64 limit);
-// What is left in an open device; `thing` names it in the error.
+// What is left in an open device; `thing` is the program path that the error names.
 QByteArray ReadDevice(QIODevice& device, qint64 limit, const QString& thing);
 
 // Replaces a file in one step, or makes it. The bytes are on the disk when it returns. When it fails

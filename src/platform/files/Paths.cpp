@@ -152,6 +152,12 @@ QString RealPath(const QString& programPath) {
   return MatchSteps(programPath, [](const QString&) { return true; });
 }
 
+QString NamedPath(const QString& programPath) {
+  const QString root = FollowLinks(RealPath(ProgramFolder()));
+  return MatchSteps(programPath,
+                    [&root](const QString& listed) { return IsInside(FollowLinks(listed), root); });
+}
+
 QString ContainedPath(const QString& programPath) {
   return ContainedPathIn(ProgramFolder(), programPath);
 }

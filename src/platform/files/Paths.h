@@ -30,7 +30,10 @@ class NamesListedOnce {
 // link in it leads nowhere, or when it holds a NUL or a name or path longer than the system allows.
 // Outside that folder names count exactly as they are spelled: no other folder is even listed.
 QString ContainedPath(const QString& programPath);
-// The same for another folder, which is itself a program path.
+// The path as messages name it: RealPath, whether or not the program may use it. It, too, lists no folder
+// outside the program folder.
+QString NamedPath(const QString& programPath);
+// ContainedPath for another folder, which is itself a program path.
 QString ContainedPathIn(const QString& folder, const QString& programPath);
 
 // True when `name` can be the name of one file or folder: not empty, "." or "..", without slash,

@@ -5,6 +5,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
 #include "texts/Descriptions.h"
 
 // Works on bytes: in every code page that holds ASCII, quote, comma and line ends are no part of a
@@ -44,7 +45,7 @@ QString QuotedFieldReader::ReadField() {
 }
 
 QByteArray QuotedFieldReader::ReadRawField() {
-  if (AtEnd()) throw RunTimeError(Describe("text-ended", thing_));
+  if (AtEnd()) throw RunTimeError(Describe("text-ended", NamedPath(thing_)));
   SkipBlanks();
   const bool quoted = position_ < bytes_.size() && bytes_.at(position_) == '"';
   const QByteArray field = quoted ? ReadQuoted() : ReadUnquoted();
@@ -55,7 +56,7 @@ QByteArray QuotedFieldReader::ReadRawField() {
 QByteArray QuotedFieldReader::ReadQuoted() {
   const qsizetype start = position_ + 1;
   const qsizetype quote = bytes_.indexOf('"', start);
-  if (quote < 0) throw RunTimeError(Describe("quote-open", thing_));
+  if (quote < 0) throw RunTimeError(Describe("quote-open", NamedPath(thing_)));
   position_ = quote + 1;
   return bytes_.mid(start, quote - start);
 }

@@ -18,7 +18,7 @@ class QuotedFieldReader {
   // Who wrote the file tells how it is decoded (see CodePage.h).
   enum class Origin { Program, Course };
 
-  // `thing` names the text in errors.
+  // `thing` is the program path that errors name.
   QuotedFieldReader(const QByteArray& bytes, QString thing, Origin origin = Origin::Program);
   // Takes what is left in the device; more than kTextFileLimit bytes is an error.
   QuotedFieldReader(QIODevice& device, QString thing, Origin origin = Origin::Program);

@@ -5,6 +5,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
 #include "texts/Descriptions.h"
 
 TextStream::TextStream(const QByteArray& bytes, QString thing)
@@ -36,5 +37,5 @@ QChar TextStream::ReadChar() {
 }
 
 void TextStream::RefuseAtEnd() const {
-  if (AtEndOfStream()) throw RunTimeError(Describe("text-ended", thing_));
+  if (AtEndOfStream()) throw RunTimeError(Describe("text-ended", NamedPath(thing_)));
 }

@@ -9,7 +9,8 @@ class QIODevice;
 
 class TextStream {
  public:
-  // `thing` names the text in errors. The bytes are decoded as a file of a course (see CodePage.h).
+  // `thing` is the program path that errors name. The bytes are decoded as a file of a course (see
+  // CodePage.h).
   TextStream(const QByteArray& bytes, QString thing);
   // Takes what is left in the device; more than kTextFileLimit bytes is an error.
   TextStream(QIODevice& device, QString thing);

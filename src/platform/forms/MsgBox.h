@@ -18,8 +18,9 @@ struct MsgBoxCall {
   QString Title;
 };
 
-// Shows a modal message box over the active window. Without a title of its own it carries the
-// program's. Closing a yes/no box, or Escape in it, answers No.
+// Shows a modal message box over the active window, never larger than the screen; of a list, a text of
+// more than 12 lines, it tells the first 12 and how many more there are. Without a title of its own it
+// carries the program's. Closing a yes/no box, or Escape in it, answers No.
 MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::None,
                  const QString& title = {});
 

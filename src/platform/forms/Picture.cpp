@@ -29,7 +29,8 @@ QPixmap LoadPicture(const QString& programPath) {
 
   QPixmap picture;
   ++g_reads;
-  if (!modified.isValid() || !picture.load(path)) throw RunTimeError(Describe("picture", programPath));
+  if (!modified.isValid() || !picture.load(path))
+    throw RunTimeError(Describe("picture", NamedPath(programPath)));
   cache.insert(path, {modified, picture});
   return picture;
 }

@@ -37,6 +37,19 @@ int WrappedHeight(const QFont& font, int width, const QString& text) {
   return BreakLines(layout, width);
 }
 
+QString WrappedLines(const QFont& font, int width, const QString& text) {
+  QTextLayout layout(OneParagraph(text), font);
+  BreakLines(layout, width);
+  QStringList lines;
+  for (int i = 0; i < layout.lineCount(); ++i) {
+    const QTextLine line = layout.lineAt(i);
+    lines.append(layout.text().mid(line.textStart(), line.textLength()));
+    while (!lines.constLast().isEmpty() && lines.constLast().back().isSpace())
+      lines.last().chop(1);
+  }
+  return lines.join(QLatin1Char('\n'));
+}
+
 void DrawWrapped(QPainter& painter, const QRect& place, const QString& text) {
   QTextLayout layout(OneParagraph(text), painter.font());
   BreakLines(layout, place.width());

@@ -31,8 +31,8 @@ void Registry::Clear() {
   root_ = std::make_unique<RegistryKey>();
 }
 
-QStringList Registry::LoadText(const QByteArray& bytes, const QString& fileName) {
-  return RegistryFile(*root_, fileName).Load(bytes);
+QStringList Registry::LoadText(const QByteArray& bytes) {
+  return RegistryFile(*root_).Load(bytes);
 }
 
 const RegistryKey* Registry::OpenKey(const QString& path) const {
@@ -75,7 +75,7 @@ QStringList LoadInstalledRegistry(const QStringList& folders) {
     for (const QString& name : dir.entryList({QStringLiteral("*.reg")}, QDir::Files, QDir::Name)) {
       const QString path = dir.filePath(name);
       try {
-        const QStringList places = LocalMachine().LoadText(ReadFile(path, kTextFileLimit), name);
+        const QStringList places = LocalMachine().LoadText(ReadFile(path, kTextFileLimit));
         if (!places.isEmpty()) problems.append(DescribeFile(path, places));
       } catch (const RunTimeError& error) {
         problems.append(error.Description());

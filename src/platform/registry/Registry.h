@@ -31,9 +31,9 @@ class Registry {
 
   // Adds the content of one export file; what is there already is overridden or deleted as it says.
   // "HKEY_CLASSES_ROOT" is "SOFTWARE\Classes" of the local machine, other roots are passed over.
-  // Returns what is malformed, one description a place that names `fileName` and the line; everything
-  // else of the file still counts.
-  QStringList LoadText(const QByteArray& bytes, const QString& fileName);
+  // Returns what is malformed, one description a place that names the line; everything else of
+  // the file still counts.
+  QStringList LoadText(const QByteArray& bytes);
   void Clear();
 
   // A key by its path below the local machine, "SOFTWARE\Classes"; nullptr when there is none. Valid

@@ -88,8 +88,7 @@ void DropWow64Step(QStringList& names) {
 
 }  // namespace
 
-RegistryFile::RegistryFile(RegistryKey& root, QString fileName)
-    : root_(root), fileName_(std::move(fileName)) {}
+RegistryFile::RegistryFile(RegistryKey& root) : root_(root) {}
 
 QStringList RegistryFile::Load(const QByteArray& bytes) {
   QString text = DecodeFile(bytes);
@@ -289,5 +288,5 @@ void RegistryFile::DeleteKey(const QStringList& names) {
 
 void RegistryFile::Complain(const char* reason) {
   if (problems_.size() >= kMaxProblems) return;
-  problems_.append(Describe("registry-line", fileName_, QString::number(first_ + 1), Describe(reason)));
+  problems_.append(Describe("registry-line", QString::number(first_ + 1), Describe(reason)));
 }

@@ -12,7 +12,7 @@
 
 class RegistryFile {
  public:
-  RegistryFile(RegistryKey& root, QString fileName);
+  explicit RegistryFile(RegistryKey& root);
 
   // The descriptions of the malformed places.
   QStringList Load(const QByteArray& bytes);
@@ -35,7 +35,6 @@ class RegistryFile {
   void Complain(const char* reason);
 
   RegistryKey& root_;
-  QString fileName_;
   QStringList lines_;
   qsizetype next_ = 0;   // the line to read next
   qsizetype first_ = 0;  // the first line of what is being read

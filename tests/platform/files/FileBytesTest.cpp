@@ -46,8 +46,8 @@ TEST(ReadFile, ADeviceHasTheSameLimit) {
   QByteArray bytes("0123456789A");
   QBuffer device(&bytes);
   ASSERT_TRUE(device.open(QIODevice::ReadOnly));
-  EXPECT_EQ(ErrorOf([&] { ReadDevice(device, 10, "The thing"); }),
-            "The thing is too large: at most 10 bytes are read.");
+  EXPECT_EQ(ErrorOf([&] { ReadDevice(device, 10, "/thing"); }),
+            "The file \"/thing\" is too large: at most 10 bytes are read.");
 }
 
 TEST(SaveFile, MakesAndReplacesUnderTheNameThatIsThere) {

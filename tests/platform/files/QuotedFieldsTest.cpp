@@ -8,7 +8,7 @@ namespace {
 QStringList FieldsOf(const QByteArray& bytes) {
   QStringList fields;
   const QString error = ErrorOf([&] {
-    QuotedFieldReader reader(bytes, "The test");
+    QuotedFieldReader reader(bytes, "/test");
     while (!reader.AtEnd())
       fields.append(reader.ReadField());
   });
@@ -38,8 +38,8 @@ TEST(QuotedFields, AreReadAsAStream) {
       {"\"a\",\r\n", {"a", ""}},
       {"\"a\"\"b\"c", {"a", "b", "c"}},
       {"\"a\"\r\n\x1A", {"a"}},
-      {"\"a\",\"b\r\n", {"a", "The test ends inside a quoted text."}},
-      {"\"", {"The test ends inside a quoted text."}},
+      {"\"a\",\"b\r\n", {"a", "The file \"/test\" ends inside a quoted text."}},
+      {"\"", {"The file \"/test\" ends inside a quoted text."}},
       {"\xEF\xBB\xBF\"\xC5\x81\",\xC5\x81", {u"Ł"_qs, u"Ł"_qs}},
       {"\"\xABSale\xBB\"", {u"«Sale»"_qs}},
   };
@@ -48,10 +48,10 @@ TEST(QuotedFields, AreReadAsAStream) {
 }
 
 TEST(QuotedFields, ReadingOnBehindTheLastRecordIsAnError) {
-  QuotedFieldReader reader(QByteArray("\"a\"\r\n\r\n\r\n"), "The test");
+  QuotedFieldReader reader(QByteArray("\"a\"\r\n\r\n\r\n"), "/test");
   reader.ReadField();
   EXPECT_TRUE(reader.AtEnd());
-  EXPECT_EQ(ErrorOf([&] { reader.ReadField(); }), "The test ends too early.");
+  EXPECT_EQ(ErrorOf([&] { reader.ReadField(); }), "The file \"/test\" ends too early.");
 }
 
 TEST(QuotedFields, AWrittenRecordReadsBack) {

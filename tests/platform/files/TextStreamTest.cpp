@@ -41,12 +41,12 @@ TEST(TextStream, ReadsCharactersBetweenLines) {
   QByteArray bytes("ab\r\ncd");
   QBuffer device(&bytes);
   ASSERT_TRUE(device.open(QIODevice::ReadOnly));
-  TextStream stream(device, "The glossary");
+  TextStream stream(device, "/glossary");
   EXPECT_EQ(stream.Read(1), "a");
   EXPECT_EQ(stream.ReadLine(), "b");
   EXPECT_EQ(stream.ReadChar(), u'c');
   EXPECT_EQ(stream.Read(5), "d");
   EXPECT_TRUE(stream.AtEndOfStream());
-  EXPECT_EQ(ErrorOf([&] { stream.Read(1); }), "The glossary ends too early.");
-  EXPECT_EQ(ErrorOf([&] { stream.ReadChar(); }), "The glossary ends too early.");
+  EXPECT_EQ(ErrorOf([&] { stream.Read(1); }), "The file \"/glossary\" ends too early.");
+  EXPECT_EQ(ErrorOf([&] { stream.ReadChar(); }), "The file \"/glossary\" ends too early.");
 }

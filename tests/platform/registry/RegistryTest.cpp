@@ -65,11 +65,11 @@ TEST(Registry, ReadsEveryKindOfValue) {
     const QByteArray file = kVersion5 + kKey + c.Lines;
     for (const QByteArray& bytes : {file, QByteArray("\xEF\xBB\xBF" + file), Utf16(file)}) {
       Registry registry;
-      EXPECT_EQ(registry.LoadText(bytes, "x.reg"), QStringList());
+      EXPECT_EQ(registry.LoadText(bytes), QStringList());
       EXPECT_EQ(Values(registry), c.Values) << c.Lines.toStdString();
     }
     Registry registry;
-    EXPECT_EQ(registry.LoadText(QByteArray(file).replace("\r\n", "\n"), "x.reg"), QStringList());
+    EXPECT_EQ(registry.LoadText(QByteArray(file).replace("\r\n", "\n")), QStringList());
     QStringList values = c.Values;
     EXPECT_EQ(Values(registry), values.replaceInStrings("\r\n", "\n")) << c.Lines.toStdString();
   }
@@ -79,8 +79,7 @@ TEST(Registry, TheOlderKindIsInTheCodePage) {
   const TestProgram program;
   ASSERT_TRUE(SetCodePage("windows-1250"));
   Registry registry;
-  EXPECT_EQ(registry.LoadText("REGEDIT4\n\n" + kKey + "\"a\"=\"\xA3\"\n\"b\"=hex(2):25,a3\n", "x.reg"),
-            QStringList());
+  EXPECT_EQ(registry.LoadText("REGEDIT4\n\n" + kKey + "\"a\"=\"\xA3\"\n\"b\"=hex(2):25,a3\n"), QStringList());
   EXPECT_EQ(Values(registry), QStringList({u"|a|1|Ł"_qs, u"|b|2|%Ł"_qs}));
 }
 
@@ -88,10 +87,9 @@ TEST(Registry, KeysCompareWithoutCaseAndKeepTheirSpelling) {
   Registry registry;
   registry.LoadText(
       kVersion5 +
-          "[HKEY_LOCAL_MACHINE\\SOFTWARE\\beta]\r\n[HKEY_LOCAL_MACHINE\\Software\\Alpha\\Modules]\r\n"
-          "[HKEY_LOCAL_MACHINE\\SOFTWARE\\BETA]\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Gamma]\r\n"
-          "[HKEY_CLASSES_ROOT\\x.1]\r\n@=\"X\"\r\n[HKEY_CURRENT_USER\\Gone]\r\n\"a\"=\"b\"\r\n",
-      "x.reg");
+      "[HKEY_LOCAL_MACHINE\\SOFTWARE\\beta]\r\n[HKEY_LOCAL_MACHINE\\Software\\Alpha\\Modules]\r\n"
+      "[HKEY_LOCAL_MACHINE\\SOFTWARE\\BETA]\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Gamma]\r\n"
+      "[HKEY_CLASSES_ROOT\\x.1]\r\n@=\"X\"\r\n[HKEY_CURRENT_USER\\Gone]\r\n\"a\"=\"b\"\r\n");
   const RegistryKey* software = registry.OpenKey("SOFTWARE");
   ASSERT_NE(software, nullptr);
   EXPECT_EQ(Registry::EnumSubkeys(*software), QStringList({"Alpha", "beta", "Classes", "Gamma"}));
@@ -102,14 +100,12 @@ TEST(Registry, KeysCompareWithoutCaseAndKeepTheirSpelling) {
 
 TEST(Registry, ALaterFileAddsOverridesAndDeletes) {
   Registry registry;
-  registry.LoadText(
-      kVersion5 + kKey + "\"a\"=\"1\"\r\n\"b\"=\"1\"\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\K\\Sub\\Deep]\r\n",
-      "1.reg");
+  registry.LoadText(kVersion5 + kKey +
+                    "\"a\"=\"1\"\r\n\"b\"=\"1\"\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\K\\Sub\\Deep]\r\n");
   registry.LoadText(
       kVersion5 + kKey +
-          "\"B\"=\"2\"\r\n\"c\"=\"2\"\r\n[-HKEY_LOCAL_MACHINE\\software\\k\\SUB]\r\n\"lost\"=\"x\"\r\n"
-          "[-HKEY_LOCAL_MACHINE\\software\\never\\was]\r\n",
-      "2.reg");
+      "\"B\"=\"2\"\r\n\"c\"=\"2\"\r\n[-HKEY_LOCAL_MACHINE\\software\\k\\SUB]\r\n\"lost\"=\"x\"\r\n"
+      "[-HKEY_LOCAL_MACHINE\\software\\never\\was]\r\n");
   EXPECT_EQ(Values(registry), QStringList({"|a|1|1", "|b|1|2", "|c|1|2"}));
 }
 
@@ -121,32 +117,30 @@ TEST(Registry, WhatIsMalformedIsNamedAndTheRestCounts) {
     QByteArray File;
     QStringList Problems;
   } cases[] = {
-      {"something else\r\n" + good, {"x.reg, line 1: it does not begin as a registry file"}},
-      {good, {"x.reg, line 1: it does not begin as a registry file"}},
-      {kVersion5 + "\"b\"=\"x\"\r\n" + good, {"x.reg, line 3: this value stands behind no key"}},
-      {kVersion5 + "[HKEY_LOCAL_MACHINE\\A\r\n\"b\"=\"x\"\r\n" + good, {"x.reg, line 3: this is no key"}},
-      {kVersion5 + "[SOFTWARE\\A]\r\n" + good, {"x.reg, line 3: this is no key"}},
-      {kVersion5 + "[HKEY_LOCAL_MACHINE\\A\\\\B]\r\n" + good, {"x.reg, line 3: this is no key"}},
-      {kVersion5 + deep + "\"b\"=\"x\"\r\n" + good, {"x.reg, line 3: the key lies too deep"}},
-      {kVersion5 + longName + good, {"x.reg, line 3: the name is too long"}},
-      {kVersion5 + good + "rubbish\r\n", {"x.reg, line 5: this is no value"}},
-      {kVersion5 + good + "\"b\"\r\n\"c\r\n",
-       {"x.reg, line 5: this is no value", "x.reg, line 6: this is no value"}},
-      {kVersion5 + good + "\"b\"=\"open\r\n", {"x.reg, line 5: the text has no end"}},
-      {kVersion5 + "[HKEY_LOCAL_MACHINE\\A]\r\n\"b\"=\"open\r\n" + good,
-       {"x.reg, line 4: the text has no end"}},
-      {kVersion5 + good + "\"b\"=\"x\" y\r\n", {"x.reg, line 5: this is no value"}},
-      {kVersion5 + good + "\"b\"=dword:xyz\r\n", {"x.reg, line 5: this is no value"}},
-      {kVersion5 + good + "\"b\"=dword:123456789\r\n", {"x.reg, line 5: this is no value"}},
-      {kVersion5 + good + "\"b\"=hex:0g\r\n", {"x.reg, line 5: this is no value"}},
-      {kVersion5 + good + "\"b\"=hex:123\r\n", {"x.reg, line 5: this is no value"}},
-      {kVersion5 + good + "\"b\"=hex(:01\r\n", {"x.reg, line 5: this is no value"}},
+      {"something else\r\n" + good, {"line 1: it does not begin as a registry file"}},
+      {good, {"line 1: it does not begin as a registry file"}},
+      {kVersion5 + "\"b\"=\"x\"\r\n" + good, {"line 3: this value stands behind no key"}},
+      {kVersion5 + "[HKEY_LOCAL_MACHINE\\A\r\n\"b\"=\"x\"\r\n" + good, {"line 3: this is no key"}},
+      {kVersion5 + "[SOFTWARE\\A]\r\n" + good, {"line 3: this is no key"}},
+      {kVersion5 + "[HKEY_LOCAL_MACHINE\\A\\\\B]\r\n" + good, {"line 3: this is no key"}},
+      {kVersion5 + deep + "\"b\"=\"x\"\r\n" + good, {"line 3: the key lies too deep"}},
+      {kVersion5 + longName + good, {"line 3: the name is too long"}},
+      {kVersion5 + good + "rubbish\r\n", {"line 5: this is no value"}},
+      {kVersion5 + good + "\"b\"\r\n\"c\r\n", {"line 5: this is no value", "line 6: this is no value"}},
+      {kVersion5 + good + "\"b\"=\"open\r\n", {"line 5: the text has no end"}},
+      {kVersion5 + "[HKEY_LOCAL_MACHINE\\A]\r\n\"b\"=\"open\r\n" + good, {"line 4: the text has no end"}},
+      {kVersion5 + good + "\"b\"=\"x\" y\r\n", {"line 5: this is no value"}},
+      {kVersion5 + good + "\"b\"=dword:xyz\r\n", {"line 5: this is no value"}},
+      {kVersion5 + good + "\"b\"=dword:123456789\r\n", {"line 5: this is no value"}},
+      {kVersion5 + good + "\"b\"=hex:0g\r\n", {"line 5: this is no value"}},
+      {kVersion5 + good + "\"b\"=hex:123\r\n", {"line 5: this is no value"}},
+      {kVersion5 + good + "\"b\"=hex(:01\r\n", {"line 5: this is no value"}},
       {kVersion5 + good + "\"b\"=hex:01,\\\r\n", {}},
-      {kVersion5 + good + "\"b\"=\r\n", {"x.reg, line 5: this is no value"}},
+      {kVersion5 + good + "\"b\"=\r\n", {"line 5: this is no value"}},
   };
   for (const auto& c : cases) {
     Registry registry;
-    EXPECT_EQ(registry.LoadText(c.File, "x.reg"), c.Problems) << c.File.left(300).toStdString();
+    EXPECT_EQ(registry.LoadText(c.File), c.Problems) << c.File.left(300).toStdString();
     const QStringList values = Values(registry);
     EXPECT_TRUE(values.contains("|a|1|good")) << c.File.left(300).toStdString();
   }
@@ -163,10 +157,9 @@ TEST(Registry, TheInstallationsFilesAreReadInTheOrderOfFoldersAndNames) {
   program.MakeDir("etc/folder.reg");
   const QStringList problems = LoadInstalledRegistry({"registry", "nowhere", program.Path("etc")});
   EXPECT_EQ(Values(LocalMachine()), QStringList({"|a|1|4", "|b|1|1", "|c|1|3"}));
-  EXPECT_EQ(problems,
-            QStringList("The registry file \"" + program.Path("etc/bad.reg") +
-                        "\" is damaged: bad.reg, line 5: this is no value; bad.reg, line 6: this is no "
-                        "value; bad.reg, line 7: this is no value; and 2 more places"));
+  EXPECT_EQ(problems, QStringList("The registry file \"" + program.Path("etc/bad.reg") +
+                                  "\" is damaged: line 5: this is no value; line 6: this is no "
+                                  "value; line 7: this is no value; and 2 more places"));
   EXPECT_EQ(LoadInstalledRegistry({}), QStringList());
   EXPECT_EQ(LocalMachine().OpenKey("SOFTWARE"), nullptr);
 }
