@@ -8,6 +8,7 @@
 #include "frame/Look.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/Form.h"
+#include "platform/forms/HeldKeys.h"
 #include "platform/forms/SkinButton.h"
 #include "startup/Main.h"
 #include "startup/OneCopy.h"
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
   // Both are this program's own, and not for those that the opener starts.
   qunsetenv("QT_ENABLE_HIGHDPI_SCALING");
   if (choosesX11) qunsetenv("QT_QPA_PLATFORM");
+  const HeldKeys heldKeys;
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
   QApplication::setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);

@@ -7,7 +7,7 @@ set -euo pipefail
 
 packages_of() {
   case "$1" in
-    build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev fonts-liberation \
+    build) echo g++ cmake ninja-build python3 qt6-base-dev libfontconfig-dev libx11-dev fonts-liberation \
       xdg-utils cups-client ;;
     players) echo pkgconf libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev \
       qt6-webengine-dev; command -v npm >/dev/null || echo npm ;;
@@ -15,7 +15,7 @@ packages_of() {
     format) echo clang-format ;;
     fuzz) echo clang libclang-rt-14-dev ;;
     artwork) echo ffmpeg libjpeg-turbo-progs librsvg2-bin ;;
-    bench) echo libbenchmark-dev libx11-dev unrtf ;;
+    bench) echo libbenchmark-dev unrtf ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;
     visit)
       echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils

@@ -2,11 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMessageBox>
+#include <QScreen>
 #include <QWindow>
 
 #include "frame/FormFitting.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/ComboBox.h"
+#include "platform/forms/HeldKeys.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/Picture.h"
 #include "platform/forms/Screen.h"
@@ -184,6 +187,65 @@ TEST_F(FormsTest, AFormSeesTheReleaseOnlyOfAKeyWhosePressItSaw) {
   EXPECT_EQ(TakeLog(), QStringList{"1 key 1000000"});
   Gui::Key(form, Qt::Key_Enter);  // the keypad's Enter is Enter
   EXPECT_EQ(TakeLog(), QStringList{"1 key 1000004"});
+}
+
+// What the X server tells of a key: no release between the presses of one that is held.
+void TellKey(Form& form, std::initializer_list<QEvent::Type> types, Qt::Key key, const QString& text,
+             quint64 milliseconds) {
+  for (const QEvent::Type type : types) {
+    QKeyEvent event(type, key, {}, key == Qt::Key_Return ? 36 : 38, 0, 0, text);
+    event.setTimestamp(milliseconds);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(form.windowHandle(), &event);
+  }
+}
+
+TEST_F(FormsTest, AHeldKeyIsOnePressAndRepeats) {
+  const HeldKeys heldKeys;
+  First& form = Default<First>();
+  auto* box = new TextBox(&form, QStringLiteral("Box"), 32);
+  box->Move(150, 900, 2000, 390);
+  Second& above = Default<Second>();
+  above.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&above));
+  const std::initializer_list<QEvent::Type> press{QEvent::ShortcutOverride, QEvent::KeyPress};
+  TellKey(above, press, Qt::Key_Return, "\r", 1000);
+  form.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  box->setFocus();
+  TakeLog();
+  TellKey(form, press, Qt::Key_Return, "\r", 1030);  // still the same press, which was the other form's
+  TellKey(form, {QEvent::KeyRelease}, Qt::Key_Return, "\r", 1060);
+  EXPECT_EQ(TakeLog(), QStringList());
+  for (const quint64 time : {2000U, 2600U, 2630U})
+    TellKey(form, press, Qt::Key_A, "a", time);
+  EXPECT_EQ(box->Text(), "aaa");  // a text box takes the repeats
+}
+
+TEST_F(FormsTest, AMessageBoxFitsOnTheScreen) {
+  const QString words = QStringLiteral("A course without its map. ").repeated(20).trimmed();
+  const struct {
+    QString Text, End;
+  } cases[] = {
+      {QStringLiteral("module\n").repeated(40).trimmed(), "\nmodule\n... and 28 more"},
+      {(words + u'\n').repeated(12).trimmed(), " more"},
+      {QString(5'000'000, u'x'), "x..."},
+      {"Short.", "Short."},
+  };
+  AnswerMessageBoxes({});
+  for (const auto& c : cases) {
+    QString shown;
+    QSize size;
+    QTimer::singleShot(0, [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      shown = box->text();
+      size = box->frameSize();
+      box->accept();
+    });
+    MsgBox(c.Text);
+    EXPECT_TRUE(shown.endsWith(c.End)) << shown.right(100).toStdString();
+    EXPECT_EQ(size, size.boundedTo(QGuiApplication::primaryScreen()->availableSize())) << c.End.toStdString();
+  }
 }
 
 TEST_F(FormsTest, AReleaseOutsideIsAMouseUpButNoClick) {
