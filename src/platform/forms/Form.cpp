@@ -23,7 +23,8 @@ Qt::WindowFlags FlagsOf(FormFrame frame) {
       return Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
     case FormFrame::Framed: break;
   }
-  return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+  // A dialog is kept above its owner; window managers leave a mere window where it is.
+  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 }
 
 Qt::CursorShape ShapeOf(int pointer) {
@@ -190,7 +191,7 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
 bool Form::PreviewKey(QEvent* event) {
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
   const auto& key = *static_cast<QKeyEvent*>(event);
-  if (key.isAutoRepeat()) return false;  // a held key repeats as release and press
+  if (key.isAutoRepeat()) return false;  // of a held key
   const int code = key.key() == Qt::Key_Enter ? static_cast<int>(Qt::Key_Return) : key.key();
   if (event->type() == QEvent::KeyPress) {
     const QWidget* modal = QApplication::activeModalWidget();
