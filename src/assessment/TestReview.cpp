@@ -160,8 +160,9 @@ bool TestReview::Form_QueryUnload(UnloadMode mode) {
   return false;
 }
 
-void TestReview::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key == Qt::Key_Escape || (key == Qt::Key_Return && command1_->HasFocus())) Command1_Click();
+void TestReview::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
+  if (key == Qt::Key_Escape) Command1_Click();
+  Form::Form_KeyUp(key, modifiers);
 }
 
 void TestReview::Form_MouseMove() {

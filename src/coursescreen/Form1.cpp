@@ -71,6 +71,7 @@ Form1::Form1()
       keyboard_(*this, menus_, *nextBtn_, *prev_, *return_Btn_) {
   SetSize(kScreen.Width, kScreen.Height);
   txTextControl1_->Move(kPage);
+  ReadWith(*txTextControl1_);
   nextBtn_->MouseUp = [this] {
     NextPage();
     PutOutUnlessPointed(*nextBtn_);
@@ -191,9 +192,4 @@ void Form1::Form_Unload() {
 void Form1::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
   if (FormLife::Active() != this) return;
   if (!menus_.KeyReleased(key, modifiers)) keyboard_.KeyReleased(key, modifiers);
-}
-
-// The page is what the screen is for: what no control with the focus has a use for is the page's.
-void Form1::keyPressEvent(QKeyEvent* event) {
-  if (!txTextControl1_->TakeKey(*event)) Form::keyPressEvent(event);
 }

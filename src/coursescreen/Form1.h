@@ -42,7 +42,6 @@ class Form1 final : public Form {
   bool Form_QueryUnload(UnloadMode mode) override;
   void Form_Unload() override;
   void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   // Makes a button of the screen's bars; `captionName` empty: it has no caption.

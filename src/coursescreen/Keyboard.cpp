@@ -58,7 +58,7 @@ void Keyboard::Plain(int key) {
     case Qt::Key_Escape: screen_.Exit_Course(); break;
     case Qt::Key_Right: NextByKey(); break;
     case Qt::Key_Left: PrevByKey(); break;
-    case Qt::Key_Return: PressFocused(); break;
+    case Qt::Key_Return: screen_.PressFocusedButton(); break;
     default: break;
   }
 }
@@ -81,8 +81,4 @@ void Keyboard::ReturnByKey() {
   if (!return_Btn_.Enabled()) return;
   const PutOutBehind putOut(return_Btn_);
   screen_.Pages().ReturnToPreviousPlace();
-}
-
-void Keyboard::PressFocused() {
-  if (auto* button = dynamic_cast<SkinButton*>(screen_.ActiveControl())) button->Press();
 }

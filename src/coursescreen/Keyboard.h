@@ -21,7 +21,6 @@ class Keyboard {
   void NextByKey();
   void PrevByKey();
   void ReturnByKey();
-  void PressFocused();
 
   Form1& screen_;
   Menus& menus_;

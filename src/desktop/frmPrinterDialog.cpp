@@ -139,15 +139,10 @@ void frmPrinterDialog::cmdCancel_Click() {
   Unload();
 }
 
-// Enter means OK wherever no button is lit.
-void frmPrinterDialog::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
-  if (key == Qt::Key_Escape) {
-    cmdCancel_Click();
-  } else if (key == Qt::Key_Return && Buttons().Lit() == nullptr) {
-    cmdOK_Click();
-  } else {
-    DialogForm::Form_KeyUp(key, modifiers);
-  }
+// Enter means OK wherever no button has the focus.
+void frmPrinterDialog::Form_KeyUp(int key, Qt::KeyboardModifiers) {
+  if (key == Qt::Key_Escape) cmdCancel_Click();
+  if (key == Qt::Key_Return && !PressFocusedButton()) cmdOK_Click();
 }
 
 void frmPrinterDialog::ShellPrint() {

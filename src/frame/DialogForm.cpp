@@ -30,7 +30,3 @@ SkinButton* DialogForm::AddExitButton(const QString& name) {
 void DialogForm::Form_MouseMove() {
   SetMousePointer(kPointerDefault);
 }
-
-void DialogForm::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key == Qt::Key_Return) buttons_.PressLit();
-}

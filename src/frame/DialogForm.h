@@ -44,8 +44,6 @@ class DialogForm : public Form {
   SkinButton* AddExitButton(const QString& name);
 
   void Form_MouseMove() override;
-  // Enter presses the button that is lit.
-  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
   PictureBox* backdrop_;

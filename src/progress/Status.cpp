@@ -293,13 +293,9 @@ void Status::Form_MouseMove() {
 }
 
 void Status::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key != Qt::Key_Return) return;
+  if (key != Qt::Key_Return || PressFocusedButton()) return;
   const Control* active = ActiveControl();
-  if (active == prog_Cancel_) {
-    Prog_Cancel_MouseUp();
-  } else if (active == prog_Help_) {
-    Prog_Help_MouseUp();
-  } else if (active == msFlexGrid1_[kModules] && mHoverModuleRow >= 0) {
+  if (active == msFlexGrid1_[kModules] && mHoverModuleRow >= 0) {
     Jump(kModules);
   } else if (active == msFlexGrid1_[kTopics] && mHoverModuleRow >= 0) {
     Jump(kTopics);

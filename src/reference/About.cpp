@@ -49,6 +49,7 @@ About::About()
   label6_->SetFont(kVersionPoints, true);
   label6_->SetForeColor(kStrongColour);
   text1_->Move(kText);
+  ReadWith(*text1_);
   text1_->GotFocus = [this] { Buttons().PutOut(); };
   Backdrop()->GotFocus = [this] { Buttons().PutOut(); };
   picture1_->Click = [this] { Picture1_Click(); };
@@ -77,11 +78,6 @@ void About::ShowAboutText() {
   const QString name = QStringLiteral("About ") + CurrentCourse().CourseName + QStringLiteral(".txt");
   const QString file = CourseFile(kAboutFolder, name);
   if (!file.isEmpty()) text1_->SetText(DecodeCourseText(ReadProgramFile(file, kTextFileLimit)));
-}
-
-// The text is what the screen is for, also while something else has the focus.
-void About::keyPressEvent(QKeyEvent* event) {
-  if (!text1_->TakeKey(*event)) DialogForm::keyPressEvent(event);
 }
 
 void About::Form_MouseMove() {

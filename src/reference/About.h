@@ -13,7 +13,6 @@ class About final : public DialogForm {
  protected:
   void Form_Load() override;
   void Form_MouseMove() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void ShowVersion();

@@ -211,11 +211,7 @@ void Glossary::Form_MouseMove() {
 // Keys
 
 void Glossary::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
-  if (key == Qt::Key_Return) {
-    if (glos_Print_->HasFocus()) PrintPressed();
-    if (glos_Close_->HasFocus()) ClosePressed();
-    return;
-  }
+  if (key == Qt::Key_Return) return DialogForm::Form_KeyUp(key, modifiers);
   if ((modifiers & ~Qt::ShiftModifier) != 0) return;
   if (msFlexGrid2_->HasFocus()) StripKey(key);
   if (key > Qt::Key_Space && key <= std::numeric_limits<char16_t>::max())

@@ -23,6 +23,7 @@ Help::Help()
       txTextControl1_(new TextControl(Backdrop(), QStringLiteral("TXTextControl1"))),
       command1_(AddButton(QStringLiteral("Command1"), ElementName("Label2", 1), kClose)) {
   txTextControl1_->Move(kDocument);
+  ReadWith(*txTextControl1_);
   txTextControl1_->GotFocus = [this] { Buttons().PutOut(); };
   Backdrop()->GotFocus = [this] { Buttons().PutOut(); };
   command1_->MouseUp = [this] { Command1_Click(); };
@@ -59,11 +60,6 @@ bool Help::Form_QueryUnload(UnloadMode mode) {
   if (mode != UnloadMode::ControlBox) return true;
   Command1_Click();
   return false;
-}
-
-// The page is what the screen is for, also while something else has the focus.
-void Help::keyPressEvent(QKeyEvent* event) {
-  if (!txTextControl1_->TakeKey(*event)) DialogForm::keyPressEvent(event);
 }
 
 void Help::Form_MouseMove() {

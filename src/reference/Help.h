@@ -24,7 +24,6 @@ class Help final : public DialogForm {
   void Form_Deactivate() override;
   bool Form_QueryUnload(UnloadMode mode) override;
   void Form_MouseMove() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Command1_Click();

@@ -117,7 +117,7 @@ void Repository::InitRepository() {
     for (const QString& name : names)
       list1_->AddItem(name);
   }
-  if (!missing.isEmpty()) throw RunTimeError(Describe("folder-missing", missing));
+  if (!missing.isEmpty()) throw RunTimeError(Describe("folder-missing", NamedPath(missing)));
 }
 
 void Repository::Form_Activate() {
@@ -190,13 +190,4 @@ void Repository::Cancel_Btn_MouseUp() {
 void Repository::Form_MouseMove() {
   DialogForm::Form_MouseMove();
   Buttons().PutOut();
-}
-
-void Repository::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  if (key != Qt::Key_Return) return;
-  for (const SkinButton* button : {view_Btn_, print_Btn_, detach_Btn_, help_Btn_, cancel_Btn_}) {
-    if (!button->HasFocus()) continue;
-    button->MouseUp.Raise();
-    return;
-  }
 }

@@ -21,7 +21,6 @@ class Repository final : public DialogForm {
   void Form_Activate() override;
   void Form_Deactivate() override;
   void Form_MouseMove() override;
-  void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
   void InsertFormText();

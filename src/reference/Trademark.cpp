@@ -26,6 +26,7 @@ Trademark::Trademark() : Form(QStringLiteral("Trademark"), FormFrame::Frameless)
   label2_ = AddBarLabel(background, "Label2", kCourseName, kCourseNamePoints);
   SetSize(kScreen.Width, kScreen.Height);
   txTextControl1_->Move(kPage);
+  ReadWith(*txTextControl1_);
   timer1_.Tick = [this] { Timer1_Timer(); };
 }
 
@@ -44,11 +45,6 @@ void Trademark::Form_Load() {
     timer1_.SetInterval(kPageStands);
     timer1_.SetEnabled(true);
   });
-}
-
-// The page is what the screen is for, also while something else has the focus.
-void Trademark::keyPressEvent(QKeyEvent* event) {
-  if (!txTextControl1_->TakeKey(*event)) Form::keyPressEvent(event);
 }
 
 bool Trademark::ShowPageOf(const QString& courseName) {

@@ -17,7 +17,6 @@ class Trademark final : public Form {
 
  protected:
   void Form_Load() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Timer1_Timer();

@@ -107,6 +107,6 @@ void CourseSelection::Form_Deactivate() {
 
 void CourseSelection::Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) {
   if (key == Qt::Key_Escape) ExitSelection();
-  // Enter on the exit button does nothing: Escape and a click are the ways out.
-  if (Buttons().Lit() != exit_btn_) DialogForm::Form_KeyUp(key, modifiers);
+  // Required: Enter on the exit button does nothing: Escape and a click are the ways out.
+  if (!exit_btn_->HasFocus()) DialogForm::Form_KeyUp(key, modifiers);
 }

@@ -5,6 +5,7 @@
 #include "pages/common/RichText.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/Event.h"
+#include "platform/forms/ScrollKeys.h"
 
 #include <QByteArray>
 #include <QRect>
@@ -13,7 +14,7 @@
 #include <memory>
 #include <optional>
 
-class TextControl : public QTextBrowser, public Control {
+class TextControl : public QTextBrowser, public Control, public KeyTaker {
  public:
   // Formats of a file, by the numbers they have in a load. The bytes tell what the file is, whatever the
   // number says.
@@ -74,9 +75,8 @@ class TextControl : public QTextBrowser, public Control {
   // Brings the page to the screen at once.
   void Refresh();
 
-  // A key that was pressed elsewhere and that the page understands all the same: Page Up, Page Down, Home
-  // and End scroll it; Ctrl with plus, minus and 0 changes the size of all pages. False for other keys.
-  bool TakeKey(const QKeyEvent& key);
+  // Page Up, Page Down, Home and End scroll the page; Ctrl with plus, minus and 0 changes the size of all.
+  bool TakeKey(const QKeyEvent& key) override;
 
   // The words of the page, one line a paragraph; objects and pictures are U+FFFC.
   QString PlainText() const { return toPlainText(); }

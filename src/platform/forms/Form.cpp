@@ -10,6 +10,8 @@
 
 #include "platform/forms/Control.h"
 #include "platform/forms/Screen.h"
+#include "platform/forms/ScrollKeys.h"
+#include "platform/forms/SkinButton.h"
 #include "platform/forms/Timer.h"
 
 namespace {
@@ -167,6 +169,17 @@ void Form::PaintFirst() {
   repaint();
 }
 
+bool Form::PressFocusedButton() {
+  auto* button = dynamic_cast<SkinButton*>(ActiveControl());
+  if (button == nullptr) return false;
+  button->Press();
+  return true;
+}
+
+void Form::Form_KeyUp(int key, Qt::KeyboardModifiers) {
+  if (key == Qt::Key_Return) PressFocusedButton();
+}
+
 void Form::SetMousePointer(int pointer) {
   if (pointer == mousePointer_) return;
   mousePointer_ = pointer;
@@ -221,6 +234,10 @@ void Form::moveEvent(QMoveEvent* event) {
 void Form::closeEvent(QCloseEvent* event) {
   event->ignore();  // the form's own life decides
   Dispatcher::Run([this] { Unload(UnloadMode::ControlBox); });
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  if (reading_ == nullptr || !reading_->TakeKey(*event)) QWidget::keyPressEvent(event);
 }
 
 void Form::mouseMoveEvent(QMouseEvent*) {

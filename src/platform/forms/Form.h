@@ -9,6 +9,7 @@
 #include "platform/forms/Event.h"
 
 class Control;
+class KeyTaker;
 class QEventLoop;
 class Timer;
 
@@ -58,6 +59,11 @@ class Form : public QWidget {
   void SetMousePointer(int pointer);
   int MousePointer() const { return mousePointer_; }
 
+  // Presses the button that has the focus, as Enter does; false when no button has it.
+  bool PressFocusedButton();
+  // The keys that no control has a use for go to that text, which the form shows and owns.
+  void ReadWith(KeyTaker& text) { reading_ = &text; }
+
   void SetCaption(const QString& caption) { setWindowTitle(caption); }
 
   // Whether the form and its timers take part in the program; false from Form_Unload's end on.
@@ -71,11 +77,13 @@ class Form : public QWidget {
   virtual void Form_Unload() {}
   virtual void Form_MouseMove() {}
   // The form sees keys before its controls do, and the release only of a key whose press it saw.
-  virtual void Form_KeyUp(int /*key*/, Qt::KeyboardModifiers) {}
+  // As long as the form has no other use for it, Enter presses the button that has the focus.
+  virtual void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers);
 
   bool event(QEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
 
@@ -93,6 +101,7 @@ class Form : public QWidget {
   QList<Timer*> timers_;
   QHash<int, Qt::KeyboardModifiers> pressedKeys_;  // and what was held with each
   QEventLoop* modalLoop_ = nullptr;
+  KeyTaker* reading_ = nullptr;
   double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
   bool placed_ = false, shown_ = false, loaded_ = false, unloading_ = false;
   int mousePointer_ = 0;

@@ -192,17 +192,6 @@ void ButtonFamily::PutOut() {
   }
 }
 
-SkinButton* ButtonFamily::Lit() const {
-  for (SkinButton* member : members_) {
-    if (member->Shown() == SkinButton::Look::On) return member;
-  }
-  return nullptr;
-}
-
-void ButtonFamily::PressLit() {
-  if (SkinButton* lit = Lit()) lit->Press();
-}
-
 void ButtonFamily::LightUp(SkinButton* button) {
   for (SkinButton* member : members_) {
     if (member != button && member->Enabled()) member->Show(SkinButton::Look::Off);

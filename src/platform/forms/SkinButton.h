@@ -86,10 +86,6 @@ class ButtonFamily {
   void Add(SkinButton* button);
   // Puts all enabled members out; a form calls it when another control gets the focus.
   void PutOut();
-  // The member that is lit, or nullptr.
-  SkinButton* Lit() const;
-  // Presses the member that is lit, as Enter does.
-  void PressLit();
 
  private:
   friend class SkinButton;

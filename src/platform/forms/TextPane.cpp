@@ -3,7 +3,6 @@
 #include <QScrollBar>
 
 #include "platform/forms/Font.h"
-#include "platform/forms/ScrollKeys.h"
 
 TextPane::TextPane(QWidget* container, const QString& name) : QPlainTextEdit(container), Control(this, name) {
   Watch(viewport());

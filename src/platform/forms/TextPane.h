@@ -4,14 +4,14 @@
 #include <QPlainTextEdit>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/ScrollKeys.h"
 
-class TextPane : public QPlainTextEdit, public Control {
+class TextPane : public QPlainTextEdit, public Control, public KeyTaker {
  public:
   TextPane(QWidget* container, const QString& name);
 
   QString Text() const { return toPlainText(); }
   void SetText(const QString& text) { setPlainText(text); }
 
-  // A key that was pressed elsewhere and that scrolls the text all the same. False for any other.
-  bool TakeKey(const QKeyEvent& key);
+  bool TakeKey(const QKeyEvent& key) override;
 };
