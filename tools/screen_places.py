@@ -18,7 +18,7 @@ def toolbar_row(number: int) -> tuple[int, int]:
 
 
 PRINT_ROW, REPOSITORY_ROW, GLOSSARY_ROW = toolbar_row(0), toolbar_row(2), toolbar_row(3)
-CHANGE_COURSE_ROW, ABOUT_ROW = toolbar_row(5), toolbar_row(6)
+PROFILE_ROW, CHANGE_COURSE_ROW, ABOUT_ROW = toolbar_row(4), toolbar_row(5), toolbar_row(6)
 
 # Within a dialog of the sign-in: the left button, the link to the registration, and its first box.
 LEFT_BUTTON, REGISTER, FIRST_BOX = (350, 329), (451, 97), (300, 98)

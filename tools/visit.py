@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """A learner's visit, scripted: the real program under Xvfb, driven by keys and clicks.
 
-Usage: visit.py STORE OUT [DPI]. OUT gets the pictures, the learner's files and what was printed. Says what it checked and
-exits with 1 when something was not as it must be.
+OUT gets the pictures, the learner's files and what was printed. Says what it checked and exits with 1 when something was
+not as it must be.
 """
 
+import argparse
 import shutil
 import sys
 import time
@@ -20,22 +21,25 @@ from screen_places import (ASIDE, COURSE_SCREEN, DIALOG, FIRST_BOX, LEFT_BUTTON,
                            RETURN, SPLASH)
 from store_files import USER_DATA, read_courses
 from visit_buttons import point_at_the_buttons
-from visit_desktop import Desktop, Window, differing_pixels, wait_for
+from visit_desktop import WINDOW_MANAGERS, Desktop, Window, differing_pixels, wait_for
 from visit_glossary import look_up_a_word
+from visit_held_keys import MODULE, PAGE, hold_the_keys
 from visit_links import Links, NotedOpener
 from visit_menus import MenuVisit
 from visit_printing import print_page_and_attachment
 from visit_reference import use_the_references, watch_the_trademark_pages
 from visit_tests import TestVisit
+from visit_windows import check_over_the_course
 
 COURSE = "Cash desk and customers"
 LEARNER = ("Ida", "Lindqvist", "ida@example.com")
 
 
 class Visit:
-    def __init__(self, desktop: Desktop, store: Path) -> None:
+    def __init__(self, desktop: Desktop, store: Path, busy: int) -> None:
         self.desktop = desktop
         self.store = store
+        self.busy = busy
         self.record = store / "data" / USER_DATA / f"{LEARNER[0]} {LEARNER[1]}" / COURSE
         self.failures = 0
 
@@ -70,9 +74,11 @@ class Visit:
         self.desktop.await_window(*COURSE_SCREEN, what="the course screen")
         login = self.desktop.await_window(*DIALOG, what="the sign-in screen")
         self.desktop.picture("user-login")
+        check_over_the_course(self, DIALOG, "the sign-in screen")
         login.click(*REGISTER)
         time.sleep(0.5)
         form = self.desktop.await_window(*DIALOG, what="the registration")
+        check_over_the_course(self, DIALOG, "the registration")
         form.click(*FIRST_BOX)
         for text in LEARNER:
             self.desktop.type(text)
@@ -98,6 +104,8 @@ class Visit:
             visit_movies.pass_by(self, module, page)
             wait_for(lambda: self.recorded(module, page), f"page {page} of {module}")
             behind_test = page in read_courses(self.store)[COURSE].modules[module].tests
+            if (module, page) == (MODULE, PAGE):
+                hold_the_keys(self, self.busy)
             if behind_test:
                 TestVisit(self).meet(module, page)
             elif number % 8 == 0:
@@ -139,10 +147,12 @@ class Visit:
         self.desktop.await_window(*COURSE_SCREEN, what="the course screen")
         welcome = self.desktop.await_window(*DIALOG, what="the welcome")
         self.desktop.picture("welcome")
+        check_over_the_course(self, DIALOG, "the welcome")
         before = self.resume_line()
         welcome.click(*LEFT_BUTTON)
         self.desktop.await_window(*PROGRESS, what="check progress")
         self.desktop.picture("check-progress")
+        check_over_the_course(self, PROGRESS, "check progress")
         self.desktop.key(*CLOSE_WINDOW)
         wait_for(lambda: self.desktop.window(*PROGRESS) is None, "the end of check progress")
         Window(self.desktop, 0, 0).point(*ASIDE)
@@ -180,7 +190,8 @@ class Visit:
         visit_movies.play(self)
 
 
-def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> int:
+def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = (), window_manager: str = "openbox",
+         busy: int = 0) -> int:
     """Plays the visit, the program behind the command `wrapper`; gives how many checks failed."""
     shutil.rmtree(out, ignore_errors=True)
     out.mkdir(parents=True)
@@ -188,14 +199,14 @@ def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> 
     playground = out / "store"
     shutil.copytree(store, playground, ignore=shutil.ignore_patterns("data"))
     with ExitStack() as stack:
-        desktop = stack.enter_context(Desktop(out, dpi, wrapper))
+        desktop = stack.enter_context(Desktop(out, dpi, wrapper, window_manager))
         cups = None
         if missing := missing_packages():
             print(f"nothing is printed without {', '.join(missing)}")
         else:
             cups = stack.enter_context(PrivateCups(out / "printed"))
             desktop.environment.update(cups.variables)
-        visit = Visit(desktop, playground)
+        visit = Visit(desktop, playground, busy)
         visit.run(NotedOpener(desktop, out), cups)
     shutil.move(playground / "data", out / "learner")
     shutil.rmtree(playground)
@@ -204,9 +215,16 @@ def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = ()) -> 
 
 
 def main() -> int:
-    out = Path(sys.argv[2])
-    failures = play(Path(sys.argv[1]), out, int(sys.argv[3]) if len(sys.argv) > 3 else 96)
-    print(f"Pictures and the learner's files are in {out}/")
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("store", type=Path)
+    parser.add_argument("out", type=Path)
+    parser.add_argument("dpi", type=int, nargs="?", default=96)
+    parser.add_argument("--window-manager", choices=WINDOW_MANAGERS, default="openbox")
+    parser.add_argument("--busy", type=int, default=0, help="processes that run beside the program while keys are held")
+    arguments = parser.parse_args()
+    failures = play(arguments.store, arguments.out, arguments.dpi, window_manager=arguments.window_manager,
+                    busy=arguments.busy)
+    print(f"Pictures and the learner's files are in {arguments.out}/")
     return 1 if failures else 0
 
 

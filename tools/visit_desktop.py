@@ -3,12 +3,21 @@
 import os
 import re
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
 from collections.abc import Callable, Sequence
 from pathlib import Path
 
+# A window manager is found by its name; those of the larger desktops want a session bus of their own.
+WINDOW_MANAGERS = {
+    "openbox": ["openbox"],
+    "xfwm4": ["dbus-run-session", "--", "xfwm4"],
+    "metacity": ["dbus-run-session", "--", "metacity"],
+    "mutter": ["dbus-run-session", "--", "mutter", "--x11"],
+    "kwin": ["dbus-run-session", "--", "kwin_x11"],
+}
 PATIENCE = 20.0  # seconds until something that was waited for counts as not coming
 
 
@@ -18,10 +27,12 @@ class Desktop:
     The program is started behind the words of `wrapper`, the command that is to watch it.
     """
 
-    def __init__(self, pictures: Path, dpi: int, wrapper: Sequence[str] = ()) -> None:
+    def __init__(self, pictures: Path, dpi: int, wrapper: Sequence[str] = (),
+                 window_manager: str = "openbox") -> None:
         self.pictures = pictures
         self.dpi = dpi
         self.wrapper = wrapper
+        self.window_manager = WINDOW_MANAGERS[window_manager]
         self.numbers: dict[str, int] = {}
         self.processes: list[subprocess.Popen[bytes]] = []
         self.environment = dict(os.environ)
@@ -38,16 +49,23 @@ class Desktop:
             number = pipe.readline().strip()
         # What the program keeps of its dialogs must not go among the settings of whoever runs this.
         self.environment.update(DISPLAY=f":{number}", XDG_RUNTIME_DIR=self.runtime, XDG_CONFIG_HOME=self.runtime)
-        self.processes.append(subprocess.Popen(["openbox"], env=self.environment,
-                                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
-        wait_for(lambda: "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                 "the window manager")
+        # In a group of its own, to end with the bus that it may have; no screen reader reads its frames.
+        self.manager = subprocess.Popen(self.window_manager, env={**self.environment, "NO_AT_BRIDGE": "1"},
+                                        start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            wait_for(lambda: "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                     "the window manager")
+        except SystemExit:
+            self.__exit__()
+            raise
         subprocess.run(["xrdb", "-nocpp", "-merge", "-"], env=self.environment, check=True,
                        input=f"Xft.dpi: {self.dpi}\n".encode())
         self.run("xsetroot", "-solid", "#5A5A78")
         return self
 
     def __exit__(self, *_: object) -> None:
+        os.killpg(self.manager.pid, signal.SIGTERM)
+        self.manager.wait()
         for process in reversed(self.processes):
             process.terminate()
             process.wait()
@@ -94,6 +112,13 @@ class Desktop:
         told = self.ask("xdotool", "search", "--onlyvisible", "--class", "tallowmere", "getwindowgeometry", "%@")
         found = re.findall(r"Window (\d+)\s+Position: .*\s+Geometry: (\d+)x(\d+)", told)
         return [(number, (int(width), int(height))) for number, width, height in found]
+
+    def stacked(self) -> list[tuple[int, int]]:
+        """The sizes of the program's visible windows, the lowest first."""
+        sizes = dict(self.visible())
+        told = self.ask("xprop", "-root", "_NET_CLIENT_LIST_STACKING")
+        numbers = [str(int(number, 16)) for number in re.findall(r"0x[0-9a-f]+", told)]
+        return [sizes[number] for number in numbers if number in sizes]
 
     def window(self, width: int, height: int) -> "Window | None":
         """The visible window of the program that has that size."""

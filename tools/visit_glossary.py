@@ -8,6 +8,7 @@ from typing import TYPE_CHECKING
 from screen_places import CLOSE_GLOSSARY, GLOSSARY, GLOSSARY_ROW, LIST_CORNER, LIST_SIZE, STRIP, TOOLBAR
 from store_files import CODE_PAGE
 from visit_desktop import Window, differing_pixels, wait_for
+from visit_windows import check_over_the_course
 
 if TYPE_CHECKING:
     from visit import Visit
@@ -40,6 +41,7 @@ class LookUp:
 
     def run(self, by_mouse: str, by_key: str) -> None:
         window = self.open()
+        check_over_the_course(self.visit, GLOSSARY, "the glossary")
         area = f"{LIST_SIZE}+{window.x + LIST_CORNER[0]}+{window.y + LIST_CORNER[1]}"
         first = self.desktop.picture("glossary")
         window.click(*self.point_at(window, by_mouse))

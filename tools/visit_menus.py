@@ -6,9 +6,10 @@ import time
 from pathlib import Path
 from typing import TYPE_CHECKING
 
-from screen_places import ASIDE, CHANGE_COURSE_ROW, MODULES, RETURN, SPLASH, TOOLBAR
+from screen_places import ASIDE, CHANGE_COURSE_ROW, DIALOG, MODULES, RETURN, SPLASH, TOOLBAR
 from store_files import read_courses
 from visit_desktop import Window, differing_pixels, wait_for
+from visit_windows import check_over_the_course
 
 if TYPE_CHECKING:
     from visit import Visit
@@ -55,6 +56,8 @@ class MenuVisit:
         time.sleep(0.2)
         self.desktop.picture(f"{picture}-toolbar-menu")
         self.screen.click(*CHANGE_COURSE_ROW)
+        self.desktop.await_window(*DIALOG, what="the course choice")
+        check_over_the_course(self.visit, DIALOG, "the course choice")
         self.visit.choose_course(f"{picture}-course-choice", index)
         self.desktop.await_window(*SPLASH, what="the splash")
         wait_for(lambda: self.desktop.window(*SPLASH) is None, "the course")

@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import subprocess
 import time
+from collections.abc import Callable
 from pathlib import Path
 from typing import TYPE_CHECKING
 
@@ -11,6 +12,7 @@ from private_cups import DEFAULT, PRINTERS, PrivateCups
 from screen_places import (CLOSE, DIALOG, FIRST_LINE, FIRST_NAME, NAME_STEP, NAMES_ARROW, OK, PRINT, PRINT_ROW,
                            PRINTER_DIALOG, REPOSITORY_ROW, TOOLBAR, WAIT_WINDOW)
 from visit_desktop import Desktop, Window, wait_for
+from visit_windows import check_over_the_course
 
 if TYPE_CHECKING:
     from visit import Visit
@@ -19,10 +21,14 @@ SETTLE = 0.4  # seconds until a step is painted
 
 
 class Printing:
-    """Begins and ends each print on the course screen. Its pictures bear the name given."""
+    """Begins and ends each print on the course screen. Its pictures bear the name given.
 
-    def __init__(self, desktop: Desktop, cups: PrivateCups) -> None:
-        self.desktop, self.cups = desktop, cups
+    `look` gets the size and the name of each form that has come.
+    """
+
+    def __init__(self, desktop: Desktop, cups: PrivateCups,
+                 look: Callable[[tuple[int, int], str], None] = lambda *_: None) -> None:
+        self.desktop, self.cups, self.look = desktop, cups, look
         self.screen = Window(desktop, 0, 0)
 
     def await_end_of(self, size: tuple[int, int], what: str) -> None:
@@ -37,6 +43,7 @@ class Printing:
     def accept_dialog(self, picture: str, printer: str | None) -> None:
         """Takes that printer from the list by mouse, or leaves the one that is preset."""
         dialog = self.desktop.await_window(*PRINTER_DIALOG, what="the printer dialog")
+        self.look(PRINTER_DIALOG, "the printer dialog")
         if printer is not None:
             dialog.click(*NAMES_ARROW)
             time.sleep(SETTLE)
@@ -76,7 +83,7 @@ def text_of(pdf: Path) -> str:
 
 def print_page_and_attachment(visit: Visit, cups: PrivateCups) -> None:
     """Both on the default printer."""
-    printing = Printing(visit.desktop, cups)
+    printing = Printing(visit.desktop, cups, lambda *form: check_over_the_course(visit, *form))
     printing.print_page("print-page", None, DEFAULT)
     visit.check("the page is printed", True)
     folder = visit.store / "Repository" / "1"

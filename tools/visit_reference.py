@@ -5,9 +5,11 @@ from __future__ import annotations
 import time
 from typing import TYPE_CHECKING
 
+from program_run import CLOSE_WINDOW
 from screen_places import (ABOUT_ROW, CLOSE, CLOSE_HELP, COURSE_SCREEN, DETACH, DIALOG, FIRST_LINE, HELP, OPEN,
-                           REPOSITORY_ROW, TALL_DIALOG, TOOLBAR)
+                           PROFILE_ROW, REPOSITORY_ROW, TALL_DIALOG, TOOLBAR)
 from visit_desktop import Window, differing_pixels, wait_for
+from visit_windows import check_over_the_course
 
 if TYPE_CHECKING:
     from visit import Visit
@@ -64,6 +66,7 @@ class Reference:
         for number in (1, 2):
             repository.click(*HELP)
             help_screen = self.desktop.await_window(*TALL_DIALOG, what="the help")
+            check_over_the_course(self.visit, TALL_DIALOG, "the help")
             help_screen.point(320, 30)
             time.sleep(SETTLE)
             pictures.append(self.desktop.picture(f"help-{number}"))
@@ -76,6 +79,7 @@ class Reference:
         self.choose(REPOSITORY_ROW)
         repository = self.desktop.await_window(*DIALOG, what="the repository")
         self.desktop.picture("repository")
+        check_over_the_course(self.visit, DIALOG, "the repository")
         repository.click(*FIRST_LINE)
         time.sleep(SETTLE)
         repository.point(*OPEN)
@@ -88,10 +92,19 @@ class Reference:
         repository.click(*CLOSE)
         self.await_end_of(DIALOG, "the repository")
 
+    def look_at_the_profile(self) -> None:
+        self.choose(PROFILE_ROW)
+        self.desktop.await_window(*DIALOG, what="the profile")
+        self.desktop.picture("profile")
+        check_over_the_course(self.visit, DIALOG, "the profile")
+        self.desktop.key(*CLOSE_WINDOW)
+        self.await_end_of(DIALOG, "the profile")
+
     def read_about_the_course(self) -> None:
         self.choose(ABOUT_ROW)
         self.desktop.await_window(*TALL_DIALOG, what="the about text")
         self.desktop.picture("about")
+        check_over_the_course(self.visit, TALL_DIALOG, "the about text")
         self.desktop.key("Tab")
         self.desktop.key("Return")
         self.await_end_of(TALL_DIALOG, "the about text")
@@ -100,6 +113,7 @@ class Reference:
 def use_the_references(visit: Visit, opener: NotedOpener) -> None:
     reference = Reference(visit, opener)
     reference.use_the_attachments()
+    reference.look_at_the_profile()
     reference.read_about_the_course()
 
 

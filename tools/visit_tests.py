@@ -16,6 +16,7 @@ from typing import TYPE_CHECKING
 from screen_places import COURSE_SCREEN
 from store_files import CODE_PAGE, LINE_FIELDS
 from visit_desktop import Desktop, Window, wait_for
+from visit_windows import check_over_the_course
 
 if TYPE_CHECKING:
     from visit import Visit
@@ -219,8 +220,7 @@ class TestVisit:
         self.desktop.run("xdotool", "mouseup", "1")
         time.sleep(SETTLE)
         dragged = self.window()
-        Window(self.desktop, 0, 0).click(512, 20)  # into the course screen and back
-        time.sleep(SETTLE)
+        check_over_the_course(self.visit, self.review_size, "the review")
         self.desktop.picture("t1-review-3-dragged")
         dragged.click(*TITLE_BAR)
         time.sleep(SETTLE)
