@@ -1,3 +1,4 @@
+#include <QBuffer>
 #include <QImage>
 #include <QTextDocument>
 #include <cstdlib>
@@ -7,10 +8,13 @@
 #include "pages/html/HtmlPlaces.h"
 #include "platform/RunTimeError.h"
 
-static QImage PictureOf(const QString& name) {
-  QImage picture(name.size() % 2 == 0 ? QSize(7, 3) : QSize(), QImage::Format_RGB32);
+static QByteArray PictureOf(const QString& name) {
+  if (name.size() % 2 != 0) return {};
+  QImage picture(7, 3, QImage::Format_RGB32);
   picture.fill(Qt::red);
-  return picture;
+  QBuffer buffer;
+  picture.save(&buffer, "BMP");
+  return buffer.data();
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -20,6 +20,16 @@ constexpr double kMarginY = 120;
 
 constexpr QSizeF kUsualBox(32, 32);  // pixels, of a missing picture
 
+// The bytes in an address of "data:"; none when it is no such address, or a torn one.
+QByteArray BytesInAddress(const QString& address) {
+  if (!address.startsWith(u"data:", Qt::CaseInsensitive)) return {};
+  const qsizetype comma = address.indexOf(u',');
+  if (comma < 0) return {};
+  const QByteArray bytes = QByteArray::fromPercentEncoding(QStringView(address).mid(comma + 1).toLatin1());
+  const bool isBase64 = QStringView(address).left(comma).trimmed().endsWith(u";base64", Qt::CaseInsensitive);
+  return isBase64 ? QByteArray::fromBase64(bytes) : bytes;
+}
+
 // The filter finds the pictures by their names. The document, which would take the names for addresses, knows
 // them by numbers alone.
 class Pictures {
@@ -30,7 +40,7 @@ class Pictures {
   int NumberOf(const QString& name) {
     const auto known = numbers_.constFind(name);
     if (known != numbers_.constEnd()) return *known;
-    const QImage picture = loader_ ? loader_(name) : QImage();
+    const QImage picture = DecodePicture(BytesOf(name), {}, budget_);
     if (!picture.isNull()) images_.append(picture);
     return *numbers_.insert(name, picture.isNull() ? -1 : static_cast<int>(images_.size()) - 1);
   }
@@ -44,7 +54,13 @@ class Pictures {
   }
 
  private:
+  QByteArray BytesOf(const QString& name) const {
+    const QByteArray onThePage = BytesInAddress(name.trimmed());
+    return onThePage.isEmpty() && loader_ ? loader_(name) : onThePage;
+  }
+
   PictureLoader loader_;
+  PixelBudget budget_;
   QHash<QString, int> numbers_;
   QList<QImage> images_;
 };

@@ -5,15 +5,15 @@
 #include "pages/html/HtmlCharset.h"
 
 #include <QByteArray>
-#include <QImage>
 #include <QString>
 #include <functional>
 
-// Gives a picture by the name that the page has for it; a null image where there is none. Each name is
-// asked for once.
-using PictureLoader = std::function<QImage(const QString& name)>;
+// Gives the bytes of a picture by the name that the page has for it; none where there is no such picture.
+// Each name is asked for once.
+using PictureLoader = std::function<QByteArray(const QString& name)>;
 
-// Nothing is loaded but what `loader` gives. Links to "#name" are places on the page, all others files.
+// Nothing is loaded but what `loader` gives; pictures in "data:" addresses are on the page itself. All of
+// them are held within one PixelBudget. Links to "#name" are places on the page, all others files.
 // A pixel of the page is 15 twips. Longer pages than the limit are a run-time error naming `what`.
 RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
                   PictureLoader loader = {});

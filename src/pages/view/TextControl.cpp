@@ -2,7 +2,6 @@
 
 #include "pages/PageReader.h"
 #include "pages/common/PageLink.h"
-#include "pages/common/PicturePixels.h"
 #include "pages/view/PageAccess.h"
 #include "pages/view/PageZoom.h"
 #include "platform/RunTimeError.h"
@@ -47,22 +46,16 @@ const QString kScrollBarLook = QStringLiteral(
 
 // Pictures of an HTML page lie beside it. One that can't be had leaves its place empty.
 PictureLoader LoaderBeside(const QString& programPath) {
-  struct State {
-    PixelBudget Budget;
-    int Files = 0;
-  };
   const qsizetype folderEnd = std::max(programPath.lastIndexOf(u'\\'), programPath.lastIndexOf(u'/'));
   const QString folder = programPath.left(folderEnd + 1);
-  return [folder, state = std::make_shared<State>()](const QString& name) {
-    if (++state->Files > kMostPictureFiles) return QImage();
-    QImage picture;
+  return [folder, files = 0](const QString& name) mutable {
+    QByteArray bytes;
+    if (++files > kMostPictureFiles) return bytes;
     // Word processors write the name as an address has it, "my%20till.png".
     for (const QString& file : {name, QUrl::fromPercentEncoding(name.toUtf8())}) {
-      if (!picture.isNull()) break;
-      IgnoreErrors(
-          [&] { picture = DecodePicture(ReadProgramFile(folder + file, kPageLimit), {}, state->Budget); });
+      if (bytes.isEmpty()) IgnoreErrors([&] { bytes = ReadProgramFile(folder + file, kPageLimit); });
     }
-    return picture;
+    return bytes;
   };
 }
 

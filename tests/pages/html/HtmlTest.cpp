@@ -5,6 +5,7 @@
 #include "pages/rtf/rtf_pages.h"
 #include "platform/files/CodePage.h"
 
+#include <QBuffer>
 #include <QTextBlock>
 #include <QTextList>
 #include <QTextTable>
@@ -13,6 +14,14 @@ namespace {
 
 RichPage Html(const QByteArray& bytes, PictureLoader loader = {}) {
   return ReadHtml(bytes, {}, "page.htm", std::move(loader));
+}
+
+QByteArray RedPicture() {
+  QImage picture(30, 20, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  QBuffer buffer;
+  picture.save(&buffer, "PNG");
+  return buffer.data();
 }
 
 struct HtmlRow {
@@ -176,13 +185,11 @@ TEST(HtmlLooks, TakeABorderInAnyOrder) {
 }
 
 TEST(HtmlLooks, GrowWithTheScale) {
-  QImage picture(30, 20, QImage::Format_RGB32);
-  picture.fill(Qt::red);
   PageMetrics twice;
   twice.PixelsPerTwip = 2.0 / 15;
   const RichPage page =
       ReadHtml("<p style='margin-left:10px;font-size:9pt'>x<img src=a></p><table><tr><td width=100>y</table>",
-               twice, "page.htm", [&picture](const QString&) { return picture; });
+               twice, "page.htm", [](const QString&) { return RedPicture(); });
   EXPECT_EQ(LookOf(page), "20 0 #000000 #ffffff 18");
   const QTextImageFormat image = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
   EXPECT_EQ(QSizeF(image.width(), image.height()), QSizeF(60, 40));
@@ -246,14 +253,31 @@ TEST(HtmlPictures, ComeFromTheLoaderAlone) {
       "src='http://example.com/x.png'></p>",
       [&](const QString& name) {
         asked << name;
-        QImage image(30, 20, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        return name == u"a.png" ? image : QImage();
+        return name == u"a.png" ? RedPicture() : QByteArray();
       });
   page.Document->size();
   EXPECT_EQ(asked, QStringList(
                        {"a.png", "/etc/hostname", "my%20a.png", ":/b", "http://example.com/x.png", "b.png"}));
   EXPECT_GE(page.Document->size().height(), 20);
+}
+
+TEST(HtmlPictures, AreShownFromAddressesOfData) {
+  const QByteArray code = RedPicture().toBase64();
+  const struct {
+    QByteArray Source;
+    bool IsShown;
+  } rows[] = {{"data:image/png;base64," + code, true},
+              {" DATA:;Base64," + code.toPercentEncoding(), true},
+              {"data:image/png;base64,\n" + code.left(40) + "\n " + code.mid(40), true},
+              {"data:image/png," + RedPicture().toPercentEncoding(), true},
+              {"data:image/png;base64", false},
+              {"data:text/html;base64,PGI+", false}};
+  for (const auto& row : rows) {
+    const RichPage page =
+        Html("<img alt='' src='" + row.Source + "'>", [](const QString&) { return QByteArray(); });
+    const QTextImageFormat shown = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
+    EXPECT_EQ(shown.width(), row.IsShown ? 30 : 1) << row.Source.toStdString();
+  }
 }
 
 TEST(HtmlEntities, AreResolvedAlikeInTextAndAttributes) {
@@ -280,7 +304,7 @@ TEST(HtmlEntities, AreResolvedAlikeInTextAndAttributes) {
                  "2'></a>by name</p><a href='" + written + "'>link</a><img src='" + written + "'>",
              [&](const QString& name) {
                asked << name;
-               return QImage();
+               return QByteArray();
              });
     EXPECT_EQ(Html("<p>" + written).Document->toPlainText(), row.Meant) << row.Written;
     EXPECT_EQ(page.PlaceOf(row.Meant), page.Document->find("by id").selectionStart()) << row.Written;
