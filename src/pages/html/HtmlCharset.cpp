@@ -67,10 +67,10 @@ QByteArray NamedCharset(const QByteArray& bytes) {
 QStringView WithoutPrologue(QStringView text) {
   text = text.trimmed();
   while (text.startsWith(u"<?") || text.startsWith(u"<!--")) {
-    const bool isComment = text.startsWith(u"<!--");
-    const qsizetype end = isComment ? text.indexOf(u"-->") : text.indexOf(u'>');
+    const QStringView last = text.startsWith(u"<?") ? u"?>" : u"-->";
+    const qsizetype end = text.indexOf(last);
     if (end < 0) return {};
-    text = text.mid(end + (isComment ? 3 : 1)).trimmed();
+    text = text.mid(end + last.size()).trimmed();
   }
   return text;
 }
@@ -93,10 +93,11 @@ const QSet<QString>& KnownTags() {
 
 bool BeginsWithTag(QStringView text) {
   if (!text.startsWith(u'<')) return false;
-  const auto end =
-      std::find_if_not(text.begin() + 1, text.end(), [](QChar c) { return c.isLetterOrNumber(); });
+  const auto end = std::find_if_not(text.begin() + 1, text.end(),
+                                    [](QChar c) { return c.isLetterOrNumber() || c == u':'; });
   if (end == text.end() || !(end->isSpace() || *end == u'>' || *end == u'/')) return false;
-  return KnownTags().contains(QStringView(text.begin() + 1, end).toString().toLower());
+  const QString name = QStringView(text.begin() + 1, end).toString().toLower();
+  return KnownTags().contains(name) || name.endsWith(u":html");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "pages/html/HtmlWriter.h"
 
 #include <QHash>
+#include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
 #include <vector>
@@ -19,10 +20,14 @@ constexpr int kMostColumns = 100;
 constexpr int kMostRowsSpanned = 200;
 constexpr int kMostPictures = 2000;        // each looks through its paragraph as far as it has come
 constexpr int kMostNumbersSkipped = 5000;  // by the lists of a page together
+// Each item that a list of the document gets looks at all the others.
+constexpr int kMostListItems = 500;
+constexpr int kHighestStart = 1'000'000;
 // Every rule of a style sheet is tried on every element: so many tries a page may cost.
 constexpr qint64 kMostStyleTries = 1'000'000;
 
-const QString kSource = QStringLiteral("src"), kWords = QStringLiteral("alt");
+const QString kSource = QStringLiteral("src"), kWords = QStringLiteral("alt"), kId = QStringLiteral("id"),
+              kStyle = QStringLiteral("style");
 
 using Names = QSet<QString>;
 
@@ -69,7 +74,7 @@ const QHash<QString, Names>& LooseEnds() {
 bool HidesItself(const HtmlTag& tag) {
   if (tag.IsEnd) return false;
   if (tag.Has(QStringLiteral("hidden"))) return true;
-  const QString style = tag.Value(QStringLiteral("style"));
+  const QString style = tag.Value(kStyle);
   if (style.isEmpty()) return false;
   const QString said = u';' + HtmlDeclarations(style).toLower();
   return said.contains(QLatin1String(";display:none")) || said.contains(QLatin1String(";visibility:hidden"));
@@ -79,8 +84,7 @@ bool HidesItself(const HtmlTag& tag) {
 void StyleLetters(HtmlTag& body) {
   const QString colour = HtmlColour(body.Value(QStringLiteral("text")));
   if (colour.isEmpty()) return;
-  const QString style = QStringLiteral("style");
-  body.Set(style, QLatin1String("color:") + colour + u';' + body.Value(style));
+  body.Set(kStyle, QLatin1String("color:") + colour + u';' + body.Value(kStyle));
 }
 
 class Filter {
@@ -107,9 +111,27 @@ class Filter {
     bool IsKept = true;  // so are further rows and cells
   };
 
+  // A list that is open. One that is long or begins late goes on as further lists of the document, with its
+  // numbers as text.
+  struct List {
+    HtmlTag Tag;
+    qsizetype Depth;  // of what is open in it
+    int Number;       // of the next item
+    int Items = 0;    // of the document's list
+    bool IsOrdered = false;
+    bool HasTextNumbers = false;
+  };
+
   void ReadMarkup() {
     if (Follows("<!--")) {
       const qsizetype end = html_.indexOf(QLatin1String("-->"), at_ + 4);
+      at_ = end < 0 ? html_.size() : end + 3;
+      return;
+    }
+    if (Follows("<![CDATA[")) {
+      const qsizetype start = at_ + 9;
+      const qsizetype end = html_.indexOf(QLatin1String("]]>"), start);
+      writer_.Text(html_.mid(start, end < 0 ? -1 : end - start).toHtmlEscaped());
       at_ = end < 0 ? html_.size() : end + 3;
       return;
     }
@@ -118,6 +140,12 @@ class Filter {
     if (isEnd) ++name;
     if (name < html_.size() && (html_[name] == u'!' || html_[name] == u'?')) {
       at_ = TagEnd(name);
+      // The declaration of a page of XHTML may hold others.
+      const qsizetype inner = QStringView(html_).mid(name, at_ - name).indexOf(u'[');
+      const bool isDeclaration = QStringView(html_).mid(name).startsWith(u"!doctype", Qt::CaseInsensitive);
+      const qsizetype close =
+          isDeclaration && inner >= 0 ? html_.indexOf(QLatin1String("]>"), name + inner) : -1;
+      if (close >= 0) at_ = close + 2;
       return;
     }
     if (name >= html_.size() || !html_[name].isLetter()) {
@@ -131,7 +159,18 @@ class Filter {
     QString text = html_.mid(start, at_ - start);
     for (const qsizetype quote : strayQuotes_)
       text[quote - start] = u' ';
-    Handle(ParseHtmlTag(text));
+    HtmlTag tag = ParseHtmlTag(text);
+    DropPrefix(tag);
+    Handle(tag);
+  }
+
+  // Where the tags of XHTML bear a prefix, only they are tags of the page.
+  void DropPrefix(HtmlTag& tag) {
+    for (const auto& [name, value] : tag.Attributes) {
+      if (name.startsWith(u"xmlns:") && value == u"http://www.w3.org/1999/xhtml")
+        prefix_ = name.mid(6) + u':';
+    }
+    if (!prefix_.isEmpty() && tag.Name.startsWith(prefix_)) tag.Name.remove(0, prefix_.size());
   }
 
   bool Follows(const char* text) const { return QStringView(html_).mid(at_).startsWith(QLatin1String(text)); }
@@ -169,6 +208,8 @@ class Filter {
       if (isItsEnd) return;  // its beginning was not written
     }
     if (!tag.IsEnd) NotePlace(tag);
+    // The document looks each name up among all the others.
+    if (!styledIds_.contains(tag.Value(kId))) tag.Set(kId, QString());
     if (word == u"body" && !tag.IsEnd) {
       StyleLetters(tag);
       writer_.LinkColour(HtmlColour(tag.Value(QStringLiteral("link"))));
@@ -181,6 +222,8 @@ class Filter {
       HandleTable(tag);
     } else if (word == u"img") {
       HandlePicture(tag);
+    } else if (word == u"li") {
+      HandleItem(tag);
     } else if (tag.IsVoid() || LooseTags().contains(word)) {
       HandleLoose(tag);
     } else if (tag.IsEnd) {
@@ -193,26 +236,75 @@ class Filter {
   }
 
   void NotePlace(const HtmlTag& tag) {
-    writer_.Name(tag.Value(QStringLiteral("id")));
+    writer_.Name(tag.Value(kId));
     if (tag.Name == u"a") writer_.Name(tag.Value(QStringLiteral("name")));
   }
 
   void Open(HtmlTag& tag) {
     HideIfItsTagSaysSo(tag);
     open_.append(tag.Name);
+    if (tag.Name == u"ul" || tag.Name == u"ol") {
+      OpenList(tag);
+      return;
+    }
     writer_.Tag(tag);
     if (tag.Name == u"q") writer_.Text(QuoteMark(true));
-    if (tag.Name == u"ol") SkipNumbers(tag.HoldNumber(QStringLiteral("start"), kMostNumbersSkipped) - 1);
   }
 
-  // The document's lists begin with 1: what goes before the first number is there and never shows.
-  void SkipNumbers(int numbers) {
+  void OpenList(HtmlTag& tag) {
+    List list{tag, open_.size(), tag.HoldNumber(QStringLiteral("start"), kHighestStart)};
+    list.IsOrdered = tag.Name == u"ol";
+    const int skipped = list.IsOrdered ? list.Number - 1 : 0;
+    list.HasTextNumbers = !MaySkip(skipped);
+    BeginList(list);
+    if (!list.HasTextNumbers) {
+      // The document's lists begin with 1: what goes before the first number is there and never shows.
+      for (; list.Items < skipped; ++list.Items)
+        writer_.SkippedItem();
+    }
+    lists_.push_back(list);
+  }
+
+  bool MaySkip(int numbers) {
     const bool mayTry = styleRules_ * (tags_ + numbers) <= kMostStyleTries;
-    if (skipped_ + numbers > kMostNumbersSkipped || !mayTry) return;
+    if (numbers >= kMostListItems || skipped_ + numbers > kMostNumbersSkipped || !mayTry) return false;
     skipped_ += numbers;
     tags_ += numbers;
-    for (int i = 0; i < numbers; ++i)
-      writer_.SkippedItem();
+    return true;
+  }
+
+  void BeginList(List& list) {
+    static const QString noNumbers = QStringLiteral(";list-style-type:none");
+    const QString style = list.Tag.Value(kStyle);
+    if (list.HasTextNumbers && !style.endsWith(noNumbers)) list.Tag.Set(kStyle, style + noNumbers);
+    list.Items = 0;
+    writer_.Tag(list.Tag);
+  }
+
+  void HandleItem(HtmlTag& tag) {
+    HideIfItsTagSaysSo(tag);
+    if (tag.IsEnd || writer_.IsHidden() || lists_.empty()) {
+      writer_.Tag(tag);
+      return;
+    }
+    List& list = lists_.back();
+    if (list.Items >= kMostListItems && open_.size() == list.Depth) {
+      list.HasTextNumbers = list.IsOrdered;
+      writer_.Markup(QString(QLatin1String("</") + list.Tag.Name + u'>'));
+      BeginList(list);
+    }
+    const QString number =
+        list.HasTextNumbers ? QString::number(list.Number) + QLatin1String(". ") : QString();
+    ++list.Number;
+    if (++list.Items > kMostListItems) {
+      writer_.Markup(u"<br>");  // within something that can't go on in another list
+    } else {
+      if (!number.isEmpty()) {
+        tag.Set(kStyle, tag.Value(kStyle) + QStringLiteral(";text-indent:-%1px").arg(8 * number.size() - 8));
+      }
+      writer_.Tag(tag);
+    }
+    writer_.Text(number);
   }
 
   // A page that hides itself as a whole waits for a script to show it.
@@ -279,7 +371,7 @@ class Filter {
 
   void HandleSilent(const QString& word) {
     if (endless_.contains(word)) return;
-    qsizetype end = html_.indexOf(QLatin1String("</") + word, at_, Qt::CaseInsensitive);
+    qsizetype end = html_.indexOf(QLatin1String("</") + prefix_ + word, at_, Qt::CaseInsensitive);
     if (end < 0) {
       endless_.insert(word);
       // A script goes on to the end of the page; the other things do without an end.
@@ -294,6 +386,9 @@ class Filter {
   void WriteStyle(const QString& sheet) {
     // Tags in it would be taken for tags of the page.
     if (sheet.isEmpty() || sheet.contains(u'<') || !MayTry(sheet)) return;
+    static const QRegularExpression id(QStringLiteral("#([\\w-]+)"));
+    for (const auto& found : id.globalMatch(sheet))
+      styledIds_.insert(found.captured(1));
     writer_.Markup(QString(QLatin1String("<style>") + sheet + QLatin1String("</style>")));
   }
 
@@ -310,6 +405,7 @@ class Filter {
     while (open_.size() > opened) {
       if (open_.size() <= hiddenFrom_) ShowAgain();
       if (open_.last() == u"q") writer_.Text(QuoteMark(false));
+      if (!lists_.empty() && lists_.back().Depth == open_.size()) lists_.pop_back();
       open_.removeLast();
     }
     writer_.Tag(tag);
@@ -373,6 +469,9 @@ class Filter {
   qsizetype hiddenLevel_ = 0;     // of that
   Names endless_;                 // of the silent ones, those without an end from here on
   std::vector<Table> tables_;
+  std::vector<List> lists_;
+  QString prefix_;   // of the page's tags, with its colon
+  Names styledIds_;  // that a style sheet speaks of
   int tableCount_ = 0;
   int pictureCount_ = 0;
   qint64 cells_ = 0;

@@ -146,7 +146,9 @@ QString WithoutComments(const QString& sheet) {
     const qsizetype end = sheet.indexOf(QLatin1String("*/"), comment + 2);
     at = end < 0 ? sheet.size() : end + 2;
   }
-  return text.remove(QLatin1String("<!--")).remove(QLatin1String("-->"));
+  for (const char* wrapping : {"<!--", "-->", "<![CDATA[", "]]>"})
+    text.remove(QLatin1String(wrapping));
+  return text;
 }
 
 // Behind the block that the brace at `open` begins, with the blocks in it.

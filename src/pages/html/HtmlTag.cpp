@@ -12,9 +12,9 @@ constexpr qsizetype kMostAttributes = 40;
 
 const QSet<QString>& UsefulAttributes() {
   static const QSet<QString> names = {
-      "align", "alt",  "bgcolor", "border", "cellpadding", "cellspacing", "class",  "color",  "colspan",
-      "dir",   "face", "height",  "href",   "id",          "lang",        "name",   "nowrap", "rowspan",
-      "size",  "src",  "start",   "style",  "title",       "type",        "valign", "width"};
+      "align", "alt",   "bgcolor", "border", "cellpadding", "cellspacing", "class",  "color",   "colspan",
+      "dir",   "face",  "height",  "href",   "id",          "lang",        "nowrap", "rowspan", "size",
+      "src",   "start", "style",   "title",  "type",        "valign",      "width"};
   return names;
 }
 

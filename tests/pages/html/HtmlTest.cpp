@@ -63,6 +63,13 @@ const HtmlRow kRows[] = {
     {"ClosedAtOnce", "<p>a<script src='x'/>b<a name='n'/>c<br/>d</p>", "abc d"},
     {"BareEntities", "<p>&copy 2004 &#8217s AT&T &lt;b &nosuch</p>", "\u00A9 2004 \u2019s AT&T <b &nosuch"},
     {"NoCharacters", "<p>a\xEF\xB7\x95\xEF\xB7\x96&#64981;&#xFDD6;&#64976z</p>", "az"},
+    {"Cdata", "<p>a<![CDATA[ <b>b</b> &amp; c]]>d<![CDATA[e",
+     "a <b>b</b> &amp; c"
+     "de"},
+    {"InnerDeclarations", "<!DOCTYPE html [ <!ENTITY a 'b'> ]><p>a", "a"},
+    {"PrefixedTags",
+     "<h:html xmlns:h='http://www.w3.org/1999/xhtml'><h:title>x</h:title><h:p>a<h:b hidden>x</h:b>b<o:p>c",
+     "abc"},
     {"LessThan", "<p>1 < 2 <3</p>", "1 < 2 <3"},
     {"UnclosedQuote", "<p title=\"x>a</p><p>b</p>", "a b"},
     {"UnclosedTag", "<p>a</p><p", "a"},
@@ -163,6 +170,7 @@ const LookRow kLooks[] = {
      "<style><!-- /* a */ @font-face {font-family:A; panose-1:2 15;} @import x; p.M, li.M {mso-x:\"\"; "
      "margin-left:36.0pt; color:navy;} @page S {size:8in} @list l0:level1 {a:b} --></style><p class=M>x",
      "48 0 #000080 #ffffff 0"},
+    {"SheetInCdata", "<style><![CDATA[#a-1{color:red}]]></style><p id=a-1>x", "0 0 #ff0000 #ffffff 0"},
     {"ColourWithoutHash", "<font color=C40001>x</font>", "0 0 #c40001 #ffffff 0"},
     {"ColourOfNothing", "<body bgcolor='3D#ffffff'><font color='#12'>x</font>", "0 0 #000000 #ffffff 0"},
     {"LettersOfABody", "<body bgcolor=#000000 text=white>x", "0 0 #ffffff #000000 0"},
@@ -216,6 +224,16 @@ TEST(HtmlLists, BeginWithTheNumberTheyName) {
     EXPECT_EQ(page.Document->size().height(), own) << row.List;
     EXPECT_EQ(page.Document->toPlainText().trimmed(), "x\ny") << row.List;
   }
+}
+
+TEST(HtmlLists, GoOnWithTheirNumbersAsTextWhenTheyAreLong) {
+  const RichPage page =
+      Html("<ul><li>a<ol>" + QByteArray("<li>x<li hidden>h").repeated(501) +
+           "</ol></ul><ol start=7000><li>late</ol><ul>" + QByteArray("<li>y").repeated(501) + "</ul>");
+  EXPECT_EQ(page.Document->toPlainText().count("x\n"), 501);
+  EXPECT_TRUE(page.Document->toPlainText().contains("\n501. x\n7000. late\ny"));
+  const QTextBlock block = BlockOf(page, "7000");
+  EXPECT_EQ(block.textList()->format().style(), QTextListFormat::ListStyleUndefined);
 }
 
 TEST(HtmlPictures, AreBoxesWhereTheyAndTheirWordsAreMissing) {
@@ -406,6 +424,9 @@ const PageRow kPages[] = {
     {"HtmlInCapitals", kLeadIn + "\r\n<BLOCKQUOTE>a", 30, "a", ""},
     {"HtmlTagOverLines", "<p\nclass=b>a", 0, "a", ""},
     {"HtmlTagAlone", "<br/>a", 0, "\na", ""},
+    {"XhtmlBehindInstructions", "<?xml version='1.0'?><?xml-stylesheet href='a>b'?><!DOCTYPE html><p>a</p>",
+     0, "a", ""},
+    {"XhtmlWithPrefix", "<h:html xmlns:h='http://www.w3.org/1999/xhtml'><h:p>a</h:p></h:html>", 0, "a", ""},
     {"TextBeforeATag", "a <p>b</p>", 0, "",
      "The page \"0001.txm\" holds neither rich text nor HTML behind its first 0 bytes."},
     {"TagOfNoPage", "<pose>a</pose>", 0, "",
