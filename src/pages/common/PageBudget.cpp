@@ -16,6 +16,7 @@ constexpr qsizetype kPicture = 2000;
 constexpr qsizetype kObject = 8000;
 constexpr qsizetype kPlace = 200;
 constexpr qsizetype kInstruction = 2;
+constexpr qsizetype kTag = 80;
 
 constexpr bool IsForeign(char16_t c) {
   const bool isPunctuation = c >= 0x2000 && c < 0x2E80;
@@ -63,6 +64,10 @@ bool PageBudget::TakePlace() {
 
 bool PageBudget::TakeInstruction() {
   return Take(kInstruction);
+}
+
+bool PageBudget::TakeTag() {
+  return Take(kTag);
 }
 
 bool PageBudget::Take(qsizetype work) {

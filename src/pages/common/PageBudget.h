@@ -17,7 +17,8 @@ class PageBudget {
   bool TakePicture();
   bool TakeObject();       // an embedded one
   bool TakePlace();        // a named one
-  bool TakeInstruction();  // a control word, a group, a tag: what takes time and shows nothing
+  bool TakeInstruction();  // a control word, a group: what takes time and shows nothing
+  bool TakeTag();          // of HTML, beside what it begins
 
   bool IsSpent() const { return isSpent_; }
 

@@ -15,7 +15,6 @@ namespace {
 
 constexpr qsizetype kDeepestNesting = 60;
 constexpr size_t kDeepestTable = 4;
-constexpr int kMostTables = 500;
 constexpr int kMostColumns = 100;
 constexpr int kMostRowsSpanned = 200;
 constexpr int kMostPictures = 2000;        // each looks through its paragraph as far as it has come
@@ -25,6 +24,7 @@ constexpr int kMostListItems = 500;
 constexpr int kHighestStart = 1'000'000;
 // Every rule of a style sheet is tried on every element: so many tries a page may cost.
 constexpr qint64 kMostStyleTries = 1'000'000;
+constexpr qsizetype kMostStyleLetters = 400'000;  // of all sheets; further ones count for nothing
 
 const QString kSource = QStringLiteral("src"), kWords = QStringLiteral("alt"), kId = QStringLiteral("id"),
               kStyle = QStringLiteral("style");
@@ -93,7 +93,7 @@ class Filter {
       : html_(html), numberOf_(numberOf), writer_(html.size()), tags_(html.count(u'<')) {}
 
   FilteredHtml Run() {
-    while (at_ < html_.size()) {
+    while (at_ < html_.size() && !writer_.Budget().IsSpent()) {
       const qsizetype tag = html_.indexOf(u'<', at_);
       writer_.Text(QStringView(html_).mid(at_, (tag < 0 ? html_.size() : tag) - at_));
       if (tag < 0) break;
@@ -107,8 +107,8 @@ class Filter {
   struct Table {
     int Columns = 0;     // of the widest row
     int RowColumns = 0;  // of the row that is open
-    bool IsOpen = true;  // its beginning was written
-    bool IsKept = true;  // so are further rows and cells
+    int Rows = 0;
+    bool IsOpen = true;  // it was written, and so are its rows and cells
   };
 
   // A list that is open. One that is long or begins late goes on as further lists of the document, with its
@@ -159,6 +159,7 @@ class Filter {
     QString text = html_.mid(start, at_ - start);
     for (const qsizetype quote : strayQuotes_)
       text[quote - start] = u' ';
+    writer_.Budget().TakeTag();
     HtmlTag tag = ParseHtmlTag(text);
     DropPrefix(tag);
     Handle(tag);
@@ -355,7 +356,7 @@ class Filter {
 
   void HandlePicture(HtmlTag& tag) {
     if (writer_.IsHidden() || HidesItself(tag)) return;
-    const bool isTooMuch = ++pictureCount_ > kMostPictures;
+    const bool isTooMuch = ++pictureCount_ > kMostPictures || !writer_.Budget().TakePicture();
     const int number = isTooMuch ? -1 : numberOf_(tag.Value(kSource));
     const QString words = tag.Value(kWords).trimmed();
     if (number < 0 && !words.isEmpty()) {
@@ -380,7 +381,9 @@ class Filter {
     }
     const QString text = html_.mid(at_, end - at_);
     at_ = TagEnd(end);
-    if (word == u"style") WriteStyle(HtmlStyleSheet(text));
+    if (word != u"style") return;
+    styleLetters_ += text.size();
+    if (styleLetters_ <= kMostStyleLetters) WriteStyle(HtmlStyleSheet(text));
   }
 
   void WriteStyle(const QString& sheet) {
@@ -417,20 +420,22 @@ class Filter {
       tag.IsEnd ? EndTable(tag) : BeginTable(tag);
       return;
     }
-    if (tables_.empty() || !tables_.back().IsKept) return;
+    if (tables_.empty() || !tables_.back().IsOpen) return;
     Table& table = tables_.back();
     if (!tag.IsEnd && tag.Name == u"tr") {
-      cells_ += std::max(table.Columns, 1);
+      ++table.Rows;
+      writer_.Budget().TakeCells(table.Columns);
       table.RowColumns = 0;
-      if (cells_ > kMostPageCells) table.IsKept = false;
     } else if (!tag.IsEnd) {
       const int span = tag.HoldNumber(QStringLiteral("colspan"), kMostColumns);
       tag.HoldNumber(QStringLiteral("rowspan"), kMostRowsSpanned);
       if (table.RowColumns + span > kMostColumns) return;
       table.RowColumns += span;
-      table.Columns = std::max(table.Columns, table.RowColumns);
+      // Every row gets as many cells as the widest.
+      const int wider = std::max(table.RowColumns - table.Columns, 0);
+      writer_.Budget().TakeCells(qsizetype{wider} * std::max(table.Rows, 1));
+      table.Columns += wider;
     }
-    if (!table.IsKept) return;
     // A hidden cell keeps its place in the row.
     if (tag.Name == u"tr") HideIfItsTagSaysSo(tag);
     writer_.Tag(tag);
@@ -438,11 +443,12 @@ class Filter {
   }
 
   void BeginTable(HtmlTag& tag) {
-    const bool isKept =
-        tables_.size() < kDeepestTable && tableCount_ < kMostTables && cells_ < kMostPageCells;
-    ++tableCount_;
-    tables_.push_back({0, 0, isKept, isKept});
-    if (isKept) Open(tag);
+    const bool isOpen = tables_.size() < kDeepestTable;
+    tables_.push_back({});
+    tables_.back().IsOpen = isOpen;
+    if (!isOpen) return;
+    writer_.Budget().TakeTable();
+    Open(tag);
   }
 
   void EndTable(const HtmlTag& tag) {
@@ -462,6 +468,7 @@ class Filter {
   qsizetype nextSingle_ = -1;
   qint64 tags_;  // at most this many
   qint64 styleRules_ = 0;
+  qsizetype styleLetters_ = 0;
   std::vector<qsizetype> strayQuotes_;  // of the tag at hand
   QStringList open_;
   qsizetype hiddenFrom_ = kNone;  // the depth of what hides all that is in it
@@ -472,9 +479,7 @@ class Filter {
   std::vector<List> lists_;
   QString prefix_;   // of the page's tags, with its colon
   Names styledIds_;  // that a style sheet speaks of
-  int tableCount_ = 0;
   int pictureCount_ = 0;
-  qint64 cells_ = 0;
   int skipped_ = 0;  // numbers of lists
 };
 

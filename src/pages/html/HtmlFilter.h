@@ -12,6 +12,7 @@ struct FilteredHtml {
   QList<QStringList> Places;
   QStringList EndNames;  // of the page's end, which bears no mark
   QString LinkColour;    // of links that no style colours; empty: the usual one
+  bool IsCut = false;    // the budget of the page ended before the page did
 };
 
 // The name of a picture that isn't there and has no words either.
@@ -20,7 +21,8 @@ inline const QString kMissingPicture = QStringLiteral("missing");
 // The number of the picture of that name; -1 where there is none.
 using PictureNumber = std::function<int(const QString& name)>;
 
-// The same page without scripts, comments, embedded and hidden things and references to other files'
-// styles; with tables, spans and nesting held within limits. Text that shows is never taken out. Pictures
-// have their numbers for names. The words that a page has for a picture stand for one that isn't there.
+// The same page without scripts, comments, embedded and hidden things and references to other files' styles;
+// with tables, spans and nesting held within limits. All text that shows is there, as far as the page's
+// PageBudget goes. Pictures have their numbers for names. The words that a page has for a picture stand for
+// one that isn't there.
 FilteredHtml FilterHtml(const QString& html, const PictureNumber& numberOf);

@@ -91,6 +91,7 @@ RichPage ReadOnce(const QByteArray& bytes, const PageMetrics& metrics,
   const FilteredHtml filtered =
       FilterHtml(DecodeHtml(bytes), [&pictures](const QString& name) { return pictures->NumberOf(name); });
   document.setHtml(filtered.Html);
+  page.IsCut = filtered.IsCut;
   FinishHtml(page, metrics, filtered);
   SetUpFrame(page, metrics);
   return page;

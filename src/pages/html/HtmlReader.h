@@ -18,4 +18,4 @@ using PictureLoader = std::function<QByteArray(const QString& name)>;
 RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
                   PictureLoader loader = {});
 
-inline constexpr qint64 kHtmlLimit = 4 * 1024 * 1024;  // bytes
+inline constexpr qint64 kHtmlLimit = 16 * 1024 * 1024;  // bytes; pictures may be among them

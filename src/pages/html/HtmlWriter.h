@@ -2,6 +2,7 @@
 // Used by the filter.
 #pragma once
 
+#include "pages/common/PageBudget.h"
 #include "pages/html/HtmlFilter.h"
 #include "pages/html/HtmlTag.h"
 
@@ -26,12 +27,17 @@ class HtmlWriter {
   void SetHidden(bool hidden) { isHidden_ = hidden; }
   bool IsHidden() const { return isHidden_; }
 
+  // What is written takes from it. Text beyond it is left out.
+  PageBudget& Budget() { return budget_; }
+
   FilteredHtml Take();
 
  private:
+  QStringView Fitting(QStringView text);
   void WriteMark();
 
   FilteredHtml page_;
+  PageBudget budget_;
   QStringList waiting_;  // names whose text has not come yet
   qsizetype names_ = 0;
   bool isHidden_ = false;
