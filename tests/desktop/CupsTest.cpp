@@ -1,5 +1,5 @@
-// The desktop's printers as CUPS tells them. Runs under tools/private_cups.py, which names the folder of
-// what was printed in PRINTED.
+// The desktop's printers as CUPS tells them. Runs under tools/visit/private_cups.py, which names the folder
+// of what was printed in PRINTED.
 #include <gtest/gtest.h>
 
 #include <QDir>

@@ -9,7 +9,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-SKIN = Path(__file__).resolve().parent.parent / "skin"
+SKIN = Path(__file__).resolve().parents[2] / "skin"
 sys.path.insert(0, str(SKIN))
 sys.dont_write_bytecode = True
 

@@ -3,7 +3,7 @@
 
 One command does all of it, from the packages to the table at the end:
 
-    tools/bench.py
+    tools/visit/bench.py
 
 It installs what is missing, builds the preset bench, brings up an X server (Xvfb) and a window manager
 (openbox) of its own, and measures there. The start and the memory are measured on the real program, next
@@ -28,7 +28,7 @@ from program_run import Run
 from store_files import USER_DATA
 from visit_desktop import Desktop, Window, wait_for
 
-ROOT = Path(__file__).resolve().parent.parent
+ROOT = Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build/bench"
 STARTS = 15                # of each program
 MOST_START_RATIO = 1.5     # of the start of an empty window

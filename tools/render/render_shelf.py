@@ -12,7 +12,7 @@ import tempfile
 import wave
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parent.parent
+ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "skin"))
 sys.dont_write_bytecode = True
 

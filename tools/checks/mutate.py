@@ -58,10 +58,11 @@ OPERATORS = {
 WORD = re.compile(r"\b(?:true|false)\b|(?<=\S) (?:[=!<>]=|[<>+*/-]|&&|\|\||[+-]=) (?=\S)|\+\+")
 NUMBER = re.compile(r"(?<![\w.])(0[xX][0-9a-fA-F]+|\d+\.\d+|0|[1-9]\d*)(?![\w.])")
 CONDITION = re.compile(r"\b(?:if|while) \(")
-CALL = re.compile(r"(?P<head>^\s*|(?:\)|else) )(?!return\b|throw\b|co_)[A-Za-z_][\w:]*(?:(?:\.|->)\w+|\(\)|\[\w+\])*\(.*\);$")
+CALL = re.compile(r"(?P<head>^\s*|(?:\)|else) )(?!return\b|throw\b|co_)"
+                  r"[A-Za-z_][\w:]*(?:(?:\.|->)\w+|\(\)|\[\w+\])*\(.*\);$")
 LITERAL = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])*\'')
-SKIPPED = re.compile(r"^\s*(?:#|//|using |namespace |template|static_assert|Q_ASSERT|Q_UNREACHABLE|q(?:Debug|Info|Warning|Critical)\b)"
-                     r"|\bQ_OBJECT\b")
+SKIPPED = re.compile(r"^\s*(?:#|//|using |namespace |template|static_assert|Q_ASSERT|Q_UNREACHABLE"
+                     r"|q(?:Debug|Info|Warning|Critical)\b)|\bQ_OBJECT\b")
 MEMORY = 6 << 30  # bytes that a test program may take: a change can make it ask for any amount
 LARGEST_FILE = 1 << 30  # bytes
 TEST_SECONDS = 300  # nothing passes that takes longer
@@ -257,7 +258,7 @@ def main() -> int:
     parser.add_argument("--jobs", "-j", type=int, default=1, help="jobs of the build (default: 1)")
     options = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # the line is restored, and the copy goes
-    repository = Path(__file__).resolve().parent.parent
+    repository = Path(__file__).resolve().parents[2]
     given = None
     if options.changes and options.changes.exists():
         given = [Change(**entry) for entry in json.loads(options.changes.read_text(encoding="utf-8"))]

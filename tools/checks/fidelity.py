@@ -40,7 +40,7 @@ try:
 except ImportError:
     sys.exit("fidelity: numpy is missing; tools/setup.sh fidelity installs it")
 
-ROOT = Path(__file__).resolve().parent.parent
+ROOT = Path(__file__).resolve().parents[2]
 DPI = 96
 SCREEN = 663               # pixels, the height of the player's page
 CELL_WIDTH, CELL_HEIGHT = 12, 4
@@ -104,7 +104,7 @@ def build(preset: str) -> Path:
         subprocess.run(["cmake", "--preset", preset], cwd=ROOT, check=True, stdout=subprocess.DEVNULL)
     subprocess.run(["cmake", "--build", "--preset", preset, "--target", "render_page"], cwd=ROOT, check=True,
                    stdout=subprocess.DEVNULL)
-    return ROOT / "build" / preset / "tools/render_page"
+    return ROOT / "build" / preset / "tools/checks/render_page"
 
 
 def show_ours(program: Path, page: Page, out: Path, sheet: Sheet, height: int, limit: float) -> None:

@@ -1,6 +1,6 @@
 // render_page FILE PICTURE TEXT WIDTH HEIGHT: shows a page file as the player does and keeps what it shows.
 // WIDTH and HEIGHT are pixels; a shorter page makes a shorter picture. Ends with 2 and the reason on the
-// standard error when the page does not load. tools/fidelity.py runs it once for each page.
+// standard error when the page does not load. tools/checks/fidelity.py runs it once for each page.
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
