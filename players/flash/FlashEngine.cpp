@@ -7,6 +7,7 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -19,6 +20,7 @@
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -125,6 +127,26 @@ QByteArray MimeOf(const QString& name) {
   return kTypes.value(QFileInfo(name).suffix());
 }
 
+QByteArray ReadAll(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The living children of this process from which the engine makes the processes of its pages.
+qsizetype CountHelpers() {
+  qsizetype count = 0;
+  const QString tasks = QStringLiteral("/proc/self/task/");
+  const QStringList own = QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+  for (const QString& task : own) {
+    const QByteArrayList children = ReadAll(tasks + task + QStringLiteral("/children")).split(' ');
+    count += std::count_if(children.begin(), children.end(), [](const QByteArray& child) {
+      return ReadAll(QStringLiteral("/proc/%1/cmdline").arg(QString::fromLatin1(child)))
+          .contains("--type=zygote");
+    });
+  }
+  return count;
+}
+
 void Answer(QWebEngineUrlRequestJob& job, const QByteArray& type, std::unique_ptr<QIODevice> body) {
   QIODevice* device = body.release();
   QObject::connect(&job, &QObject::destroyed, device, &QObject::deleteLater);
@@ -145,6 +167,10 @@ bool FlashEngine::HasSandbox() {
   return has;
 }
 
+bool FlashEngine::HasLostHelpers() {
+  return TheEngine() != nullptr && CountHelpers() < TheEngine()->helpers_;
+}
+
 FlashEngine& FlashEngine::Start() {
   if (TheEngine() != nullptr) return *TheEngine();
   Prepare();
@@ -155,6 +181,7 @@ FlashEngine& FlashEngine::Start() {
   const Setting debugging("QTWEBENGINE_REMOTE_DEBUGGING", {});
   const Setting flags("QTWEBENGINE_CHROMIUM_FLAGS", QByteArrayLiteral(""));  // else the command line is asked
   TheEngine().reset(new FlashEngine);
+  TheEngine()->helpers_ = CountHelpers();
   qAddPostRoutine(&FlashEngine::End);
   return *TheEngine();
 }

@@ -12,6 +12,9 @@ class FlashEngine final {
   // Whether this user may have the sandbox in which the engine keeps its pages; where it can't make one, it
   // ends the program. Root goes without.
   static bool HasSandbox();
+  // Whether the engine has started and has lost a process from which it makes those of its pages. It never
+  // gets another one, and no movie plays after that.
+  static bool HasLostHelpers();
   // Starts the engine at the first call. It ends with the application, and every page of it before that.
   static FlashEngine& Start();
   // The folder of the player's files, beside the plugin.
@@ -49,5 +52,6 @@ class FlashEngine final {
 
   Gate gate_;
   Desk desk_{*this};
+  qsizetype helpers_ = 0;      // at the start
   QWebEngineProfile profile_;  // without a name: off the record
 };

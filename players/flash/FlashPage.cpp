@@ -21,6 +21,8 @@ const QString kFailed = QStringLiteral("failed"), kCommand = QStringLiteral("com
 // The reason on a machine where the engine plays nothing for this user.
 const QString kNoSandbox =
     QStringLiteral("this user may not make the namespaces of the web engine's sandbox");
+const QString kNoHelpers =
+    QStringLiteral("helpers of the web engine have ended, and it can't start them again");
 
 // All pages of the program; the one without a parent waits for the next movie.
 std::vector<std::unique_ptr<FlashPage>>& Pages() {
@@ -67,14 +69,17 @@ class FlashPage::WebPage final : public QWebEnginePage {
 };
 
 bool FlashPage::CanStart(QString& reason) {
+  const auto refused = [&reason](const QString& why) {
+    reason = why;
+    return false;
+  };
   const QDir folder(FlashEngine::Folder());
   for (const QString& file : kFiles) {
-    if (folder.exists(file)) continue;
-    reason = folder.filePath(file);
-    return false;
+    if (!folder.exists(file)) return refused(folder.filePath(file));
   }
-  if (!FlashEngine::HasSandbox()) reason = kNoSandbox;
-  return FlashEngine::HasSandbox();
+  if (!FlashEngine::HasSandbox()) return refused(kNoSandbox);
+  if (FlashEngine::HasLostHelpers()) return refused(kNoHelpers);
+  return true;
 }
 
 FlashPage& FlashPage::Take(QWidget& container) {

@@ -14,7 +14,8 @@ class QWebEngineView;
 
 class FlashPage final : public QObject {
  public:
-  // Whether there can be such pages; the reason is the path of a missing file, or the sandbox.
+  // Whether there can be such pages; the reason is the path of a missing file, the sandbox, or that the
+  // engine has lost what it needs.
   static bool CanStart(QString& reason);
 
   // A page whose view stands in the container, one pixel large. Give it back before the container goes.

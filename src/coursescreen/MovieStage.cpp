@@ -20,7 +20,6 @@
 namespace {
 
 constexpr int kWhite = 0xFFFFFF;
-constexpr int kLargestSide = 8192;  // pixels; a movie that claims more never shows
 const QString kFrameName = QStringLiteral("ImageFrame");
 const QString kFlashName = QStringLiteral("ShockwaveFlash1");
 const QString kOtherName = QStringLiteral("ShockwaveCtl1");  // of both others: never two at once
@@ -144,11 +143,17 @@ void MovieStage::TakeSize(MoviePlayer& movie, const QString& arguments) {
   bool hasWidth = false, hasHeight = false;
   const int width = arguments.left(std::max<qsizetype>(cross, 0)).toInt(&hasWidth);
   const int height = arguments.mid(cross + 1).toInt(&hasHeight);
-  const auto isSide = [](int pixels) { return pixels > 0 && pixels <= kLargestSide; };
-  if (!hasWidth || !hasHeight || !isSide(width) || !isSide(height)) return;
+  if (!hasWidth || !hasHeight || width <= 0 || height <= 0) return;
+  // A player's pictures take as much memory as they are large: what the page can't show at once is made
+  // smaller.
+  QSize size(width, height);
+  const QSize room = page_.viewport()->size();
+  if (width > room.width() || height > room.height()) {
+    size = size.scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
+  }
   sizeIsOwn_ = true;
-  objExt_->SetHeight(height * Screen::TwipsPerPixelY());
-  objExt_->SetWidth(width * Screen::TwipsPerPixelX());
+  objExt_->SetHeight(size.height() * Screen::TwipsPerPixelY());
+  objExt_->SetWidth(size.width() * Screen::TwipsPerPixelX());
   movie.SetFit(MoviePlayer::Fit::Stretch);
   FillFrame(movie);
   movie.show();

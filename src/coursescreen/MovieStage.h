@@ -31,7 +31,8 @@ class MovieStage {
   void TextControlObjectCreating(int id);
   void TextControlObjectData(int id, const QString& text);
   void TextControlObjectActive(int id);
-  // The size in pixels that a Flash movie tells, "640x480". Anything else leaves the movie unseen.
+  // The size in pixels that a Flash movie tells, "640x480"; one larger than the page view is shrunk into it.
+  // Anything else leaves the movie unseen.
   void TakeSize(MoviePlayer& movie, const QString& arguments);
   void RemovePlayers();
   void MakeCurrent(int id);

@@ -5,7 +5,9 @@
 namespace {
 
 enum Tag { kEnd = 0, kShowFrame = 1, kDoAction = 12 };
-constexpr char kGetUrl = '\x83';
+constexpr char kGetUrl = '\x83', kPush = '\x96';
+constexpr char kGetVariable = '\x1C', kGetMember = '\x4E', kCallMethod = '\x52', kPop = '\x17';
+const QByteArray kCall = QByteArrayLiteral("call:");
 constexpr int kLongTag = 0x3F;
 
 template <typename Number>
@@ -19,7 +21,22 @@ QByteArray Tagged(Tag tag, const QByteArray& content) {
          content;
 }
 
+// With a number of arguments behind the texts where there is one.
+QByteArray Push(const QByteArrayList& texts, int count = 0) {
+  QByteArray values;
+  for (const QByteArray& text : texts)
+    values += '\0' + text + '\0';
+  if (count > 0) values += '\x07' + Bytes(count);
+  return kPush + Bytes(static_cast<quint16>(values.size())) + values;
+}
+
+QByteArray ScriptCall(const QByteArray& function, const QByteArray& argument) {
+  return Push({argument, function}, 2) + Push({"flash"}) + kGetVariable + Push({"external"}) + kGetMember +
+         Push({"ExternalInterface"}) + kGetMember + Push({"call"}) + kCallMethod + kPop;
+}
+
 QByteArray Action(const QByteArray& command, const QByteArray& arguments) {
+  if (command.startsWith(kCall)) return ScriptCall(command.mid(kCall.size()), arguments);
   const QByteArray scheme = command.contains(':') ? QByteArray() : QByteArrayLiteral("FSCommand:");
   const QByteArray texts = scheme + command + '\0' + arguments + '\0';
   return kGetUrl + Bytes(static_cast<quint16>(texts.size())) + texts;
@@ -39,5 +56,5 @@ QByteArray FlashMovie(const std::vector<FlashCommands>& frames) {
     body += Tagged(kShowFrame, {});
   }
   body += Tagged(kEnd, {});
-  return "FWS\x06" + Bytes(static_cast<quint32>(body.size() + 8)) + body;
+  return "FWS\x08" + Bytes(static_cast<quint32>(body.size() + 8)) + body;
 }

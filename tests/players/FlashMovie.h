@@ -5,7 +5,8 @@
 #include <utility>
 #include <vector>
 
-// A command and its arguments, or an address and the level that it is to be loaded into ("_level1").
+// A command and its arguments; an address and the level that it is to be loaded into ("_level1"); or "call:"
+// with a function of the page around the movie, and the argument that it is to be called with.
 using FlashCommands = std::vector<std::pair<QByteArray, QByteArray>>;
 
 // The bytes of a movie of 200 by 100 pixels, ten frames a second, with one frame for each entry.

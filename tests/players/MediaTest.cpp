@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QScrollBar>
 
 #include "desktop/Animation_Viewer.h"
 #include "frame/ProgramState.h"
@@ -66,10 +65,6 @@ TEST_F(MediaTest, AVideoPlaysOnItsPageAndEndsWithIt) {
   EXPECT_TRUE(Gui::Await([&first] { return Picture(ImageFrame()) != first; }));
   EXPECT_GT(Threads(), 0);
 
-  const int top = ImageFrame().y();
-  PageView().verticalScrollBar()->setValue(30);
-  EXPECT_EQ(ImageFrame().y(), top - 30);
-  EXPECT_TRUE(ShowsFilm(ImageFrame()));
   Gui::Click(screen, "toolBar_But");
   Gui::Click(screen, "ShockwaveCtl1");
   EXPECT_FALSE(Gui::Find(screen, "toolBar_Slice(0)")->isVisible());

@@ -27,6 +27,7 @@ const LONGEST_STEP = 250;  // ms; after a pause of the display a movie goes on, 
 const LONGEST_TEXT = 4096;  // characters of a command or its arguments
 
 let player = null;
+let own = null;  // of the player: what a movie offers to the page takes names of the player's own
 let movie = 0;
 let held = true;
 
@@ -85,7 +86,7 @@ function openMovie(number, scale, background, isHeld) {
     if (movie !== number) return;
     player = window.RufflePlayer.newest().createPlayer();
     document.body.appendChild(player);
-    const own = player.ruffle();
+    own = player.ruffle();
     own.addFSCommandHandler((command, texts) => tell(number, "command", command, texts));
     player.addEventListener("loadeddata", () => {
       // One frame on: the first, with its commands.
@@ -97,18 +98,18 @@ function openMovie(number, scale, background, isHeld) {
 
 function holdMovie() {
   held = true;
-  if (player) player.ruffle().suspend();
+  if (player) own.suspend();
 }
 
 function playMovie() {
   held = false;
-  if (player) player.ruffle().resume();
+  if (player) own.resume();
 }
 
 function closeMovie() {
   movie = 0;
   held = true;
-  if (player) player.remove();
+  if (player) Element.prototype.remove.call(player);
   player = null;
 }
 
