@@ -13,12 +13,26 @@ VideoPlayer::VideoPlayer(QWidget* container) : MoviePlayer(container) {}
 VideoPlayer::~VideoPlayer() = default;
 
 void VideoPlayer::SetMovie(const QString& file) {
-  playback_.reset();
+  End();
   received_ = picture_ = {};
   update();
   if (!QFileInfo(file).isFile()) return;  // a pipe would keep its reader waiting
-  playback_ = std::make_unique<Playback>(QFile::encodeName(file), endless_,
+  file_ = QFile::encodeName(file);
+  isHeld_ = false;
+  // Of many videos on a page only the last stays: none of the others is opened.
+  QMetaObject::invokeMethod(this, &VideoPlayer::Begin, Qt::QueuedConnection);
+}
+
+void VideoPlayer::Begin() {
+  if (file_.isEmpty()) return;
+  playback_ = std::make_unique<Playback>(std::exchange(file_, {}), endless_,
                                          [this](const QImage& picture) { Receive(picture); });
+  if (isHeld_) playback_->Hold();
+}
+
+void VideoPlayer::End() {
+  file_.clear();
+  playback_.reset();
 }
 
 void VideoPlayer::SetFit(Fit fit) {
@@ -32,10 +46,12 @@ void VideoPlayer::SetBackColor(int colour) {
 }
 
 void VideoPlayer::Stop() {
+  isHeld_ = true;
   if (playback_ != nullptr) playback_->Hold();
 }
 
 void VideoPlayer::Play() {
+  isHeld_ = false;
   if (playback_ != nullptr) playback_->Go();
 }
 
@@ -66,7 +82,7 @@ QRectF VideoPlayer::PicturePlace() const {
 
 // Taken out of its frame it is done, though it may live on for as long as the event that led there.
 bool VideoPlayer::event(QEvent* event) {
-  if (event->type() == QEvent::ParentChange) playback_.reset();
+  if (event->type() == QEvent::ParentChange) End();
   return MoviePlayer::event(event);
 }
 

@@ -1,6 +1,7 @@
 // Plays a video file and draws its pictures. The last one stays when the video is over.
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QImage>
 #include <memory>
@@ -30,6 +31,8 @@ class VideoPlayer final : public MoviePlayer {
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
+  void Begin();
+  void End();
   void Receive(const QImage& picture);
   void ShowReceived();
   QRectF PicturePlace() const;
@@ -38,6 +41,8 @@ class VideoPlayer final : public MoviePlayer {
   QColor backColor_ = Qt::white;
   Fit fit_ = Fit::Whole;
   bool endless_ = false;
+  QByteArray file_;  // that is to be played, until it begins
+  bool isHeld_ = false;
   std::mutex mutex_;
   QImage received_;  // under the mutex: from the playback's thread, not shown yet
   std::unique_ptr<Playback> playback_;
