@@ -9,16 +9,17 @@ from contextlib import ExitStack
 from typing import TYPE_CHECKING
 
 from screen_places import ASIDE, PAGE_EDGE
-from visit_desktop import Window, wait_for
+from visit_desktop import Window, differing_pixels, wait_for
 
 if TYPE_CHECKING:
     from visit import Visit
 
-MODULE, PAGE = "rt0103", "0004.txm"  # a page without links among pages without tests
+MODULE, PAGE = "rt0102", "0004.txm"  # among pages without movies and tests
 LONG, SHORT = 5.0, 2.0  # seconds that a key is held; the server repeats it from 0.66 s on
 SETTLE = 0.7  # seconds in which one more turn or question would have come
-# Shift+Tab from the page up to these buttons.
-TO_PREVIOUS, TO_EXIT = 2, 7
+# The buttons, as "WxH+X+Y"; a frame around one of them shows that it has the focus.
+PREVIOUS_AREA, EXIT_AREA = "56x44+880+729", "40x40+983+0"
+MOST_STEPS = 20  # of the Tab key around the screen
 
 
 class HeldKeys:
@@ -39,10 +40,16 @@ class HeldKeys:
         time.sleep(SETTLE)
         self.visit.check(f"{key} held {seconds:.0f} s turns one page", self.visit.resume_line() == wanted)
 
-    def walk_back(self, steps: int) -> None:
+    def walk_to(self, button: str) -> None:
+        """By Shift+Tab from the page, whose links are steps too."""
         Window(self.desktop, 0, 0).click(*PAGE_EDGE)
-        self.desktop.key(*["shift+Tab"] * steps)
-        time.sleep(0.2)
+        without = self.desktop.picture("button-without-focus")
+        for _ in range(MOST_STEPS):
+            self.desktop.key("shift+Tab")
+            time.sleep(0.2)
+            if differing_pixels(without, self.desktop.picture("button-with-focus"), button) > 0:
+                return
+        raise SystemExit("visit: the focus does not come to a button")
 
     def turn(self, page: str) -> None:
         self.desktop.key("Right")
@@ -51,7 +58,7 @@ class HeldKeys:
     def ask_for_the_exit(self) -> None:
         """By Enter on the exit button, then Enter on No."""
         count = len(self.desktop.visible())
-        self.walk_back(TO_EXIT)
+        self.walk_to(EXIT_AREA)
         self.hold("Return", SHORT)
         wait_for(lambda: len(self.desktop.visible()) == count + 1, "the exit question by Return")
         self.desktop.key("Tab")
@@ -63,7 +70,7 @@ class HeldKeys:
     def run(self) -> None:
         self.check_one_turn("Left", LONG, "0003.txm")
         self.check_one_turn("Right", LONG, PAGE)
-        self.walk_back(TO_PREVIOUS)
+        self.walk_to(PREVIOUS_AREA)
         self.check_one_turn("space", SHORT, "0003.txm")
         self.check_one_turn("Return", SHORT, "0002.txm")
         self.ask_for_the_exit()
