@@ -19,20 +19,12 @@ struct ErrorText {
   int String;
 };
 
+// What the opener here can say. Everything else is an error without a cause.
 constexpr ErrorText kErrorTexts[] = {
-    {0, kResOutOfMemory},
     {ShellResult::kNoFile, kResRepositoryFileMissing},
     {ShellResult::kNoFolder, kResRepositoryPathNotFound},
     {ShellResult::kNoPermission, kResAccessError},
-    {8, kResOutOfMemory},
-    {11, kResExecutableInvalid},
-    {26, kResSharingViolation},
-    {27, kResNoValidAssociation},
-    {28, kResTimeOut},
-    {29, kResDdeFailed},
-    {30, kResTargetBusy},
     {ShellResult::kNoProgram, kResNoAssociation},
-    {32, kResLibraryNotFound},
 };
 
 }  // namespace

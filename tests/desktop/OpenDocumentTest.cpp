@@ -27,21 +27,13 @@ TEST_F(OpenDocumentTest, SaysWhatTheResultMeans) {
     int Result;
     QString Text;
   } rows[] = {
-      {0, "Out of memory"},
+      {0, other},
       {1, other},
       {2, "The repository file could not be located."},
       {3, "Repository path not found.  Repository may not be installed."},
       {5, "Path/file access error"},
-      {8, "Out of memory"},
-      {11, "The executable file is invalid or corrupt"},
-      {26, "A sharing violation occurred."},
-      {27, "This file type does not have a valid file association."},
-      {28, "The file could not be opened due to time out. Please try again in a moment."},
-      {29, "The file could not be opened because the DDE transaction failed. Please try again in a moment."},
-      {30,
-       "The file could not be opened because the target application is busy. Please try again in a moment."},
       {31, "No application is associated with this file type."},
-      {32, "The specified dynamic-link library was not found."},
+      {32, other},
   };
   for (const auto& row : rows) {
     opened.Result = row.Result;
