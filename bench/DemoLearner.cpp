@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "coursescreen/Form1.h"
 #include "frame/ProgramState.h"
 #include "pages/view/TextControl.h"

@@ -4,7 +4,7 @@
 #include "PaintWatch.h"
 #include "Times.h"
 #include "assessment/QuestionForm.h"
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
 #include "support/Gui.h"

@@ -4,7 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "Times.h"
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
 #include "support/Store.h"

@@ -1,7 +1,7 @@
 #include "assessment/QuestionForm.h"
 
 #include "assessment/TestReview.h"
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "coursescreen/Form1.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"
@@ -65,15 +65,15 @@ QuestionForm::QuestionForm()
   picture2_->Click = [this] { Picture2_Click(); };
   picture1_->MouseMove = [this] { LightUp(nullptr); };
   page_.MouseOverPage = [this] { SetMousePointer(kPointerDefault); };
-  page_.MouseOverItem = [this] { SetMousePointer(kPointerHand); };
-  page_.ItemClick = [this](int index) { Label1_Click(index); };
+  page_.Items().MouseOver = [this] { SetMousePointer(kPointerHand); };
+  page_.Items().Click = [this](int index) { Label1_Click(index); };
 }
 
 SkinButton* QuestionForm::AddButton(const QString& name, const Place& place, const ButtonImages& images,
                                     const QString& captionName) {
   auto* button = new SkinButton(picture1_, name, images, captionName);
   button->PlaceAt(place);
-  IgnoreErrors([button] { button->Show(Look::Off); });
+  button->Show(Look::Off);
   button->MouseMove = [this, button] { LightUp(button); };
   button->GotFocus = [this, button] { LightUp(button); };
   button->LostFocus = [this, button] {
@@ -105,7 +105,7 @@ bool QuestionForm::InitTest() {
   IgnoreErrors([&] {
     if (!run_.Start(pageName)) return;
     q_But_->SetCaption(LoadStringResource(kResAnswer));
-    page_.HideReviewItems();
+    page_.Items().Hide();
     ShowQuestion();
     found = true;
   });
@@ -164,7 +164,6 @@ void QuestionForm::ShowResult() {
   q_But_->SetCaption(LoadStringResource(kResCloseTest));
   q_But_->SetFocus();  // Enter closes, unless the learner goes to an item
   page_.ClearQuestion();
-  page_.HideReviewItems();
   page_.SetHeading(ResultLine(), kResultHead);
   const bool allCorrect = run_.CorrectAnswers() == run_.QuestionCount();
   const bool lists = !allCorrect && !gReviewItems.first().ItemLabel.isEmpty();
@@ -224,18 +223,17 @@ void QuestionForm::Label1_Click(int index) {
   auto& review = Default<TestReview>();
   review.MarkOpen(index);
   MarkVisited(index);
-  review.lower();
   auto* screen = LoadedForm<Form1>();
   review.Show(FormMode::Modeless, screen);
+  if (screen != nullptr) {  // the list only floats above the page: the keys are the course screen's
+    screen->activateWindow();
+    FormLife::SetActive(screen);
+  }
   GoToReviewPage(index);
-  if (screen == nullptr) return;
-  // The list only floats above the page: the keys are the course screen's.
-  screen->activateWindow();
-  FormLife::SetActive(screen);
 }
 
 void QuestionForm::MarkVisited(int index) {
-  page_.Items().at(static_cast<size_t>(index))->SetForeColor(kVisited);
+  page_.Items().SetColour(index, kVisited);
 }
 
 void QuestionForm::GoToReviewPage(int index) {
@@ -255,7 +253,7 @@ void QuestionForm::GoToReviewPage(int index) {
 }
 
 void QuestionForm::Form_KeyUp(int key, Qt::KeyboardModifiers) {
-  const int item = page_.FocusedItem();
+  const int item = page_.Items().Focused();
   switch (key) {
     case Qt::Key_Return:
       if (item >= 0) {

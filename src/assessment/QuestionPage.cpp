@@ -1,16 +1,10 @@
 #include "assessment/QuestionPage.h"
 
 #include <QWidget>
-#include <cmath>
 
 #include "frame/Captions.h"
-#include "frame/Rounding.h"
-#include "platform/forms/AccessibleRole.h"
 #include "platform/forms/Announcement.h"
 #include "platform/forms/Frame.h"
-#include "platform/forms/Label.h"
-#include "platform/forms/PictureBox.h"
-#include "platform/forms/VScrollBar.h"
 #include "texts/ResConstants.h"
 #include "texts/TextTable.h"
 
@@ -18,7 +12,6 @@ namespace {
 
 namespace Layout {  // twips
 constexpr Place Picture3{450, 1080, 14400, 9360};
-constexpr double ScrollBarWidth = 240;
 constexpr double Left = 150, Top = 150, Width = 13950;
 constexpr double AnswerLeft = 240, AnswerWidth = Width - 2 * AnswerLeft;
 constexpr double HeadingGap = 400, FrameMargin = 240, AnswerGap = 210, ItemGap = 300, VerdictGap = 240;
@@ -27,7 +20,13 @@ constexpr double HeadPoints = 14.25, TextPoints = 12, AnswerPoints = 11;
 constexpr int SmallChange = 1, LargeChange = 15;
 }  // namespace Layout
 
-constexpr int kBlack = 0x000000, kText = 0x333333, kWrong = 0xC0C0C0, kItem = 0xFF6666;
+constexpr int kBlack = 0x000000, kText = 0x333333, kWrong = 0xC0C0C0;
+
+const ReviewLinksDesign kItems{{Layout::AnswerLeft, Layout::FrameMargin, Layout::AnswerWidth, 0},
+                               Layout::ItemGap,
+                               Layout::TextPoints,
+                               0xFF6666,
+                               true};
 
 double Below(const Control& control) {
   return control.Top() + control.Height();
@@ -37,35 +36,28 @@ double Below(const Control& control) {
 
 // The controls stand in reading order, which is the order of the Tab key.
 QuestionPage::QuestionPage(QWidget* container)
-    : picture3_(new PictureBox(container, QStringLiteral("Picture3"))),
-      picture4_(new PictureBox(picture3_, QStringLiteral("Picture4"))),
-      vScroll1_(new VScrollBar(container, QStringLiteral("VScroll1"))),
+    : scroll_(container, "Picture3", "Picture4"),
       label7_(AddLabel("Label7", Layout::HeadPoints, false)),
       label8_(AddLabel("Label8", Layout::TextPoints, false)),
-      frame1_(new Frame(picture4_, QStringLiteral("Frame1"))),
+      frame1_(new Frame(&scroll_.Page(), QStringLiteral("Frame1"))),
+      items_(frame1_, kItems),
       label5_(AddLabel("Label5", Layout::HeadPoints, true)),
       label6_(AddLabel("Label6", Layout::TextPoints, true)),
       label10_(AddLabel("Label10", Layout::TextPoints, false)),
       testLabel_(AddLabel("TestLabel", Layout::AnswerPoints, true)) {
-  picture3_->Move(Layout::Picture3);
-  picture4_->Move(0, 0, Layout::Picture3.Width, Layout::Picture3.Height);
-  vScroll1_->SetWidth(Layout::ScrollBarWidth);
-  vScroll1_->SetVisible(false);
-  vScroll1_->Scroll = [this] { ScrollTo(vScroll1_->Value()); };
-  vScroll1_->Change = [this] { ScrollTo(vScroll1_->Value()); };
-  vScroll1_->SetAccessibleName(LoadStringResource(kResPage));
-  vScroll1_->TakeWheelOf(picture3_);
+  scroll_.Viewport().Move(Layout::Picture3);
+  scroll_.Page().Move(0, 0, Layout::Picture3.Width, Layout::Picture3.Height);
   frame1_->Move(Layout::Left, 0, Layout::Width, 0);
   testLabel_->SetVisible(false);
-  for (Control* ground : std::initializer_list<Control*>{picture4_, label8_, frame1_})
+  for (Control* ground : std::initializer_list<Control*>{&scroll_.Page(), label8_, frame1_})
     ground->MouseMove = [this] { MouseOverPage.Raise(); };
   LoadAnswer(option1_, "Option1");
   LoadAnswer(check1_, "Check1");
-  LoadItem();
+  items_.GotFocus = [this](int index) { BringIntoView(items_.Item(index)); };
 }
 
 Label* QuestionPage::AddLabel(const char* name, double points, bool bold) {
-  auto* label = new Label(picture4_, QString::fromLatin1(name));
+  auto* label = new Label(&scroll_.Page(), QString::fromLatin1(name));
   label->Move(Layout::Left, Layout::Top, Layout::Width, 0);
   label->SetFont(points, bold);
   label->SetForeColor(kText);
@@ -94,30 +86,6 @@ Button* QuestionPage::LoadAnswer(std::vector<Button*>& buttons, const char* name
   return button;
 }
 
-Label* QuestionPage::LoadItem() {
-  const int index = static_cast<int>(label1_.size());
-  auto* item = new Label(frame1_, ElementName("Label1", index));
-  item->setFocusPolicy(Qt::StrongFocus);
-  SetAccessibleRole(*item, QAccessible::Link);
-  if (label1_.empty()) {
-    item->Move(Layout::AnswerLeft, Layout::FrameMargin, Layout::AnswerWidth, 0);
-  } else {
-    item->Move(label1_.front()->Left(), 0, label1_.front()->Width(), 0);
-    QWidget::setTabOrder(label1_.back(), item);
-  }
-  item->SetFont(Layout::TextPoints, true);
-  item->SetUnderline(true);
-  item->SetAutoSize(true);
-  item->SetForeColor(kItem);
-  item->SetVisible(false);
-  item->setAttribute(Qt::WA_NoMousePropagation);  // the mouse over an item is not over the frame
-  item->MouseMove = [this] { MouseOverItem.Raise(); };
-  item->Click = [this, index] { ItemClick.Raise(index); };
-  item->GotFocus = [this, item] { BringIntoView(*item); };
-  label1_.push_back(item);
-  return item;
-}
-
 template <typename Button>
 void QuestionPage::ClearAnswers(const std::vector<Button*>& buttons) {
   for (Button* button : buttons) {
@@ -139,18 +107,13 @@ void QuestionPage::HideFeedback() {
     label->SetVisible(false);
 }
 
-void QuestionPage::HideReviewItems() {
-  for (Label* item : label1_)
-    item->SetVisible(false);
-}
-
 void QuestionPage::SetHeading(const QString& text, int colour) {
   label7_->SetForeColor(colour);
   label7_->SetCaption(text);
 }
 
 void QuestionPage::SetVisible(bool visible) {
-  picture3_->SetVisible(visible);
+  scroll_.Viewport().SetVisible(visible);
 }
 
 void QuestionPage::PlaceBelowHeading() {
@@ -236,34 +199,14 @@ int QuestionPage::ShowVerdict(const QString& verdict, const QString& explanation
 
 void QuestionPage::ShowReviewItems(const QString& hint, const QList<ReviewItem>& items) {
   // An empty frame is not shown and takes no room.
-  frame1_->SetVisible(!items.isEmpty());
-  frame1_->SetHeight(0);
-  Announce(*label7_);
-  if (items.isEmpty()) return;
-  label8_->SetCaption(hint);
-  label8_->SetVisible(true);
+  items_.Hide();
+  const bool lists = !items.isEmpty();
+  label8_->SetCaption(lists ? hint : QString());
+  label8_->SetVisible(lists);
+  frame1_->SetVisible(lists);
   frame1_->SetAccessibleName(hint);
-  PlaceItems(items);
-}
-
-void QuestionPage::PlaceItems(const QList<ReviewItem>& items) {
-  double bottom = 0;
-  for (int i = 0; i < items.size(); ++i) {
-    Label* item = i < static_cast<int>(label1_.size()) ? label1_[static_cast<size_t>(i)] : LoadItem();
-    item->SetCaption(items.at(i).ItemLabel);
-    item->SetForeColor(kItem);
-    item->SetTop(i == 0 ? Layout::FrameMargin : bottom + Layout::ItemGap);
-    item->SetVisible(true);
-    bottom = Below(*item);
-  }
-  frame1_->SetHeight(bottom + Layout::FrameMargin);
-}
-
-int QuestionPage::FocusedItem() const {
-  for (size_t i = 0; i < label1_.size(); ++i) {
-    if (label1_[i]->Visible() && label1_[i]->HasFocus()) return static_cast<int>(i);
-  }
-  return -1;
+  frame1_->SetHeight(lists ? items_.Show(items) + Layout::FrameMargin : 0);
+  Announce(*label7_);
 }
 
 int QuestionPage::GetQuesionPageSize(int state) const {
@@ -278,31 +221,15 @@ int QuestionPage::GetQuesionPageSize(int state) const {
 }
 
 void QuestionPage::Resize_Test(int mode, int size) {
-  const bool fits = picture3_->Height() >= size;
-  const double height = fits ? picture3_->Height() : size;
-  picture4_->Move(0, picture4_->Top(), picture3_->Width(), height);
-  vScroll1_->SetVisible(!fits);
-  vScroll1_->Move(picture3_->Left() + picture3_->Width(), picture3_->Top(), vScroll1_->Width(),
-                  picture3_->Height());
-  vScroll1_->SetMin(0);
-  vScroll1_->SetMax(RoundHalfToEven((height - picture3_->Height()) / Layout::ScrollUnit));
-  vScroll1_->SetSmallChange(Layout::SmallChange);
-  vScroll1_->SetLargeChange(Layout::LargeChange);
-  vScroll1_->SetValue(mode == 1 ? vScroll1_->Min() : vScroll1_->Max());
-  ScrollTo(vScroll1_->Value());
-}
-
-void QuestionPage::ScrollTo(int value) {
-  picture4_->SetTop(-Layout::ScrollUnit * value);
+  scroll_.Fit(size, Layout::ScrollUnit);
+  scroll_.Bar().SetSmallChange(Layout::SmallChange);
+  scroll_.Bar().SetLargeChange(Layout::LargeChange);
+  if (mode != 1) scroll_.GoToEnd();
 }
 
 // An answer or item that is reached by a key comes into view.
 void QuestionPage::BringIntoView(const Control& control) {
   if (!control.FocusCameByKey()) return;
-  const double top = frame1_->Top() + control.Top(), bottom = top + control.Height();
-  if (top < -picture4_->Top()) {
-    vScroll1_->SetValue(static_cast<int>(std::floor(top / Layout::ScrollUnit)));
-  } else if (bottom > picture3_->Height() - picture4_->Top()) {
-    vScroll1_->SetValue(static_cast<int>(std::ceil((bottom - picture3_->Height()) / Layout::ScrollUnit)));
-  }
+  const double top = frame1_->Top() + control.Top();
+  scroll_.BringIntoView(top, top + control.Height());
 }

@@ -6,14 +6,12 @@
 #include <QString>
 #include <vector>
 
+#include "assessment/ReviewLinks.h"
+#include "assessment/ScrollingPage.h"
 #include "assessment/TestRun.h"
-#include "platform/forms/CheckBox.h"
-#include "platform/forms/OptionButton.h"
+#include "platform/forms/ToggleButton.h"
 
 class Frame;
-class Label;
-class PictureBox;
-class VScrollBar;
 
 class QuestionPage {
  public:
@@ -24,7 +22,6 @@ class QuestionPage {
   void FitMeasure();
   // Takes the answers and the feedback off the page.
   void ClearQuestion();
-  void HideReviewItems();
 
   // The head line; the colour is 0xBBGGRR.
   void SetHeading(const QString& text, int colour);
@@ -49,14 +46,10 @@ class QuestionPage {
   // Fits page and scroll bar to a height in twips. Mode 1 goes to the top, any other to the bottom.
   void Resize_Test(int mode, int size);
 
-  // The review items; an element is there once it has been on show.
-  const std::vector<Label*>& Items() const { return label1_; }
-  Event<int> ItemClick;
-  // The item that has the focus, -1 for none.
-  int FocusedItem() const;
+  ReviewLinks& Items() { return items_; }
 
-  // The mouse is over the page or its frame; over a review item.
-  Event<> MouseOverPage, MouseOverItem;
+  // The mouse is over the page or its frame.
+  Event<> MouseOverPage;
 
  private:
   template <typename Button>
@@ -68,19 +61,15 @@ class QuestionPage {
   template <typename Button>
   void MarkAnswers(const std::vector<Button*>& buttons);
   Label* AddLabel(const char* name, double points, bool bold);
-  Label* LoadItem();
-  void PlaceItems(const QList<ReviewItem>& items);
   void HideFeedback();
-  void ScrollTo(int value);
   void BringIntoView(const Control& control);
 
-  PictureBox *picture3_, *picture4_;
-  VScrollBar* vScroll1_;
+  ScrollingPage scroll_;
   Label *label7_, *label8_;
   Frame* frame1_;
   std::vector<OptionButton*> option1_;
   std::vector<CheckBox*> check1_;
-  std::vector<Label*> label1_;
+  ReviewLinks items_;
   Label *label5_, *label6_, *label10_;
   Label* testLabel_;  // never seen: a text is put in it to learn the height that it needs
   QuestionRecord question_;

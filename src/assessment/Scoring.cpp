@@ -1,6 +1,6 @@
 #include "assessment/Scoring.h"
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "frame/ProgramState.h"
 #include "frame/Rounding.h"
 #include "learners/ProgressFile.h"

@@ -2,14 +2,11 @@
 // missing: the list of review items, and the way back to the result page.
 #pragma once
 
-#include <vector>
-
+#include "assessment/ReviewLinks.h"
+#include "assessment/ScrollingPage.h"
 #include "platform/forms/Form.h"
-#include "platform/forms/Label.h"
 #include "platform/forms/SkinButton.h"
 #include "platform/forms/Timer.h"
-
-class VScrollBar;
 
 class TestReview final : public Form {
  public:
@@ -33,8 +30,6 @@ class TestReview final : public Form {
   void Form_MouseMove() override;
 
  private:
-  Label* LoadItem();
-  void ScrollTo(int value);
   void Label1_Click(int index);
   // The item that was open has been visited.
   void MarkOpenAsVisited();
@@ -44,11 +39,9 @@ class TestReview final : public Form {
   double FrameWidth() const;
   double FrameHeight() const;
 
-  PictureBox *picture1_, *picture2_;
-  std::vector<Label*> label1_;
-  VScrollBar* vScroll1_;
+  ScrollingPage scroll_;
+  ReviewLinks items_;
   SkinButton* command1_;
   Timer timer1_{this, QStringLiteral("Timer1")};
   double savedLeft_ = 0, savedTop_ = 0;
-  double items_ = 1;  // in the list
 };

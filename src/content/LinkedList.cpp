@@ -217,3 +217,9 @@ void LinkedList::ReadMap(TextStream& map, QString& moduleName, AddOperation add)
     (this->*add)(page.Name, page.Type, page.TopName, true);
   }
 }
+
+QString TopicOfPage() {
+  QString topic;
+  IgnoreErrors([&topic] { topic = gPageList.GetCurrentPageTopName(); });
+  return topic;
+}

@@ -6,9 +6,16 @@
 #include <QStringList>
 #include <deque>
 
-#include "content/Node.h"
-
 class TextStream;
+
+// One page of the list, which owns it.
+struct Node {
+  QString PageName;  // file name; empty on the head node
+  QString PageType;  // "Topic", "Test", or any other word for a plain page
+  QString TopName;   // topic name, empty unless the page starts a topic
+  Node* Prev = nullptr;
+  Node* Next = nullptr;
+};
 
 class LinkedList {
  public:
@@ -89,3 +96,9 @@ class LinkedList {
   int pageCount_ = 0;
   QString mapName_;  // of the map that was read last, for descriptions
 };
+
+// The page list of the open module. The course screen owns its content; others ask it for the page.
+inline LinkedList gPageList;
+
+// The topic that the current page is recorded under: empty where its map names none at or before it.
+QString TopicOfPage();

@@ -1,8 +1,7 @@
 #include "coursescreen/ButtonHover.h"
 
-#include <utility>
-
-#include "coursescreen/ButtonPictures.h"
+#include "coursescreen/CourseControls.h"
+#include "coursescreen/Menus.h"
 #include "frame/ProgramState.h"
 #include "texts/ResConstants.h"
 #include "texts/TextTable.h"
@@ -10,10 +9,6 @@
 namespace {
 
 using Look = SkinButton::Look;
-
-void PutOut(SkinButton* button) {
-  if (button->Enabled()) button->Show(Look::Off);
-}
 
 QString ReturnTip() {
   const QString blank(QLatin1Char(' '));
@@ -27,68 +22,42 @@ QString TipOfLabelled(int string) {
 
 }  // namespace
 
-ButtonHover::ButtonHover(const HoverButtons& buttons, Hover& hover, ToolTip& tip)
-    : buttons_(buttons), hover_(hover), tip_(tip) {
-  buttons_.NextBtn->MouseMove = [this] { LightPageButton(buttons_.NextBtn, buttons_.Prev, kResNextPage); };
-  buttons_.Prev->MouseMove = [this] { LightPageButton(buttons_.Prev, buttons_.NextBtn, kResPreviousPage); };
-  buttons_.Return_Btn->MouseMove = [this] {
-    Light(buttons_.Return_Btn, ReturnTip(), [this] { PutOut(buttons_.Return_Btn); });
+ButtonHover::ButtonHover(const CourseControls& controls, Menus& menus, Hover& hover, ToolTip& tip)
+    : controls_(controls), menus_(menus), hover_(hover), tip_(tip) {
+  controls_.NextBtn->MouseMove = [this] { Light(controls_.NextBtn, LoadStringResource(kResNextPage)); };
+  controls_.Prev->MouseMove = [this] { Light(controls_.Prev, LoadStringResource(kResPreviousPage)); };
+  controls_.Return_Btn->MouseMove = [this] { Light(controls_.Return_Btn, ReturnTip()); };
+  controls_.Exit_Pic->MouseMove = [this] {
+    LightBarButton(controls_.Exit_Pic, LoadStringResource(kResExitCourse));
   };
-  buttons_.Exit_Pic->MouseMove = [this] {
-    if (gAppPath.isEmpty()) return;
-    PutOut(buttons_.Min_btn);
-    PutOutToolbarBeside();
-    LightBarButton(buttons_.Exit_Pic, LoadStringResource(kResExitCourse));
+  controls_.Min_btn->MouseMove = [this] {
+    LightBarButton(controls_.Min_btn, LoadStringResource(kResMinimize));
   };
-  buttons_.Min_btn->MouseMove = [this] {
-    PutOut(buttons_.Exit_Pic);
-    PutOutToolbarBeside();
-    LightBarButton(buttons_.Min_btn, LoadStringResource(kResMinimize));
+  controls_.toolBar_But->MouseMove = [this] {
+    controls_.toolBar_But->SetImages(menus_.ToolbarFrameVisible() ? kToolbarOpenImages
+                                                                  : kToolbarClosedImages);
+    LightBarButton(controls_.toolBar_But, TipOfLabelled(kResToolbar));
   };
-  buttons_.toolBar_But->MouseMove = [this] { LightToolbar(); };
-  buttons_.Modules->MouseMove = [this] { LightModules(); };
+  controls_.Modules->MouseMove = [this] {
+    menus_.ModulesReached();
+    Light(controls_.Modules, TipOfLabelled(kResModules));
+  };
 }
 
-void ButtonHover::Light(SkinButton* button, const QString& tip, std::function<void()> putOut) {
-  // First of all, so that a picture that can't be loaded leaves no button watched by nobody.
-  hover_.Enter(*button, [this, putOut = std::move(putOut)] {
-    tip_.HideToolTip();
-    putOut();
-  });
+void ButtonHover::Light(SkinButton* button, const QString& tip) {
+  if (gAppPath.isEmpty()) return;
+  hover_.Enter(*button, [this, button] { Left(button); });
   tip.isEmpty() ? tip_.HideToolTip() : tip_.ShowToolTip(*button, tip);
   if (button->Enabled()) button->Show(Look::On);
 }
 
-void ButtonHover::LightPageButton(SkinButton* button, SkinButton* neighbour, int tip) {
-  if (gAppPath.isEmpty()) return;
-  PutOut(neighbour);
-  Light(button, LoadStringResource(tip), [button] { PutOut(button); });
+void ButtonHover::Left(SkinButton* button) {
+  tip_.HideToolTip();
+  const bool holdsMenu = button == controls_.Modules && menus_.ModuleMenuIsOpen();
+  if (button->Enabled() && !holdsMenu) button->Show(Look::Off);
 }
 
 void ButtonHover::LightBarButton(SkinButton* button, const QString& tip) {
   tip_.HideToolTip();  // it comes back when the pointer rests
-  Light(button, tip, [button] { PutOut(button); });
-}
-
-void ButtonHover::LightToolbar() {
-  SkinButton* button = buttons_.toolBar_But;
-  PutOut(buttons_.Exit_Pic);
-  PutOut(buttons_.Min_btn);
-  button->SetImages(buttons_.ToolbarFrameVisible() ? kToolbarOpenImages : kToolbarClosedImages);
-  LightBarButton(button, TipOfLabelled(kResToolbar));
-}
-
-// Kept: it is the frame that is asked for, and not the menu's window. Once the menu is built the toolbar
-// button stays lit behind a fast move to a neighbour.
-void ButtonHover::PutOutToolbarBeside() {
-  if (buttons_.ToolbarFrameVisible()) return;
-  buttons_.toolBar_But->SetImages(kToolbarOpenImages);
-  PutOut(buttons_.toolBar_But);
-}
-
-void ButtonHover::LightModules() {
-  buttons_.ModulesReached();
-  Light(buttons_.Modules, TipOfLabelled(kResModules), [this] {
-    if (!buttons_.ModuleMenuOpen()) PutOut(buttons_.Modules);
-  });
+  Light(button, tip);
 }

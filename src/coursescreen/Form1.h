@@ -3,16 +3,14 @@
 #pragma once
 
 #include "coursescreen/ButtonHover.h"
+#include "coursescreen/CourseControls.h"
 #include "coursescreen/Keyboard.h"
 #include "coursescreen/Menus.h"
 #include "coursescreen/MovieStage.h"
 #include "coursescreen/PageLinks.h"
 #include "coursescreen/PageTurning.h"
 #include "platform/forms/Form.h"
-#include "platform/forms/SkinButton.h"
 #include "platform/forms/Timer.h"
-
-class TextControl;
 
 class Form1 final : public Form {
  public:
@@ -31,7 +29,7 @@ class Form1 final : public Form {
   void TopicClickProc(const int& row) { menus_.TopicClickProc(row); }
 
   // Where the buttons of the lower bar begin, in twips from the screen's top.
-  double NextButtonTop() const { return nextBtn_->Top(); }
+  double NextButtonTop() const { return controls_.NextBtn->Top(); }
 
   PageTurning& Pages() { return pages_; }
   const PageTurning& Pages() const { return pages_; }
@@ -44,20 +42,12 @@ class Form1 final : public Form {
   void Form_KeyUp(int key, Qt::KeyboardModifiers modifiers) override;
 
  private:
-  // Makes a button of the screen's bars; `captionName` empty: it has no caption.
-  SkinButton* AddButton(const QString& name, const Place& place, const ButtonImages& images,
-                        const QString& captionName = {}, const Place& captionPlace = {});
-  void SetToolCaptions();
   void PutOutUnlessPointed(SkinButton& button);
   void Timer1_Timer();
   // The question before leaving; on yes the page is recorded and the trademark pages begin.
   bool AgreeToLeave();
 
-  PictureBox* picture2_;
-  Label* label1_;
-  TextControl* txTextControl1_;
-  SkinButton *exit_Pic_, *min_btn_, *toolBar_But_, *modules_, *return_Btn_, *prev_, *nextBtn_;
-  Label* courseNameLbl_;
+  CourseControls controls_{*this};
   Hover hover_;
   ToolTip toolTip_;
   MovieStage movies_;

@@ -26,6 +26,7 @@ Hover::Hover(Form& form) : form_(form), tmrMouseLeave_(&form, QStringLiteral("tm
 }
 
 void Hover::Enter(Control& control, std::function<void()> leave) {
+  if (hoverControl_ != control.Widget()) Leave();
   form_.SetMousePointer(kPointerHand);
   hoverControl_ = control.Widget();
   leave_ = std::move(leave);
@@ -36,6 +37,10 @@ void Hover::TmrMouseLeave_Timer() {
   if (hoverControl_ != nullptr && PointerIsOn(*hoverControl_)) return;
   tmrMouseLeave_.SetEnabled(false);
   form_.SetMousePointer(kPointerDefault);
+  Leave();
+}
+
+void Hover::Leave() {
   const bool gone = std::exchange(hoverControl_, nullptr) == nullptr;
   const auto leave = std::exchange(leave_, {});
   if (!gone && leave) leave();

@@ -17,8 +17,8 @@ class Hover {
 
   // The pointer is on `control`, which stands in a container: the form's pointer becomes the hand. Once
   // the pointer has left the control's place, hidden or not, the form's pointer goes back to the default
-  // and `leave` runs, within 100 ms. The next Enter replaces both without running `leave`; a control that
-  // goes takes its `leave` along.
+  // and `leave` runs, within 100 ms. The Enter of another control runs it at once; a control that goes takes
+  // its `leave` along.
   void Enter(Control& control, std::function<void()> leave = {});
 
   // Whether the pointer is within the place of a control, hidden or not.
@@ -26,6 +26,7 @@ class Hover {
 
  private:
   void TmrMouseLeave_Timer();
+  void Leave();
 
   Form& form_;
   Timer tmrMouseLeave_;

@@ -1,9 +1,8 @@
 #include "coursescreen/Keyboard.h"
 
+#include "coursescreen/CourseControls.h"
 #include "coursescreen/Form1.h"
 #include "coursescreen/Menus.h"
-#include "platform/RunTimeError.h"
-#include "platform/forms/SkinButton.h"
 
 namespace {
 
@@ -13,7 +12,7 @@ class PutOutBehind {
  public:
   explicit PutOutBehind(SkinButton& button) : button_(button) {}
   ~PutOutBehind() {
-    if (button_.Enabled()) IgnoreErrors([this] { button_.Show(SkinButton::Look::Off); });
+    if (button_.Enabled()) button_.Show(SkinButton::Look::Off);
   }
   PutOutBehind(const PutOutBehind&) = delete;
   PutOutBehind& operator=(const PutOutBehind&) = delete;
@@ -64,21 +63,21 @@ void Keyboard::Plain(int key) {
 }
 
 void Keyboard::NextByKey() {
-  if (!nextBtn_.Enabled()) return;
-  const PutOutBehind putOut(nextBtn_);
+  if (!controls_.NextBtn->Enabled()) return;
+  const PutOutBehind putOut(*controls_.NextBtn);
   menus_.CloseAllMenus();
   screen_.NextPage();
 }
 
 void Keyboard::PrevByKey() {
-  if (!prev_.Enabled()) return;
-  const PutOutBehind putOut(prev_);
+  if (!controls_.Prev->Enabled()) return;
+  const PutOutBehind putOut(*controls_.Prev);
   menus_.CloseAllMenus();
   screen_.PrevPage();
 }
 
 void Keyboard::ReturnByKey() {
-  if (!return_Btn_.Enabled()) return;
-  const PutOutBehind putOut(return_Btn_);
+  if (!controls_.Return_Btn->Enabled()) return;
+  const PutOutBehind putOut(*controls_.Return_Btn);
   screen_.Pages().ReturnToPreviousPlace();
 }

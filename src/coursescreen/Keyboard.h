@@ -6,12 +6,12 @@
 
 class Form1;
 class Menus;
-class SkinButton;
+struct CourseControls;
 
 class Keyboard {
  public:
-  Keyboard(Form1& screen, Menus& menus, SkinButton& nextBtn, SkinButton& prev, SkinButton& return_Btn)
-      : screen_(screen), menus_(menus), nextBtn_(nextBtn), prev_(prev), return_Btn_(return_Btn) {}
+  Keyboard(Form1& screen, const CourseControls& controls, Menus& menus)
+      : screen_(screen), controls_(controls), menus_(menus) {}
 
   void KeyReleased(int key, Qt::KeyboardModifiers modifiers);
 
@@ -23,8 +23,6 @@ class Keyboard {
   void ReturnByKey();
 
   Form1& screen_;
+  const CourseControls& controls_;
   Menus& menus_;
-  SkinButton& nextBtn_;
-  SkinButton& prev_;
-  SkinButton& return_Btn_;
 };

@@ -1,5 +1,6 @@
 #include "coursescreen/Menus.h"
 
+#include "coursescreen/CourseControls.h"
 #include "coursescreen/PageTurning.h"
 #include "coursescreen/ToolTip.h"
 #include "pages/view/TextControl.h"
@@ -20,16 +21,16 @@ PictureBox* AddFocusSink(PictureBox* container) {
 
 }  // namespace
 
-Menus::Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover, ToolTip& tip)
+Menus::Menus(Form& form, const CourseControls& controls, PageTurning& pages, Hover& hover, ToolTip& tip)
     : form_(form),
       controls_(controls),
       pages_(pages),
-      picture1_(AddFocusSink(controls.Container)),
-      toolbar_(form, controls.Container, *controls.ToolBar_But, pages, hover),
-      topics_(form, controls.Container, hover),
-      modules_(form, controls.Container, *controls.Modules, topics_, hover) {
+      picture1_(AddFocusSink(controls.Picture2)),
+      toolbar_(form, controls, pages, hover),
+      topics_(form, controls.Picture2, hover),
+      modules_(form, controls, topics_, hover) {
   controls_.Modules->Click = [this] { ModLabelClick(); };
-  controls_.ToolBar_But->Click = [this] { toolBarButClick(); };
+  controls_.toolBar_But->Click = [this] { toolBarButClick(); };
   toolbar_.ItemChosen = [this] { CloseAllMenus(); };
   // A row replaces the button that the pointer came from before that one's leave has hidden its tip.
   modules_.Reached = [&tip] { tip.HideToolTip(); };
@@ -47,14 +48,14 @@ void Menus::CloseOnClicks() {
   for (SkinButton* button : {controls_.NextBtn, controls_.Prev, controls_.Return_Btn, controls_.Exit_Pic}) {
     button->MouseDown = [this] { CloseAllMenus(); };
   }
-  for (Label* label : {controls_.Header, controls_.CourseName})
+  for (Label* label : {controls_.Label1, controls_.CourseNameLbl})
     label->Click = [this] { CloseAllMenus(); };
-  controls_.Page->Click = [this] {
+  controls_.TXTextControl1->Click = [this] {
     CloseAllMenus();
-    controls_.Page->parentWidget()->raise();
-    controls_.Page->SetCurrentObject(0);
+    controls_.Picture2->raise();
+    controls_.TXTextControl1->SetCurrentObject(0);
   };
-  controls_.Page->GotFocus = [this] { CloseAllMenus(); };  // the keys now walk its links
+  controls_.TXTextControl1->GotFocus = [this] { CloseAllMenus(); };  // the keys now walk its links
 }
 
 void Menus::Build() {
@@ -86,8 +87,10 @@ void Menus::toolBarButClick() {
 }
 
 void Menus::TopicMoveProc(int row) {
-  modules_.StopWaiting();
+  // Behind the highlight, which starts the wait where the pointer came over another module: the topics would
+  // open anew under it.
   modules_.HighlightModule(modules_.OpenTopicModule());
+  modules_.StopWaiting();
   topics_.HighlightTopic(row);
 }
 
@@ -153,7 +156,7 @@ void Menus::TakeBack() {
     topics_.CloseTopicMenu();
     return;
   }
-  SkinButton* button = toolbar_.IsOpen() ? controls_.ToolBar_But : controls_.Modules;
+  SkinButton* button = toolbar_.IsOpen() ? controls_.toolBar_But : controls_.Modules;
   CloseAllMenus();
   button->SetFocus();
 }

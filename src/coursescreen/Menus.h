@@ -5,21 +5,12 @@
 #include "coursescreen/Toolbar.h"
 #include "coursescreen/TopicMenu.h"
 
-class TextControl;
 class ToolTip;
-
-// The controls of the course screen that open or close a menu.
-struct MenuControls {
-  PictureBox* Container;
-  SkinButton *Modules, *ToolBar_But;
-  SkinButton *Exit_Pic, *Return_Btn, *Prev, *NextBtn;
-  Label *Header, *CourseName;
-  TextControl* Page;
-};
+struct CourseControls;
 
 class Menus {
  public:
-  Menus(Form& form, const MenuControls& controls, PageTurning& pages, Hover& hover, ToolTip& tip);
+  Menus(Form& form, const CourseControls& controls, PageTurning& pages, Hover& hover, ToolTip& tip);
 
   // When the screen loads, with its course open.
   void Build();
@@ -36,6 +27,8 @@ class Menus {
   // The pointer has come upon the button of the modules.
   void ModulesReached() { modules_.StopScrollingDown(); }
   bool ModuleMenuIsOpen() const { return modules_.IsOpen(); }
+  // Of the toolbar's frame, which stays visible while its window is closed.
+  bool ToolbarFrameVisible() const { return toolbar_.FrameVisible(); }
 
   // Up and Down point at the next row of the open menu, Enter chooses it: an item, a topic, or a module,
   // whose topics the keys then work. Escape takes back one of these. False for any other key, and where no
@@ -52,7 +45,7 @@ class Menus {
   bool KeysAreInTopics() const { return topics_.IsOpen() && topics_.HoverTopic() >= 0; }
 
   Form& form_;
-  MenuControls controls_;
+  const CourseControls& controls_;
   PageTurning& pages_;
   PictureBox* picture1_;
   Toolbar toolbar_;

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "coursescreen/CourseControls.h"
 #include "coursescreen/Hover.h"
 #include "coursescreen/TopicMenu.h"
 #include "frame/ProgramState.h"
-#include "platform/RunTimeError.h"
 #include "platform/forms/Form.h"
 #include "texts/ResConstants.h"
 #include "texts/TextTable.h"
@@ -39,15 +39,14 @@ const ArrowDesign kDown{
 
 }  // namespace
 
-ModuleMenu::ModuleMenu(Form& form, PictureBox* container, SkinButton& modules, TopicMenu& topics,
-                       Hover& hover)
+ModuleMenu::ModuleMenu(Form& form, const CourseControls& controls, TopicMenu& topics, Hover& hover)
     : form_(form),
-      button_(modules),
+      button_(*controls.Modules),
       topics_(topics),
       hover_(hover),
-      menu_(container, kDesign),
-      menuScrlUp_(form, container, kUp, hover),
-      menuScrlDwn_(form, container, kDown, hover),
+      menu_(controls.Picture2, kDesign),
+      menuScrlUp_(form, controls.Picture2, kUp, hover),
+      menuScrlDwn_(form, controls.Picture2, kDown, hover),
       timer4_(&form, QStringLiteral("Timer4")) {
   timer4_.SetInterval(kTopicDelay);
   timer4_.Tick = [this] { OpenTopics(); };
@@ -86,7 +85,7 @@ void ModuleMenu::UnloadModuleRows() {
 }
 
 void ModuleMenu::OpenModuleMenu() {
-  IgnoreErrors([this] { button_.Show(SkinButton::Look::On); });  // under the pointer it is lit already
+  button_.Show(SkinButton::Look::On);  // under the pointer it is lit already
   openTopicModule_ = -1;
   menu_.SetHover(-1);
   const PictureBox& window = menu_.Window();
@@ -101,7 +100,7 @@ void ModuleMenu::OpenModuleMenu() {
 
 void ModuleMenu::CloseModuleMenu() {
   StopWaiting();
-  if (menu_.IsOpen()) IgnoreErrors([this] { button_.Show(SkinButton::Look::Off); });
+  if (menu_.IsOpen()) button_.Show(SkinButton::Look::Off);
   menu_.Close();
   menuScrlUp_.Hide();
   menuScrlDwn_.Hide();

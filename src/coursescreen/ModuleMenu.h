@@ -7,11 +7,11 @@
 #include "platform/forms/Timer.h"
 
 class TopicMenu;
+struct CourseControls;
 
 class ModuleMenu {
  public:
-  // `modules` is the button that opens the menu.
-  ModuleMenu(Form& form, PictureBox* container, SkinButton& modules, TopicMenu& topics, Hover& hover);
+  ModuleMenu(Form& form, const CourseControls& controls, TopicMenu& topics, Hover& hover);
 
   // The pointer has come upon a row or an arrow.
   Event<> Reached;

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "content/REGISTRY.h"
-#include "coursescreen/PlayerMessage.h"
 #include "frame/ProgramState.h"
 #include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
@@ -24,6 +23,9 @@ const QString kFrameName = QStringLiteral("ImageFrame");
 const QString kFlashName = QStringLiteral("ShockwaveFlash1");
 const QString kOtherName = QStringLiteral("ShockwaveCtl1");  // of both others: never two at once
 const QString kSizeCommand = QStringLiteral("size");
+// Classes of players, behind which a version number may stand.
+const QString kShockwaveClass = QStringLiteral("SWCtl.SWCtl");
+const QString kFlashClass = QStringLiteral("ShockwaveFlash.ShockwaveFlash");
 
 // The file of the movie; empty when the name leads out of the program folder.
 QString MovieFile() {
@@ -50,6 +52,16 @@ void DiscardPlayer(QPointer<MoviePlayer>& player) {
 }
 
 }  // namespace
+
+QString PlayerMessage(const RunTimeError& error, PlayersToldOf players) {
+  const auto* failure = dynamic_cast<const PlayerError*>(&error);
+  if (failure == nullptr) return error.Description();
+  if (failure->Class().startsWith(kShockwaveClass, Qt::CaseInsensitive))
+    return LoadStringResource(kResNeedsShockwave);
+  const bool isFlash = players == PlayersToldOf::ShockwaveAndFlash &&
+                       failure->Class().startsWith(kFlashClass, Qt::CaseInsensitive);
+  return isFlash ? LoadStringResource(kResNeedsFlash) : error.Description();
+}
 
 MovieStage::MovieStage(TextControl& page, std::function<void()> closeMenus)
     : page_(page), closeMenus_(std::move(closeMenus)) {
@@ -94,7 +106,7 @@ void MovieStage::TextControlObjectData(int id, const QString& text) {
       InsertVideo();
     }
   } catch (const RunTimeError& error) {
-    MsgBox(PlayerMessage(error, {kShockwaveControl, kFlashControl}));
+    MsgBox(PlayerMessage(error, PlayersToldOf::ShockwaveAndFlash));
   }
 }
 

@@ -8,7 +8,14 @@
 
 class MoviePlayer;
 class PictureBox;
+class RunTimeError;
 class TextControl;
+
+// What the learner is told of an error on the way to a page: the text that asks for the Shockwave player, and
+// where Flash counts too the one that asks for the Flash player, when the error is theirs; else the
+// description.
+enum class PlayersToldOf { Shockwave, ShockwaveAndFlash };
+QString PlayerMessage(const RunTimeError& error, PlayersToldOf players);
 
 class MovieStage {
  public:

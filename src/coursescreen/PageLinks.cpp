@@ -8,7 +8,7 @@
 #include "coursescreen/PageTurning.h"
 #include "coursescreen/StackControl.h"
 #include "desktop/OpenDocument.h"
-#include "frame/AllModules.h"
+#include "frame/CourseQuestions.h"
 #include "frame/ProgramState.h"
 #include "pages/common/PageLink.h"
 #include "pages/view/TextControl.h"
@@ -17,12 +17,14 @@
 #include "platform/forms/MsgBox.h"
 #include "platform/shell/Opener.h"
 #include "reference/CourseFiles.h"
+#include "texts/Descriptions.h"
 #include "texts/ResConstants.h"
 #include "texts/TextTable.h"
 
 namespace {
 
-constexpr std::array kAddressBeginnings{u"http:", u"www.", u"ftp:", u"w3.", u"gopher:"};
+constexpr std::array kAddressBeginnings{u"http:", u"https:",  u"www.",   u"ftp:",
+                                        u"w3.",   u"gopher:", u"mailto:"};
 const QString kPageExtension = QStringLiteral(".txm");
 const QString kHiddenFolder = QStringLiteral("Hidden\\");  // documents that the repository does not list
 constexpr int kNoLeadIn = 0;
@@ -85,7 +87,6 @@ void PageLinks::TextControlLinkClicked(int /*identifier*/, int kind, QString& ta
     OpenCourseDocument(target);
     return;
   }
-  page_.LoadOption(TextControl::kShowPages, true);
   const qsizetype mark = target.indexOf(u'#');
   mark >= 0 ? ShowPlaceInFile(target, mark) : JumpToPage(linkText, target);
 }
@@ -97,6 +98,10 @@ void PageLinks::OpenWebLink(const QString& linkText, const QString& surveyText, 
       MsgBox(LoadStringResource(kResSurveyNeedsAllModules));
       return;
     }
+  }
+  if (WebAddress(target).isEmpty()) {
+    MsgBox(Describe("address-malformed", target));
+    return;
   }
   ShellExecuteA({QStringLiteral("Open"), target, {}, {}, kShowNormal});
   screen_.Minimise();
@@ -119,8 +124,9 @@ void PageLinks::JumpToPage(const QString& linkText, const QString& target) {
   PushReturnPoint();
   // The skip link is known by its words alone; what its target says is not read.
   const bool skips = linkText == LoadStringResource(kResSkipNavigation);
-  const QString id = skips ? ModuleAt(gCurrentModule + 1).ModuleId : ModuleOf(target);
-  const int module = ModuleIndex(id);
+  const bool skipsToNone = skips && gCurrentModule == LastModule();
+  const int module =
+      skipsToNone ? -1 : ModuleIndex(skips ? ModuleAt(gCurrentModule + 1).ModuleId : ModuleOf(target));
   if (module < 0) {
     MsgBox(LoadStringResource(kResLinkModuleNotInstalled));
     return;

@@ -1,7 +1,8 @@
 #include "coursescreen/PageTurning.h"
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "content/REGISTRY.h"
+#include "coursescreen/CourseControls.h"
 #include "coursescreen/MovieStage.h"
 #include "coursescreen/StackControl.h"
 #include "coursescreen/ToolTip.h"
@@ -11,9 +12,8 @@
 #include "learners/ProgressFile.h"
 #include "pages/view/TextControl.h"
 #include "platform/RunTimeError.h"
-#include "platform/forms/Form.h"
 #include "platform/forms/MsgBox.h"
-#include "platform/forms/SkinButton.h"
+#include "texts/Descriptions.h"
 #include "texts/ResConstants.h"
 #include "texts/TextTable.h"
 
@@ -57,9 +57,7 @@ void PageTurning::InitCourseDisplay() {
   modulesWithoutTopic_.clear();
   ClearReturnStack();
   controls_.Return_Btn->SetEnabled(false);
-  IgnoreErrors([this] { controls_.Return_Btn->Show(Look::Disabled); });  // no picture is worth a course
-  controls_.Page->SetProperty2(true);
-  controls_.Page->LoadOption(TextControl::kShowPages, true);
+  controls_.Return_Btn->Show(Look::Disabled);
   if (!IgnoreErrors([this] { OpenFirstModule(); })) {
     gCurrentModule = 0;
     OpenFirstModule();
@@ -69,25 +67,26 @@ void PageTurning::InitCourseDisplay() {
 void PageTurning::OpenFirstModule() {
   ModuleAt(0);  // a course without modules fails here
   LoadModuleFirstPage(0);
-  controls_.CourseName->SetCaption(CurrentCourse().CourseName);
+  controls_.CourseNameLbl->SetCaption(CurrentCourse().CourseName);
 }
 
 void PageTurning::ShowPage(int module, const QString& pageName) {
+  shown_ = false;
   const QString path =
       gAppPath + QLatin1Char('\\') + ModuleAt(module).ModuleId + QLatin1Char('\\') + pageName;
-  controls_.Movies->RemoveMovieControl();
-  controls_.Page->Load(path, TextControl::kLeadIn, kPageFormat);
-  hasPage_ = true;
+  movies_.RemoveMovieControl();
+  controls_.TXTextControl1->Load(path, TextControl::kLeadIn, kPageFormat);
+  hasPage_ = shown_ = true;
   gActiveObjectId = 0;
   gActiveObjectSet = false;
 }
 
 QString PageTurning::OpenModule(int module, const std::function<void()>& choosePage) {
-  controls_.Movies->RemoveMovieControl();
+  movies_.RemoveMovieControl();
+  shown_ = false;
   ReadMap(module);
   choosePage();
   const QString pageName = gPageList.GetCurrentPageName();
-  controls_.Page->LoadOption(TextControl::kListLoad, true);
   ShowPage(module, pageName);
   return pageName;
 }
@@ -115,8 +114,8 @@ QString PageTurning::LoadModuleAtTopic(int module, const QString& topicName) {
 QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
   QString shown;
   if (pageName.isEmpty()) {
-    controls_.Movies->RemoveMovieControl();
-    TellErrors([module] { ReadMap(module); });
+    movies_.RemoveMovieControl();
+    if (!TellErrors([module] { ReadMap(module); })) shown_ = false;
   } else {
     shown = LoadModule(module, [&pageName] { gPageList.SetPageAsCurrent(pageName); });
   }
@@ -125,10 +124,10 @@ QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
 }
 
 void PageTurning::RecordCurrentPage() {
-  if (gPageList.GetCurrentPageName().isEmpty()) return;  // no map: there is nothing to record
+  if (!shown_) return;
   const QString topic = TopicOfPage();
   const ModuleRecord& module = ModuleAt(gCurrentModule);
-  if (!topic.isEmpty()) controls_.Header->SetCaption(module.ModuleName + QStringLiteral(" : ") + topic);
+  if (!topic.isEmpty()) controls_.Label1->SetCaption(module.ModuleName + QStringLiteral(" : ") + topic);
   RecordModuleProgress(module.ModuleId, topic, gUserFirstName, gUserLastName);
 }
 
@@ -138,7 +137,7 @@ void PageTurning::RecordOrTell() {
 }
 
 void PageTurning::TellMissingTopic() {
-  if (gPageList.GetCurrentPageName().isEmpty() || modulesWithoutTopic_.contains(gCurrentModule)) return;
+  if (!shown_ || modulesWithoutTopic_.contains(gCurrentModule)) return;
   if (!TellErrors([] { gPageList.GetCurrentPageTopName(); })) modulesWithoutTopic_.insert(gCurrentModule);
 }
 
@@ -155,20 +154,27 @@ void PageTurning::NextPage() {
 
 void PageTurning::TurnToNextPage() {
   LeaveReturnPoint();
-  const QString next = gPageList.GetNextPageName();
-  if (!next.isEmpty()) {
-    ShowPage(gCurrentModule, next);
-    controls_.Page->Refresh();
-    gPageList.NextPage();
-  } else {
-    ModuleAt(gCurrentModule + 1);  // nothing moves when there is no module behind this one
+  if (AtCourseEnd()) {  // as it opened or was resumed there: no turn has put the button out
+    DisableNext();
+    MsgBox(Describe("course-ends", CurrentCourse().CourseName));
+    return;
+  }
+  StepForward(gPageList.GetNextPageName());
+  if (shown_) StartTest(LoadStringResource(kResTestNotFound));
+  if (AtCourseEnd()) DisableNext();  // behind a review that may be another page than the test's
+}
+
+// To the next page of the module; with an empty name to the first one of the next module, which is there.
+void PageTurning::StepForward(const QString& next) {
+  if (next.isEmpty()) {
     ++gCurrentModule;
     gPageList.CleanUp();
     LoadModuleFirstPage(gCurrentModule);
+  } else {
+    if (TellErrors([&] { ShowPage(gCurrentModule, next); })) controls_.TXTextControl1->Refresh();
+    gPageList.NextPage();
   }
   RecordOrTell();
-  StartTest(LoadStringResource(kResTestNotFound));
-  if (AtCourseEnd()) DisableNext();  // behind a review that may be another page than the test's
 }
 
 void PageTurning::StartTest(const QString& whenMissing) {
@@ -177,7 +183,7 @@ void PageTurning::StartTest(const QString& whenMissing) {
     MsgBox(whenMissing);
     return;
   }
-  if (IsFormLoadedByName(QStringLiteral("TestReview"))) return;
+  if (gScreens.ReviewIsOpen()) return;
   gTestReturnPage = gPageList.GetCurrentPageName();
   gTestModuleId = CurrentModule().ModuleId;
   gTestNextPage = gPageList.GetNextPageName();
@@ -185,17 +191,7 @@ void PageTurning::StartTest(const QString& whenMissing) {
 }
 
 void PageTurning::LeaveTestPage() {
-  if (!gTestNextPage.isEmpty()) {
-    ShowPage(gCurrentModule, gTestNextPage);
-    controls_.Page->Refresh();
-    gPageList.NextPage();
-    RecordOrTell();
-  } else if (gCurrentModule < LastModule()) {
-    ++gCurrentModule;
-    gPageList.CleanUp();
-    LoadModuleFirstPage(gCurrentModule);
-    RecordOrTell();
-  }
+  if (!gTestNextPage.isEmpty() || gCurrentModule < LastModule()) StepForward(gTestNextPage);
   UpdatePageButtons();  // a review may have left them as another page had them
 }
 
@@ -203,6 +199,7 @@ void PageTurning::PrevPage() {
   controls_.Prev->Show(Look::On);
   Enable(controls_.NextBtn, Look::Off);
   TurnToPrevPage();
+  if (AtCourseEnd()) DisableNext();  // of a course of one page
 }
 
 void PageTurning::TurnToPrevPage() {
@@ -272,7 +269,7 @@ void PageTurning::ReturnToPreviousPlace() {
   const ReturnPoint place = PopReturnPoint();
   if (gReturnStack.isEmpty()) {
     Disable(controls_.Return_Btn);
-    controls_.Tip->HideToolTip();
+    tip_.HideToolTip();
   }
   gCurrentModule = place.Module;
   LoadModuleAtPage(gCurrentModule, place.PageName);

@@ -6,27 +6,14 @@
 #include <QString>
 #include <functional>
 
-class Label;
 class MovieStage;
-class SkinButton;
-class TextControl;
 class ToolTip;
-
-// The controls of the course screen that page turning works on.
-struct PageControls {
-  TextControl* Page;
-  Label* Header;
-  Label* CourseName;
-  SkinButton* NextBtn;
-  SkinButton* Prev;
-  SkinButton* Return_Btn;
-  ToolTip* Tip;
-  MovieStage* Movies;
-};
+struct CourseControls;
 
 class PageTurning {
  public:
-  explicit PageTurning(const PageControls& controls) : controls_(controls) {}
+  PageTurning(const CourseControls& controls, ToolTip& tip, MovieStage& movies)
+      : controls_(controls), tip_(tip), movies_(movies) {}
 
   // Opens the first page of the course in gCurrentCourse. An error is cleared and tried once more; a
   // second one goes to the caller. The page buttons stay as they are.
@@ -44,7 +31,8 @@ class PageTurning {
   void OpenModuleAtPage(int module, const QString& pageName);
 
   // Puts module and topic into the header and writes the learner's progress. On a page without a topic
-  // the header stays, and the page is recorded with an empty one.
+  // the header stays, and the page is recorded with an empty one. A page that could not be shown is not
+  // recorded.
   void RecordCurrentPage();
   // The same where the learner goes on in any case: an error is told in a message box, and so is a missing
   // topic.
@@ -52,6 +40,8 @@ class PageTurning {
   // Tells that the current page has no topic, once a module.
   void TellMissingTopic();
 
+  // A page that can't be shown is told, and the list moves on all the same: the next turn goes past it. At
+  // the end of the course a message says so.
   void NextPage();
   void PrevPage();
   void TurnToPrevPage();
@@ -82,6 +72,7 @@ class PageTurning {
 
  private:
   void TurnToNextPage();
+  void StepForward(const QString& next);
   bool StepBack();
   void OpenFirstModule();
   void LeaveReturnPoint();
@@ -91,7 +82,10 @@ class PageTurning {
   QString LoadModule(int module, const std::function<void()>& choosePage);
   void ShowPage(int module, const QString& pageName);
 
-  PageControls controls_;
+  const CourseControls& controls_;
+  ToolTip& tip_;
+  MovieStage& movies_;
   bool hasPage_ = false;
   QSet<int> modulesWithoutTopic_;  // those of the course whose learner has been told
+  bool shown_ = false;             // the current page of the list is on the screen
 };

@@ -1,7 +1,6 @@
 #include "coursescreen/ScrollArrow.h"
 
 #include "coursescreen/Hover.h"
-#include "platform/RunTimeError.h"
 #include "texts/TextTable.h"
 
 namespace {
@@ -9,10 +8,6 @@ namespace {
 using Look = SkinButton::Look;
 
 constexpr int kFirstRepeat = 500;  // ms
-
-void ShowArrow(SkinButton& arrow, Look look) {
-  IgnoreErrors([&] { arrow.Show(look); });
-}
 
 }  // namespace
 
@@ -24,7 +19,7 @@ ScrollArrow::ScrollArrow(Form& form, PictureBox* container, const ArrowDesign& d
   button_->PlaceAt(design.Where);
   button_->setFocusPolicy(Qt::NoFocus);  // the keys scroll by pointing at the next row
   button_->SetAccessibleName(LoadStringResource(design.Words));
-  ShowArrow(*button_, Look::Off);
+  button_->Show(Look::Off);
   button_->MouseDown = [this] {
     Step();
     timer_.SetInterval(kFirstRepeat);
@@ -34,7 +29,7 @@ ScrollArrow::ScrollArrow(Form& form, PictureBox* container, const ArrowDesign& d
   button_->MouseUp = [this] { Stop(); };
   button_->MouseMove = [this, &hover] {
     Reached();
-    ShowArrow(*button_, Look::On);
+    button_->Show(Look::On);
     hover.Enter(*button_, [this] {
       if (design_.StopsOnLeave) Stop();
       PutOut();
@@ -57,5 +52,5 @@ void ScrollArrow::Hide() {
 }
 
 void ScrollArrow::PutOut() {
-  ShowArrow(*button_, Look::Off);
+  button_->Show(Look::Off);
 }

@@ -5,7 +5,6 @@
 
 #include "frame/Captions.h"
 #include "platform/Clock.h"
-#include "platform/RunTimeError.h"
 #include "platform/forms/AccessibleRole.h"
 #include "platform/forms/Announcement.h"
 #include "platform/forms/Screen.h"
@@ -21,9 +20,8 @@ constexpr double GapPixels = 4;
 }  // namespace Layout
 
 void ShowRow(SkinButton& row, Look look) {
-  // A picture that is missing must not raise a message at each move of the pointer: the colour serves.
   row.SetBackColor(look == Look::On ? SkinButton::kLitBack : SkinButton::kPlainBack);
-  IgnoreErrors([&] { row.Show(look); });
+  row.Show(look);
 }
 
 }  // namespace

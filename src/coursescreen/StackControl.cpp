@@ -1,6 +1,6 @@
 #include "coursescreen/StackControl.h"
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "frame/ProgramState.h"
 #include "platform/RunTimeError.h"
 #include "texts/Descriptions.h"

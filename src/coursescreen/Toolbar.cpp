@@ -2,15 +2,14 @@
 
 #include <cmath>
 
-#include "coursescreen/ButtonPictures.h"
+#include "coursescreen/CourseControls.h"
 #include "coursescreen/Hover.h"
 #include "coursescreen/PageTurning.h"
 #include "desktop/frmPrinterDialog.h"
-#include "frame/AllModules.h"
+#include "frame/CourseQuestions.h"
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "learners/ProfileBox.h"
-#include "platform/RunTimeError.h"
 #include "platform/forms/MsgBox.h"
 #include "reference/About.h"
 #include "reference/Glossary.h"
@@ -56,8 +55,8 @@ bool CourseCanChange() {
 
 }  // namespace
 
-Toolbar::Toolbar(Form& form, PictureBox* container, SkinButton& toolBar_But, PageTurning& pages, Hover& hover)
-    : form_(form), button_(toolBar_But), pages_(pages), menu_(container, kDesign) {
+Toolbar::Toolbar(Form& form, const CourseControls& controls, PageTurning& pages, Hover& hover)
+    : form_(form), button_(*controls.toolBar_But), pages_(pages), menu_(controls.Picture2, kDesign) {
   menu_.RowMouseMove = [this, &hover](int row) {
     Reached.Raise();
     HighlightToolItem(row);
@@ -89,7 +88,7 @@ void Toolbar::SlideToolbarMenuOpen() {
 void Toolbar::CloseToolbarMenu() {
   if (menu_.IsOpen()) {
     button_.SetImages(kToolbarOpenImages);
-    IgnoreErrors([this] { button_.Show(SkinButton::Look::Off); });
+    button_.Show(SkinButton::Look::Off);
   }
   menu_.Close();
   menu_.PutOut(menu_.Hover());

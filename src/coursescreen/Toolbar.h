@@ -5,12 +5,12 @@
 #include "coursescreen/SlideMenu.h"
 
 class Hover;
+struct CourseControls;
 class PageTurning;
 
 class Toolbar {
  public:
-  // `toolBar_But` is the button that opens the menu.
-  Toolbar(Form& form, PictureBox* container, SkinButton& toolBar_But, PageTurning& pages, Hover& hover);
+  Toolbar(Form& form, const CourseControls& controls, PageTurning& pages, Hover& hover);
 
   // The pointer has come upon an item.
   Event<> Reached;

@@ -12,7 +12,7 @@ inline constexpr Place kHeader{210, 120, 12345, 375};
 inline constexpr Place kPage{240, 960, 14970, 9945};
 inline constexpr Place kCourseName{2160, 11145, 9255, 315};
 inline constexpr double kHeaderPoints = 14.25, kCourseNamePoints = 11.25;
-inline constexpr double kShrunkPageWidth = 15228, kShrunkPageHeight = 9948;  // on a display of another scale
+inline constexpr double kShrunkPageWidth = 15228;  // on a display of another scale
 
 }  // namespace CourseScreenLayout
 

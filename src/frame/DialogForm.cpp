@@ -14,7 +14,7 @@ DialogForm::DialogForm(const QString& name, const DialogSkin& skin, const QStrin
 SkinButton* DialogForm::AddButton(const QString& name, const QString& captionName, const Place& place) {
   auto* button = new SkinButton(backdrop_, name, DialogButtonImages(), captionName);
   button->PlaceAt(place);
-  IgnoreErrors([button] { button->Show(SkinButton::Look::Off); });
+  button->Show(SkinButton::Look::Off);
   buttons_.Add(button);
   return button;
 }
@@ -22,7 +22,7 @@ SkinButton* DialogForm::AddButton(const QString& name, const QString& captionNam
 SkinButton* DialogForm::AddExitButton(const QString& name) {
   auto* button = new SkinButton(backdrop_, name, ExitButtonImages());
   button->PlaceAt(DialogLayout::kExit);
-  IgnoreErrors([button] { button->Show(SkinButton::Look::Off); });
+  button->Show(SkinButton::Look::Off);
   buttons_.Add(button);
   return button;
 }

@@ -15,7 +15,8 @@ const ModuleRecord& CurrentModule() {
 const ModuleRecord& ModuleAt(int index) {
   const CourseRecord& course = CurrentCourse();
   if (index < 0 || index >= course.Modules.size()) {
-    throw RunTimeError(Describe("no-module-open", course.CourseName, QString::number(index)));
+    throw RunTimeError(
+        Describe(course.Modules.isEmpty() ? "course-no-modules" : "course-ends", course.CourseName));
   }
   return course.Modules.at(index);
 }

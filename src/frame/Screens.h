@@ -15,10 +15,12 @@ struct Switchboard {
   std::function<void()> ShowProgress = [] {};
 
   // The test of the current page. Prepare reads it: false when there is none, or none that can be read.
-  // Show runs it modally. Unload drops it and its review, shown or hidden.
+  // Show runs it modally. Unload drops it and its review, shown or hidden. The review is open, shown or not,
+  // from its first item on until its test is closed.
   std::function<bool()> PrepareTest = [] { return false; };
   std::function<void()> ShowTest = [] {};
   std::function<void()> UnloadTest = [] {};
+  std::function<bool()> ReviewIsOpen = [] { return false; };
 
   // The course screen's window, as the owner of a dialog and as what a page print captures; nullptr
   // while no course is open.

@@ -1,6 +1,6 @@
 #include "learners/ProgressFile.h"
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "frame/ProgramState.h"
 #include "learners/ProgressRecords.h"
 #include "learners/UserStore.h"

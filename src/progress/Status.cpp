@@ -1,6 +1,6 @@
 #include "progress/Status.h"
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "coursescreen/Form1.h"
 #include "frame/FormFitting.h"
 #include "frame/ProgramState.h"

@@ -34,7 +34,6 @@ void Help::Form_Load() {
   captions_.Fill();
   command1_->SetCaption(LoadStringResource(kResClose));
   txTextControl1_->SetAccessibleName(LoadStringResource(kResHelp));
-  txTextControl1_->SetPageHeight(txTextControl1_->Height());  // one sheet
   txTextControl1_->SetFocus();
 }
 

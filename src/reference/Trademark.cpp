@@ -32,10 +32,7 @@ Trademark::Trademark() : Form(QStringLiteral("Trademark"), FormFrame::Frameless)
 
 void Trademark::Form_Load() {
   ScaleFormToDisplay(*this);
-  if (Screen::TwipsPerPixelX() != Screen::kDesignScale) {
-    txTextControl1_->SetPageWidth(kShrunkPageWidth);
-    txTextControl1_->SetPageHeight(kShrunkPageHeight);
-  }
+  if (Screen::TwipsPerPixelX() != Screen::kDesignScale) txTextControl1_->SetPageWidth(kShrunkPageWidth);
   label1_->SetCaption(LoadStringResource(kResExitingCourse));
   txTextControl1_->SetAccessibleName(LoadStringResource(kResExitingCourse));
   // An error leaves the timer off, so that the course screen takes the form away with itself.
@@ -51,7 +48,6 @@ bool Trademark::ShowPageOf(const QString& courseName) {
   const QString name = QStringLiteral("Trademark %1_%2.txm").arg(courseName, QString::number(mTrademarkPage));
   const QString page = CourseFile(kAboutFolder, name);
   if (page.isEmpty() || !FileExists(page)) return false;
-  txTextControl1_->LoadOption(TextControl::kListLoad, true);
   txTextControl1_->Load(page, TextControl::kLeadIn, TextControl::kPageFormat);
   return true;
 }

@@ -1,6 +1,6 @@
 #include "signin/Resume.h"
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "coursescreen/Form1.h"
 #include "frame/ProgramState.h"
 #include "learners/ProgressFile.h"

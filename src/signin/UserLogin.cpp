@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "coursescreen/Form1.h"
+#include "frame/CourseQuestions.h"
 #include "frame/FormFitting.h"
-#include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "learners/UserStore.h"

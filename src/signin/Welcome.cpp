@@ -1,7 +1,7 @@
 #include "signin/Welcome.h"
 
+#include "frame/CourseQuestions.h"
 #include "frame/FormFitting.h"
-#include "frame/LeaveQuestion.h"
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "learners/UserStore.h"

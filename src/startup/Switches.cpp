@@ -1,6 +1,7 @@
 #include "startup/Switches.h"
 
 #include "assessment/QuestionForm.h"
+#include "assessment/TestReview.h"
 #include "coursescreen/Form1.h"
 #include "frame/Screens.h"
 #include "progress/Status.h"
@@ -20,6 +21,7 @@ void ConnectScreens() {
   gScreens.PrepareTest = [] { return Default<QuestionForm>().InitTest(); };
   gScreens.ShowTest = [] { Default<QuestionForm>().Show(FormMode::Modal, LoadedForm<Form1>()); };
   gScreens.UnloadTest = [] { UnloadTest(); };
+  gScreens.ReviewIsOpen = [] { return LoadedForm<TestReview>() != nullptr; };
   gScreens.ShowProgress = [] { Default<Status>().ShowStatusForm(); };
   gScreens.CourseWindow = []() -> Form* { return LoadedForm<Form1>(); };
 }

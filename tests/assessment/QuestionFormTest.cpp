@@ -4,10 +4,9 @@
 #include "assessment/TestScreens.h"
 #include "frame/ProgramState.h"
 #include "platform/forms/Announcement.h"
-#include "platform/forms/CheckBox.h"
 #include "platform/forms/Frame.h"
-#include "platform/forms/OptionButton.h"
 #include "platform/forms/Screen.h"
+#include "platform/forms/ToggleButton.h"
 
 namespace {
 
@@ -55,6 +54,7 @@ TEST_F(QuestionFormTest, ARunGoesFromAnswerToNextToTheResultAndOn) {
         "Congratulations!  You have correctly answered 2 out of 2 questions from the module: Customers");
     EXPECT_EQ(Gui::Find<Label>(form, "Label7")->ForeColor(), 0xFF6666);
     EXPECT_FALSE(Shows(form, "Label8") || Shows(form, "Frame1"));
+    EXPECT_EQ(Text(form, "Label8"), "");
     // It is on the disk before the page is left.
     EXPECT_EQ(Record(), QStringList({"rt0101", "_Greeting_", "1", "100", "11", "2026-11-24", "100", "11",
                                      "2026-11-24", "100"}));

@@ -1,5 +1,8 @@
 // The review behind a test: the floating window, its way into the corner and back, and turning pages
 // meanwhile.
+#include <QApplication>
+#include <QWheelEvent>
+
 #include "assessment/TestScreens.h"
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
@@ -35,6 +38,18 @@ class TestReviewTest : public TestScreensTest {
   static int Colour(const Form& form, int item) {
     return Gui::Find<Label>(form, QStringLiteral("Label1(%1)").arg(item))->ForeColor();
   }
+  // Whether a step of the wheel over a control, up (1) or down (-1), moves the form's bar.
+  static bool Turns(const Form& form, const char* control, int direction) {
+    const QWidget* under = Gui::Find(form, control);
+    const auto* bar = Gui::Find<VScrollBar>(form, "VScroll1");
+    const int before = bar->Value();
+    const QPoint place = under->mapTo(&form, under->rect().center());
+    QWheelEvent wheel(place, form.mapToGlobal(place), {}, {0, 120 * direction}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&wheel);  // only such a one goes on to what stands beneath
+    qApp->notify(form.windowHandle(), &wheel);
+    return bar->Value() != before;
+  }
   // The way back; `visit` is what the learner does on the result page.
   void Back(const std::function<void()>& back, const std::function<void(Form&)>& visit) {
     script.When("QuestionForm", [&visit](Form& form) { visit(form); });
@@ -52,6 +67,8 @@ TEST_F(TestReviewTest, AnItemOpensItsPageUnderTheFloatingList) {
   EXPECT_TRUE(review.Shown());
   EXPECT_FALSE(Default<QuestionForm>().Shown());
   EXPECT_EQ(review.windowTitle(), "Assessment Review");
+  const auto* caption = Gui::Find<Label>(review, "Command1Caption");
+  EXPECT_LE(caption->fontMetrics().horizontalAdvance(caption->Caption()) + 2 * 6, caption->width());
   EXPECT_EQ(Text(review, "Label1(1)"), "The way in");
   EXPECT_EQ(Colour(review, 0), kOpen);
   EXPECT_EQ(Colour(review, 1), 0xFF0000);
@@ -201,9 +218,11 @@ TEST_F(TestReviewTest, ALongListScrollsByItsCount) {
     EXPECT_EQ(order.mid(0, 4), QStringList({"Picture2", "VScroll1", "Label1(0)", "Label1(1)"}));
     EXPECT_TRUE(QRect(QPoint(), Gui::Find(form, "Picture3")->size())
                     .contains(QRect(item->mapTo(Gui::Find(form, "Picture3"), QPoint()), item->size())));
+    EXPECT_TRUE(Turns(form, "Label1(19)", 1));
     Gui::Key(form, Qt::Key_Return);
   });
   TestReview& review = Default<TestReview>();
+  EXPECT_TRUE(Turns(review, "Label1(0)", -1));
   auto* bar = Gui::Find<VScrollBar>(review, "VScroll1");
   const auto* list = Gui::Find<PictureBox>(review, "Picture2");
   const double hidden = list->Height() - Gui::Find<PictureBox>(review, "Picture1")->Height();

@@ -61,8 +61,11 @@ TEST_F(ButtonHoverTest, AFastMoveLeavesNoNeighbourLit) {
   Gui::Key(Read(), Qt::Key_Right);  // both page buttons are enabled there
   for (const auto& [from, to] : {std::pair{"NextBtn", "Prev"},
                                  {"Prev", "NextBtn"},
+                                 {"Return_Btn", "Prev"},
+                                 {"Modules", "Return_Btn"},
                                  {"Exit_Pic", "Min_btn"},
-                                 {"Min_btn", "toolBar_But"}}) {
+                                 {"Min_btn", "toolBar_But"},
+                                 {"toolBar_But", "Min_btn"}}) {
     Gui::MoveTo(Default<Form1>(), from);
     Gui::MoveTo(Default<Form1>(), to);
     EXPECT_EQ(Button(from).Shown(), Look::Off) << from;

@@ -4,7 +4,7 @@
 #include <QMessageBox>
 #include <QScrollBar>
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "coursescreen/CourseScreenTest.h"
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"

@@ -145,6 +145,17 @@ TEST_F(MenusTest, TopicsOpenForTheModuleThatThePointerRestsOn) {
   EXPECT_EQ(PageText(), "rt0000 0001.txm");
 }
 
+TEST_F(MenusTest, ADiagonalWayToATopicOverAnotherModuleLeavesTheTopicsOpen) {
+  Read(3);
+  OpenTopicsOf(2);
+  Point("MenuSlice(1)");
+  clock.Advance(300);
+  Point("TopicSlice(1)");
+  clock.Advance(1000);
+  EXPECT_EQ(Lit("TopicSlice", 2), QStringList{"TopicSlice(1)"});
+  EXPECT_EQ(Lit("MenuSlice", 3), QStringList{"MenuSlice(2)"});
+}
+
 TEST_F(MenusTest, TopicsOpenThoughThePointerHasLeftTheRowAndNotBehindAClosedMenu) {
   Read(3);
   Click("Modules");

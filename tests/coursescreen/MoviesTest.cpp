@@ -2,11 +2,12 @@
 #include <QDir>
 #include <QScrollBar>
 
-#include "coursescreen/PlayerMessage.h"
+#include "coursescreen/MovieStage.h"
 #include "frame/ProgramState.h"
 #include "platform/RunTimeError.h"
 #include "platform/forms/Screen.h"
 #include "platform/movies/MoviePlayer.h"
+#include "platform/movies/PlayerPlugins.h"
 #include "support/Program.h"
 #include "texts/Descriptions.h"
 #include "texts/ResConstants.h"
@@ -141,25 +142,21 @@ INSTANTIATE_TEST_SUITE_P(Movies, MissingPlayerTest,
                          ::testing::Values(Missing::InTheRegistry, Missing::AmongThePlugins,
                                            Missing::AtItsMaking));
 
-TEST(PlayerMessageTest, AsksForThePlayerWhoseControlTheDescriptionNames) {
-  const QString shockwave = LoadStringResource(kResNeedsShockwave),
-                flash = LoadStringResource(kResNeedsFlash);
+TEST(PlayerMessageTest, AsksForThePlayerWhoseErrorItIs) {
+  const QString words = "no Control.dll", shockwave = LoadStringResource(kResNeedsShockwave);
   const struct {
-    QString File, OfCourse, OfMovie;  // a null text is the description
+    QString Class, OfCourse, OfMovie;
   } rows[] = {
-      {"C:\\Director\\Control.dll", shockwave, shockwave},
-      {"C:\\Flash\\swflash.ocx", {}, flash},
-      {"swflash to Control.dll", shockwave, shockwave},
-      {"control.dll", {}, {}},
-      {"map.txt", {}, {}},
+      {"swctl.SWCTL.8", shockwave, shockwave},
+      {"ShockwaveFlash.ShockwaveFlash", words, LoadStringResource(kResNeedsFlash)},
+      {"WMPlayer.OCX", words, words},
   };
   for (const auto& row : rows) {
-    const RunTimeError error(Describe("file-missing", row.File));
-    const auto expected = [&](const QString& text) { return text.isNull() ? error.Description() : text; };
-    EXPECT_EQ(PlayerMessage(error, {kShockwaveControl}), expected(row.OfCourse)) << row.File.toStdString();
-    EXPECT_EQ(PlayerMessage(error, {kShockwaveControl, kFlashControl}), expected(row.OfMovie))
-        << row.File.toStdString();
+    const PlayerError error(row.Class, words);
+    EXPECT_EQ(PlayerMessage(error, PlayersToldOf::Shockwave), row.OfCourse) << row.Class.toStdString();
+    EXPECT_EQ(PlayerMessage(error, PlayersToldOf::ShockwaveAndFlash), row.OfMovie) << row.Class.toStdString();
   }
+  EXPECT_EQ(PlayerMessage(RunTimeError(words), PlayersToldOf::ShockwaveAndFlash), words);
 }
 
 TEST_F(MoviesTest, AFlashMovieShowsOnceItHasToldItsSize) {

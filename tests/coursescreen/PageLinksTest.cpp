@@ -57,6 +57,8 @@ TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
       {"w3.example.com", "Open w3.example.com (1)", true},
       {"ftp://example.com", "Open ftp://example.com (1)", true},
       {"gopher://example.com", "Open gopher://example.com (1)", true},
+      {"https://example.com", "Open https://example.com (1)", true},
+      {"mailto:office@example.com", "Open mailto:office@example.com (1)", true},
       {"List.TXT ", repository + "/list.txt (5)", false},
       {"Extra List.txt", repository + "/Hidden/Extra List.txt (5)", false},
       {"Extra%20List.txt", repository + "/Hidden/Extra List.txt (5)", false},
@@ -81,6 +83,19 @@ TEST_F(PageLinksTest, ATargetSaysByItsFormWhatIsOpened) {
   opened.Result = ShellResult::kNoFolder;
   ClickOnPage("the link");
   EXPECT_EQ(messages.Take(), QStringList("Repository path not found.  Repository may not be installed."));
+}
+
+TEST_F(PageLinksTest, AMalformedAddressIsToldAndLeavesTheScreenInFront) {
+  Read();
+  for (const char* target : {"http://[::1", "https://", "mailto:", "http://example.com:none/"}) {
+    WriteLink('"' + QLatin1String(target) + '"', "the link");
+    Default<Form1>().InitNewCourse();
+    ClickOnPage("the link");
+    EXPECT_EQ(opened.Take(), QStringList()) << target;
+    EXPECT_TRUE(messages.Take().value(0).contains(target)) << target;
+    EXPECT_FALSE(Minimised()) << target;
+    Default<Form1>().showNormal();
+  }
 }
 
 TEST_F(PageLinksTest, TheSurveyAndTheDocumentsNeedACourseThatIsWhole) {
@@ -157,7 +172,7 @@ TEST_F(PageLinksTest, TheSkipLinkIsKnownByItsWordsAndRunsOutAtTheLastModule) {
   EXPECT_EQ(gReturnPoint.PageName, "0001.txm");
   Default<Form1>().NextPage();
   ClickOnPage("Skip the Course");
-  EXPECT_EQ(messages.Take(), QStringList("The course \"Cash desk\" has no module number 2."));
+  EXPECT_EQ(messages.Take(), QStringList(kNotInstalled));
   EXPECT_EQ(PageText(), kSkip);
 }
 

@@ -102,7 +102,7 @@ TEST_F(PageTurningTest, TheStackKeepsTheOldestHundredAndOnePlaces) {
   EXPECT_EQ(gReturnStack.last().PageName, "0001.txm");
 }
 
-TEST_F(PageTurningTest, APageThatCannotBeReadIsToldAndTheOldOneStays) {
+TEST_F(PageTurningTest, APageThatCannotBeReadIsToldOnceAndNextGoesPastIt) {
   Read();
   const QByteArray leadIn(30, '#');
   for (const QByteArray& page : {QByteArray("short"), leadIn + "MZ\x90 no page", leadIn, QByteArray()}) {
@@ -114,7 +114,54 @@ TEST_F(PageTurningTest, APageThatCannotBeReadIsToldAndTheOldOneStays) {
     EXPECT_TRUE(said.first().contains("0002.txm")) << said.first().toStdString();
     EXPECT_EQ(PageText(), "rt0101 0001.txm");
     EXPECT_TRUE(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0001.txm\""));
+    Next();
+    EXPECT_EQ(PageText(), "rt0101 0003.txm");
+    Previous(2);
+    EXPECT_EQ(PageText(), "rt0101 0001.txm");
+    EXPECT_EQ(messages.Take(), QStringList());
   }
+}
+
+TEST_F(PageTurningTest, AModuleWhoseFirstOrLastPageIsMissingIsReadToItsEnd) {
+  QFile::remove(store.Path("rt0102/0001.txm"));
+  QFile::remove(store.Path("rt0102/0002.txm"));
+  Read();
+  Next(5);
+  EXPECT_EQ(messages.Take().size(), 2);
+  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
+  EXPECT_EQ(Header(), "Customers : Paying");
+  EXPECT_EQ(Progress("Ann Lee", "Cash desk"),
+            ResumeBytes("rt0101", "0003.txm") + ModuleBytes("rt0101", "_Greeting__Paying_"));
+}
+
+TEST_F(PageTurningTest, AMissingPictureOfTheSkinStopsNoTurn) {
+  for (const char* picture : {"nextOn.jpg", "nextOff.jpg", "nextDis.jpg", "previousOn.jpg", "previousOff.jpg",
+                              "backDis.jpg", "ReturnOn.jpg", "ReturnOff.jpg", "ReturnButtonDisabled.jpg"}) {
+    QFile::remove(store.Path("GUIimages/" + QLatin1String(picture)));
+  }
+  Read();
+  Next(4);
+  EXPECT_EQ(PageText(), "rt0102 0002.txm");
+  Previous();
+  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  Click("Return_Btn");
+  EXPECT_EQ(PageText(), "rt0102 0002.txm");
+  EXPECT_EQ(messages.Take(), QStringList());
+}
+
+TEST_F(PageTurningTest, ACourseOfOnePageEndsThere) {
+  QDir(store.Path("rt0102")).removeRecursively();
+  store.AddModule("rt0101", "Customers", {"0001.txm*Topic*Greeting"});
+  Read();
+  Next();
+  EXPECT_EQ(messages.Take(), QStringList{"The course \"Cash desk\" ends here."});
+  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
+  Previous();
+  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
+  EXPECT_EQ(LookOf("Prev"), Look::Disabled);
+  EXPECT_EQ(PageText(), "rt0101 0001.txm");
+  EXPECT_EQ(messages.Take(), QStringList());
 }
 
 TEST_F(PageTurningTest, AMapWithABadLineIsToldWhenItsModuleOpens) {

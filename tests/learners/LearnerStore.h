@@ -2,7 +2,7 @@
 // set as they are while "Ann Lee" reads the first course. For tests of what is kept of learners.
 #pragma once
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "frame/ProgramState.h"
 #include "platform/TestProgram.h"
 

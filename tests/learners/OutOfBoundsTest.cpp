@@ -4,7 +4,7 @@
 
 #include <QDir>
 
-#include "content/PageList.h"
+#include "content/LinkedList.h"
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
 #include "learners/ProfileBox.h"

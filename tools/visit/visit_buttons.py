@@ -15,16 +15,13 @@ if TYPE_CHECKING:
 # Where the tip of a button comes up, and the button itself, as "WxH+X+Y".
 TIP_OF_PREVIOUS, TIP_OF_EXIT = "80x20+882+712", "100x20+915+40"
 TOOLBAR_PLACE = "79x41+855+0"
-REST, LEAVE = 1.2, 0.4  # seconds: longer than the program waits
+REST = 1.2  # seconds: longer than the program waits
 
 
 def point_at_the_buttons(visit: Visit) -> None:
     screen = Window(visit.desktop, 0, 0)
 
     def picture_at(place: tuple[int, int], name: str) -> Path:
-        # By way of the page: a button that the pointer jumps away from to another one stays lit.
-        screen.point(*ASIDE)
-        time.sleep(LEAVE)
         screen.point(*place)
         time.sleep(REST)
         return visit.desktop.picture(name)

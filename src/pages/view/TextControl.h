@@ -32,19 +32,12 @@ class TextControl : public QTextBrowser, public Control, public KeyTaker {
   // (which has a limit of its own, kHtmlLimit). The old page stays as it was then.
   void Load(const QString& programPath, int offset, int format);
 
-  // The options 37 and 38, set around loads. This view has one way to load: they change nothing.
-  static constexpr int kListLoad = 37, kShowPages = 38;
   static constexpr int kLeadIn = 30;  // bytes before the page in a page file
-  void LoadOption(int /*number*/, bool /*on*/) {}
-  // Property 2, set when a course starts, changes nothing either.
-  void SetProperty2(bool /*on*/) {}
 
-  // Properties 12 and 13, twips. With a width the page is laid out that wide and shown at the scale that
-  // makes it as wide as the control; 0 (the start) shows it at its own size. The height changes
-  // nothing: a page here is one sheet without page marks.
+  // Property 12, twips. With a width the page is laid out that wide and shown at the scale that makes it as
+  // wide as the control; 0 (the start) shows it at its own size.
   void SetPageWidth(double twips);
   double PageWidth() const { return pageWidth_; }
-  void SetPageHeight(double /*twips*/) {}
 
   // Property 43: the visible text of the link that was clicked last.
   const QString& LinkText() const { return linkText_; }

@@ -101,7 +101,8 @@ void Form::Show(FormMode mode, Form* owner) {
                                                                                      : nullptr);
   shown_ = true;
   show();
-  activateWindow();
+  // The window system does what was asked for before as the window comes up, behind what is asked for later.
+  if (!testAttribute(Qt::WA_ShowWithoutActivating)) activateWindow();
   FormLife::SetActive(this);
   if (mode == FormMode::Modal && shown_) RunModalLoop();
 }

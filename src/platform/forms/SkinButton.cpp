@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/AccessibleRole.h"
 #include "platform/forms/Form.h"
@@ -93,7 +94,7 @@ void SkinButton::Show(Look look) {
     caption_->SetForeColor(look == Look::On ? kLitText : look == Look::Disabled ? kDisabledText : kPlainText);
     if (look != Look::Disabled) caption_->SetBackColor(look == Look::On ? kLitBack : kPlainBack);
   }
-  SetPicture(SkinPicture(image));
+  LogErrors([&] { SetPicture(SkinPicture(image)); });
 }
 
 void SkinButton::PlaceAt(const Place& place) {

@@ -43,8 +43,8 @@ class SkinButton : public PictureBox {
   void SetCaption(const QString& text);
   void SetToolTip(const QString& text);
 
-  // Changes picture, caption colours and Tag (the name of the picture shown). Asked for the look that
-  // it has, does nothing.
+  // Changes picture, caption colours and Tag (the picture's name). Asked for the look that it has, does
+  // nothing. A picture that can't be loaded is logged and the one before stays: none is worth an error.
   void Show(Look look);
   Look Shown() const { return look_; }
   // Other pictures from the next Show on.

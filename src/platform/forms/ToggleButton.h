@@ -2,9 +2,11 @@
 // "&" is a plain character, in any colour and weight; and a mark that code can take away.
 #pragma once
 
+#include <QCheckBox>
 #include <QFont>
 #include <QKeyEvent>
 #include <QPaintEvent>
+#include <QRadioButton>
 #include <QStyle>
 
 #include "platform/forms/Control.h"
@@ -64,3 +66,9 @@ class ToggleButton : public QtButton, public Control {
 
   QString caption_;
 };
+
+// An answer that is ticked or not, whatever the others are.
+using CheckBox = ToggleButton<QCheckBox, QStyle::PE_IndicatorCheckBox>;
+// One of several answers that exclude each other: the buttons of one container are a group. The arrow keys
+// walk the group, the blank ticks.
+using OptionButton = ToggleButton<QRadioButton, QStyle::PE_IndicatorRadioButton>;

@@ -7,7 +7,6 @@
 #include <QPluginLoader>
 #include <algorithm>
 
-#include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/movies/MoviePlayer.h"
 #include "texts/Descriptions.h"
@@ -53,13 +52,13 @@ QString PlayerFolder() {
 MoviePlayer& AddPlayer(QWidget& container, const QString& className, const QString& name) {
   const QString served = WithoutVersion(className);
   const QString path = served.isEmpty() ? QString() : PluginFor(served);
-  if (path.isEmpty()) throw RunTimeError(Describe("player-missing", className));
+  if (path.isEmpty()) throw PlayerError(className, Describe("player-missing", className));
   // The library stays for the rest of the run: the loader's end does not unload it.
   QPluginLoader loader(path);
   auto* plugin = qobject_cast<MoviePlayerPlugin*>(loader.instance());
   QString reason = loader.errorString();
   MoviePlayer* player = plugin == nullptr ? nullptr : plugin->MakePlayer(&container, reason);
-  if (player == nullptr) throw RunTimeError(Describe("player-fails", className, reason));
+  if (player == nullptr) throw PlayerError(className, Describe("player-fails", className, reason));
   player->setObjectName(name);
   return *player;
 }

@@ -22,7 +22,7 @@ constexpr int kPatience = 1000;  // ms until a program that still runs counts as
 const QString kOpener = QStringLiteral("xdg-open");
 const QString kPrinter = QStringLiteral("lp");
 constexpr QByteArrayView kRtfBegin("{\\rtf");
-constexpr std::array kSchemes{u"http:", u"https:", u"ftp:", u"gopher:"};
+constexpr std::array kSchemes{u"http:", u"https:", u"ftp:", u"gopher:", u"mailto:"};
 constexpr std::array kHostNames{u"www.", u"w3."};  // addresses that leave their scheme out
 
 std::function<int(const ShellCall&)>& Answerer() {
@@ -35,15 +35,6 @@ bool BeginsWithOneOf(const QString& text, const Beginnings& beginnings) {
   return std::any_of(beginnings.begin(), beginnings.end(), [&text](const char16_t* beginning) {
     return text.startsWith(QStringView(beginning), Qt::CaseInsensitive);
   });
-}
-
-// The address with its scheme and without a character that a program could take for anything else; empty
-// when it is none, or none that can be written so.
-QString AddressOf(const QString& file) {
-  const bool lacksScheme = BeginsWithOneOf(file, kHostNames);
-  if (!lacksScheme && !BeginsWithOneOf(file, kSchemes)) return {};
-  const QUrl address(lacksScheme ? QStringLiteral("http://") + file : file);
-  return QString::fromLatin1(address.toEncoded());
 }
 
 // 0 when the file can be handed on.
@@ -108,7 +99,7 @@ int Execute(const ShellCall& call) {
   const QString folder = call.Folder.isEmpty() ? QString() : ContainedPath(call.Folder);
   if (!call.Folder.isEmpty() && !QFileInfo(folder).isDir()) return ShellResult::kNoFolder;
   if (opens) {
-    const QString address = AddressOf(call.File);
+    const QString address = WebAddress(call.File);
     if (!address.isEmpty()) return Run(kOpener, address, folder);
   }
   const QString file = ContainedPath(call.File);
@@ -118,6 +109,15 @@ int Execute(const ShellCall& call) {
 }
 
 }  // namespace
+
+QString WebAddress(const QString& text) {
+  const bool lacksScheme = BeginsWithOneOf(text, kHostNames);
+  if (!lacksScheme && !BeginsWithOneOf(text, kSchemes)) return {};
+  const QUrl address(lacksScheme ? QStringLiteral("http://") + text : text);
+  const bool leadsNowhere =
+      address.host().isEmpty() && (address.path().isEmpty() || address.path().startsWith(u'/'));
+  return leadsNowhere ? QString() : QString::fromLatin1(address.toEncoded());
+}
 
 int ShellExecuteA(const ShellCall& call) {
   return Answerer() ? Answerer()(call) : Execute(call);

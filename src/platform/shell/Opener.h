@@ -27,6 +27,11 @@ struct ShellCall {
   int ShowState = 1;   // how the window is wanted. The desktop's opener can't be told
 };
 
+// The address as the opener gets it, with its scheme and without a character that a program could take for
+// anything else. Empty when the text is no address of a scheme that is opened here, is malformed, or names
+// nothing behind its scheme.
+QString WebAddress(const QString& text);
+
 // "open" hands the file to xdg-open, "print" to the system's default printer, which takes no RTF and no HTML;
 // no other verb has a program. A file that leaves the program folder, and one that is no regular file, counts
 // as missing. A file that could be run is handed on like any other, never run. Waits a second at most: what

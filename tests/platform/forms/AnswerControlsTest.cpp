@@ -4,12 +4,11 @@
 #include <QApplication>
 #include <QWheelEvent>
 
-#include "platform/forms/CheckBox.h"
 #include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
-#include "platform/forms/OptionButton.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
+#include "platform/forms/ToggleButton.h"
 #include "platform/forms/VScrollBar.h"
 #include "support/FormTest.h"
 

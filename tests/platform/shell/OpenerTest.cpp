@@ -65,6 +65,7 @@ TEST_F(OpenerTest, HandsAnAddressOverWithItsSchemeAndInSafeCharacters) {
       {"w3.example.com/x y", "http://w3.example.com/x%20y"},
       {"ftp://example.com/`id`\"\n", "ftp://example.com/%60id%60%22%0A"},
       {"gopher://example.com", "gopher://example.com"},
+      {"mailto:office@example.com?subject=a b", "mailto:office@example.com?subject=a%20b"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(Open(row.Address), ShellResult::kStarted) << row.Address.toStdString();

@@ -1,4 +1,4 @@
-#include "frame/AllModules.h"
+#include "frame/CourseQuestions.h"
 
 #include "frame/ProgramState.h"
 #include "platform/forms/MsgBox.h"
@@ -9,4 +9,9 @@ bool RefusedInAllModules() {
   if (gAllModules != 1) return false;
   MsgBox(LoadStringResource(kResNotInAllModules));
   return true;
+}
+
+bool ConfirmLeaving() {
+  return MsgBox(LoadStringResource(kResConfirmExitCourse), MsgButtons::YesNo, MsgIcon::None,
+                LoadStringResource(kResExitingCourse)) == MsgAnswer::Yes;
 }
