@@ -6,8 +6,9 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 
 // The first bytes behind `offset` (from 0) tell rich text from HTML. Run-time errors, each naming `what`:
-// a file that ends before the offset, and anything else than the two.
+// a file that ends before the offset, and anything else than the two. `goesOn` is called now and then.
 RichPage ReadPage(const QByteArray& bytes, qint64 offset, const PageMetrics& metrics, const QString& what,
-                  PictureLoader loader = {});
+                  PictureLoader loader = {}, const std::function<void()>& goesOn = {});

@@ -1,6 +1,7 @@
 #include "pages/common/PageBudget.h"
 
 #include <QChar>
+#include <utility>
 
 namespace {
 
@@ -18,6 +19,8 @@ constexpr qsizetype kPlace = 200;
 constexpr qsizetype kInstruction = 2;
 constexpr qsizetype kTag = 80;
 
+constexpr qsizetype kBetweenCalls = 100'000;
+
 constexpr bool IsForeign(char16_t c) {
   const bool isPunctuation = c >= 0x2000 && c < 0x2E80;
   return c >= kFirstForeign && !isPunctuation;
@@ -29,6 +32,9 @@ qsizetype WorkOf(QChar c) {
 }
 
 }  // namespace
+
+PageBudget::PageBudget(std::function<void()> goesOn)
+    : goesOn_(std::move(goesOn)), nextCall_(left_ - kBetweenCalls) {}
 
 qsizetype PageBudget::TakeText(QStringView text) {
   if (text.isEmpty() || !Take(kRun)) return 0;
@@ -74,5 +80,9 @@ bool PageBudget::Take(qsizetype work) {
   if (work > left_) isSpent_ = true;
   if (isSpent_) return false;
   left_ -= work;
+  if (left_ < nextCall_) {
+    nextCall_ = left_ - kBetweenCalls;
+    if (goesOn_) goesOn_();
+  }
   return true;
 }

@@ -3,12 +3,16 @@
 #pragma once
 
 #include <QStringView>
+#include <functional>
 
 // Each member takes what is about to be put on the page and tells whether it still fits. Once something did
 // not, nothing does any more: what is shown is the beginning of the page. A reader stops there and sets
 // RichPage::IsCut, and ReadBounded says so in a last line.
 class PageBudget {
  public:
+  // `goesOn` is called some hundred times for a page that takes the whole budget, for who shows that.
+  explicit PageBudget(std::function<void()> goesOn = {});
+
   // Characters that look alike, line breaks (U+2028) among them; tells how many of them fit.
   qsizetype TakeText(QStringView text);
   bool TakeParagraph();
@@ -28,4 +32,6 @@ class PageBudget {
   // Tenths of microseconds, about, that reading and laying out took where the figures were found.
   qsizetype left_ = 10'000'000;
   bool isSpent_ = false;
+  std::function<void()> goesOn_;
+  qsizetype nextCall_;  // with so much left
 };

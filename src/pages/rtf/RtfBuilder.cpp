@@ -3,6 +3,7 @@
 #include "pages/rtf/RtfTableGrid.h"
 
 #include <QTextDocument>
+#include <QTextFrame>
 #include <QTextTable>
 #include <algorithm>
 
@@ -25,6 +26,40 @@ RtfBuilder::RtfBuilder(RichPage& page, RtfFormats& formats)
 void RtfBuilder::Finish() {
   if (isAtFreshBlock_ && cursor_.position() > 0) FlattenBlock();
   cursor_.endEditBlock();
+  SetUpDocument();
+}
+
+void RtfBuilder::SetUpDocument() {
+  const RtfHeader& header = formats_.Header();
+  const PageMetrics& metrics = formats_.Metrics();
+  QTextDocument& document = *page_.Document;
+  document.setDefaultFont(formats_.CharFormat(formats_.NumberOf(RtfCharProps())).font());
+  QTextOption option = document.defaultTextOption();
+  option.setTabStopDistance(metrics.Pixels(std::clamp(header.DefaultTab, 60, 14400)));
+  document.setDefaultTextOption(option);
+  QTextFrameFormat frame = document.rootFrame()->frameFormat();
+  frame.setLeftMargin(metrics.Pixels(header.Margins.Left));
+  frame.setTopMargin(metrics.Pixels(header.Margins.Top + spaceAtTop_));
+  frame.setRightMargin(metrics.Pixels(header.Margins.Right));
+  frame.setBottomMargin(metrics.Pixels(header.Margins.Bottom));
+  SetPageBorder(frame);
+  document.rootFrame()->setFrameFormat(frame);
+}
+
+// A document's own frame has the same line on all sides, within its margin.
+void RtfBuilder::SetPageBorder(QTextFrameFormat& frame) const {
+  const auto given = std::find_if(formats_.Header().PageBorders.begin(), formats_.Header().PageBorders.end(),
+                                  [](const RtfBorder& border) { return border.Line != RtfLine::None; });
+  if (given == formats_.Header().PageBorders.end()) return;
+  const double width = std::max(formats_.Metrics().Pixels(given->Width), 1.0);
+  const double rim =
+      std::min({frame.leftMargin(), frame.topMargin(), frame.rightMargin(), frame.bottomMargin()}) / 2;
+  const QColor colour = formats_.Header().Colours.Of(given->Colour);
+  frame.setBorder(width);
+  frame.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+  frame.setBorderBrush(colour.isValid() ? colour : QColor(Qt::black));
+  frame.setPadding(std::max(rim - width, 0.0));
+  frame.setMargin(rim);
 }
 
 // The block behind a table at the end belongs to nobody: it must not add a line of height.

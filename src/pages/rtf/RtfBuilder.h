@@ -6,6 +6,7 @@
 #include "pages/rtf/RtfModel.h"
 
 #include <QTextCursor>
+#include <QTextFrameFormat>
 #include <QTextTable>
 #include <vector>
 
@@ -17,11 +18,8 @@ class RtfBuilder {
   void InsertParagraph(const RtfParagraph& paragraph);
   void Insert(const RtfBlock& block);
 
-  // No more will come. Before it the document's positions are not final.
+  // No more will come: the page gets its measures. Before it the document's positions are not final.
   void Finish();
-
-  // Above the first paragraph of the page, twips; final after Finish.
-  int SpaceAtTop() const { return spaceAtTop_; }
 
  private:
   void InsertTable(const RtfTable& table);
@@ -29,6 +27,8 @@ class RtfBuilder {
   void InsertCell(const RtfCell& cell, const QTextCursor& at);
   void InsertAsText(const RtfTable& table, size_t first, size_t count);
   QTextCharFormat EmptyLineFont(const RtfCell* cell) const;
+  void SetUpDocument();
+  void SetPageBorder(QTextFrameFormat& frame) const;
   void FlattenBlock();
   void KeepEmptyLine(const QTextTable& table, QTextBlockFormat format);
   void InsertSpans(const RtfParagraph& paragraph);
@@ -43,7 +43,7 @@ class RtfBuilder {
   RtfParaProps last_;           // of the paragraph right above, if there is one
   bool hasLast_ = false;
   QTextTable* lastTable_ = nullptr;  // that the fresh block stands behind
-  int spaceAtTop_ = 0;
+  int spaceAtTop_ = 0;               // above the first paragraph of the page, twips
   QTextBlockFormat spaced_;
   int tables_ = 0;
   size_t cells_ = 0;  // of all tables

@@ -206,6 +206,7 @@ void RtfFlow::EndRowOf(Level& level, const RtfRowProps& props) {
 
 void RtfFlow::ResetRow() {
   row_ = {};
+  nextCell_ = {};
   isRowOpen_ = true;
 }
 
@@ -259,6 +260,7 @@ bool RtfFlow::IsInFootnote() const {
 }
 
 void RtfFlow::BeginAside(Aside kind) {
+  if (kind == Aside::Footnote) ++footnoteCount_;
   asides_.push_back({kind, std::move(paragraph_)});
   paragraph_ = {};
 }

@@ -41,6 +41,8 @@ class RtfFlow {
   // The row that is being described, and a fresh start for it.
   RtfRowProps& Row() { return row_; }
   void ResetRow();
+  // The cell whose edge has not come yet.
+  RtfCellProps& NextCell() { return nextCell_; }
   // The description of a nested row stands in a group of its own, amid the outer row.
   void BeginNestedRow();
   void EndNestedRow();
@@ -50,6 +52,7 @@ class RtfFlow {
   enum class Aside { Footnote, Box };
   void BeginAside(Aside kind);
   void EndAside(const RtfParaProps& props, int endFormat);
+  int FootnoteCount() const { return footnoteCount_; }  // begun so far
 
   // The end of the page: whatever is still open comes out, footnotes last.
   void Finish(const RtfParaProps& props, int endFormat);
@@ -78,10 +81,12 @@ class RtfFlow {
   PageBudget& budget_;
   RtfParagraph paragraph_;
   RtfRowProps row_;
+  RtfCellProps nextCell_;
   bool isRowOpen_ = false;                               // described, and its end not yet seen
   std::vector<std::pair<RtfRowProps, bool>> outerRows_;  // with whether they are open
   std::vector<Level> levels_;
   std::vector<RtfBlock> outermost_;  // a box around paragraphs that may take in more
   std::vector<SavedParagraph> asides_;
   std::vector<RtfParagraph> footnotes_;
+  int footnoteCount_ = 0;
 };

@@ -177,12 +177,11 @@ QTextCharFormat RtfFormats::MakeCharFormat(const RtfCharProps& props) const {
 }
 
 void RtfFormats::SetFont(QTextCharFormat& format, const RtfCharProps& props) const {
-  const int number = props.Font < 0 ? header_.DefaultFont : props.Font;
-  const auto font = header_.Fonts.find(number);
+  const RtfFont* const font = header_.Fonts.Find(props.Font);
   QStringList families{kSerif};  // what word processors take for a font that the page doesn't describe
-  if (font != header_.Fonts.end()) {
+  if (font != nullptr) {
     // The characters of a symbol font were turned into Unicode: its glyphs would be the wrong ones.
-    families = IsSymbolCodePage(font->second.CodePage) ? QStringList{kSans} : FamiliesOf(font->second);
+    families = IsSymbolCodePage(font->CodePage) ? QStringList{kSans} : FamiliesOf(*font);
   }
   format.setFontFamilies(families);
   const double points = std::clamp(props.HalfPoints, 2, kLargestSize) / 2.0;
@@ -200,7 +199,7 @@ void RtfFormats::SetFont(QTextCharFormat& format, const RtfCharProps& props) con
 
 void RtfFormats::SetDecoration(QTextCharFormat& format, const RtfCharProps& props) const {
   if (props.Underline != RtfUnderline::None) format.setUnderlineStyle(StyleOf(props.Underline));
-  if (const QColor line = header_.ColourOf(props.UnderlineColour);
+  if (const QColor line = header_.Colours.Of(props.UnderlineColour);
       props.UnderlineColour > 0 && line.isValid() && props.Underline != RtfUnderline::None) {
     format.setUnderlineColor(line);
   }
@@ -211,8 +210,8 @@ void RtfFormats::SetDecoration(QTextCharFormat& format, const RtfCharProps& prop
     const double percent = 100.0 * props.Rise / std::max(props.HalfPoints, 2);
     format.setBaselineOffset(std::clamp(percent, -200.0, 200.0));
   }
-  if (const QColor colour = header_.ColourOf(props.Colour); colour.isValid()) format.setForeground(colour);
-  if (const QColor back = header_.ColourOf(props.Shade); back.isValid()) format.setBackground(back);
+  if (const QColor colour = header_.Colours.Of(props.Colour); colour.isValid()) format.setForeground(colour);
+  if (const QColor back = header_.Colours.Of(props.Shade); back.isValid()) format.setBackground(back);
   if (props.IsOutlined) {
     const QBrush ink = format.foreground();
     format.setTextOutline(QPen(ink.style() == Qt::NoBrush ? QColor(Qt::black) : ink.color(), 0));
@@ -227,7 +226,7 @@ void RtfFormats::SetLink(QTextCharFormat& format, const RtfCharProps& props) con
   format.setAnchorHref(HrefOfLink(links_[index]));
   format.setProperty(kLinkNumberProperty, props.Link);
   // A link is seen as one also where its author gave it no look, or the colour of all text.
-  if (!header_.ColourOf(props.Colour).isValid()) format.setForeground(QColor(Qt::blue));
+  if (!header_.Colours.Of(props.Colour).isValid()) format.setForeground(QColor(Qt::blue));
   if (props.Underline == RtfUnderline::None) format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
 }
 
@@ -280,7 +279,7 @@ QTextBlockFormat RtfFormats::MakeBlockFormat(const RtfParaProps& props) const {
     format.setLineHeight(metrics_.Pixels(Held(props.LineSpacing)), QTextBlockFormat::MinimumHeight);
   }
   SetTabs(format, props);
-  if (const QColor back = header_.ColourOf(props.Shade); back.isValid()) format.setBackground(back);
+  if (const QColor back = header_.Colours.Of(props.Shade); back.isValid()) format.setBackground(back);
   if (props.HasPageBreak) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
   if (props.HasRuleBelow) {
     format.setProperty(QTextFormat::BlockTrailingHorizontalRulerWidth,

@@ -58,7 +58,7 @@ void AddTab(P& parser, A argument) {
 
 void SetList(P& parser, A argument) {
   if (parser.State().AtEnd == RtfGroupEnd::ListOverride) {
-    parser.ListNumber() = argument.Number;
+    parser.Lists().SetOverrideNumber(argument.Number);
   } else {
     Para(parser).List = argument.Number;
   }

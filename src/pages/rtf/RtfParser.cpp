@@ -2,10 +2,9 @@
 
 #include "pages/common/PageDocument.h"
 
-#include <QTextCursor>
-#include <QTextFrame>
 #include <algorithm>
-#include <array>
+#include <memory>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -13,15 +12,7 @@ namespace {
 // Groups deeper than this share the look of the deepest one that has its own.
 constexpr size_t kDeepestLook = 512;
 constexpr size_t kMostDeepGroups = 100'000;
-constexpr size_t kMostStyleWords = 64;
-constexpr size_t kMostStyleBases = 12;
-constexpr size_t kMostStyles = 4096;
-// Words that all uses of styles repeat: more than a page calls for that has any text to show in them.
-constexpr size_t kStyleWorth = 4;  // words that it takes as long to find a style
-constexpr size_t kMostRepeated = 1'000'000, kMostRepeatedPerByte = 2;
 constexpr size_t kMostBytesAtOnce = 4'000'000;
-constexpr int kEndsThere = 2;         // of a list's number: how it stands at its place
-constexpr int kRoomForNumber = 1000;  // twips
 
 RichPage EmptyPage() {
   RichPage page;
@@ -33,16 +24,17 @@ RichPage EmptyPage() {
 
 }  // namespace
 
-RtfParser::RtfParser(std::string_view bytes, const PageMetrics& metrics)
+RtfParser::RtfParser(std::string_view bytes, const PageMetrics& metrics, const std::function<void()>& goesOn)
     : tokens_(bytes),
       metrics_(metrics),
       page_(EmptyPage()),
+      budget_(goesOn),
       formats_(header_, metrics_),
       builder_(page_, formats_),
       flow_(builder_, budget_),
-      pictures_(metrics),
-      states_(1),
-      styleWordsLeft_(kMostRepeated + bytes.size() * kMostRepeatedPerByte) {}
+      styles_(bytes.size()),
+      objects_(page_, metrics_, budget_),
+      states_(1) {}
 
 RichPage RtfParser::Read() {
   for (RtfToken token = tokens_.Next(); token.Kind != RtfTokenKind::End && !isAtEnd_ && !budget_.IsSpent();
@@ -54,12 +46,11 @@ RichPage RtfParser::Read() {
       Handle(token);
     }
   }
-  page_.IsCut = budget_.IsSpent();
   // A cut file or a page that is too long: what is open ends here.
   while (!isAtEnd_)
     CloseGroup();
-  NumberObjects();
-  SetUpDocument();
+  page_.IsCut = budget_.IsSpent();
+  objects_.NumberInOrder();
   return std::move(page_);
 }
 
@@ -81,8 +72,7 @@ void RtfParser::Handle(const RtfToken& token) {
     case RtfTokenKind::GroupOpen: OpenGroup(); return;
     case RtfTokenKind::GroupClose: CloseGroup(); return;
     case RtfTokenKind::Binary:
-      if (IsIn(RtfDestination::Picture))
-        picture_.Data.append(token.Text.data(), static_cast<qsizetype>(token.Text.size()));
+      if (IsIn(RtfDestination::Picture)) objects_.AddPictureBytes(token.Text);
       return;
     case RtfTokenKind::End: return;
   }
@@ -91,7 +81,7 @@ void RtfParser::Handle(const RtfToken& token) {
 void RtfParser::HandleBytes(std::string_view bytes) {
   isIgnorable_ = false;
   if (IsIn(RtfDestination::Picture)) {
-    picture_.AddHex(bytes);
+    objects_.AddPictureHex(bytes);
     return;
   }
   if (fallbackLeft_ > 0) {
@@ -107,7 +97,7 @@ void RtfParser::HandleWord(const RtfToken& token) {
   const RtfArgument argument{token.Parameter, token.HasParameter};
   const int fallbackLeft = std::exchange(fallbackLeft_, 0);
   if (token.Text == "u") {  // the one word that may stand in the middle of a run of text
-    AddUnicode(argument.Number);
+    HandleUnicode(argument.Number);
     fallbackLeft_ = State().FallbackCount;
     return;
   }
@@ -128,8 +118,7 @@ void RtfParser::HandleWord(const RtfToken& token) {
     return;
   }
   if (IsIn(RtfDestination::StyleSheet) && known->IsFormat) {
-    if (style_.Words.size() < kMostStyleWords) style_.Words.push_back({known->Handle, argument});
-    if (known->TellsAll) style_.IsWhole = true;
+    styles_.Add(*known, argument);
     return;
   }
   known->Handle(*this, argument);
@@ -183,8 +172,7 @@ void RtfParser::OpenGroup() {
     state.Destination = RtfDestination::Skip;
   } else {
     state.AtEnd = RtfGroupEnd::Style;
-    style_ = {};
-    styleNumber_ = 0;
+    styles_.Begin();
   }
 }
 
@@ -232,7 +220,7 @@ void RtfParser::CloseGroup() {
   if (states_.size() <= 2) {
     // The page's own group: its last paragraph still has the look of the group.
     if (State().AtEnd != RtfGroupEnd::Nothing) EndGroup(RtfState(State()));
-    flow_.Finish(PropsAtEnd(), formats_.NumberOf(State().Chars));
+    flow_.Finish(lists_.PropsAtEnd(*this), formats_.NumberOf(State().Chars));
     isAtEnd_ = true;
     return;
   }
@@ -251,63 +239,32 @@ void RtfParser::EndGroup(const RtfState& closed) {
   switch (closed.AtEnd) {
     case RtfGroupEnd::Nothing: return;
     case RtfGroupEnd::Font:
-      EndFont();
-      State().CodePage = header_.CodePageOf(State().Chars.Font);
+      header_.Fonts.End();
+      State().CodePage = header_.Fonts.CodePageOf(State().Chars.Font);
       return;
-    case RtfGroupEnd::Style: EndStyle(); return;
-    case RtfGroupEnd::List: header_.Lists[listId_] = list_; return;
-    case RtfGroupEnd::ListLevel: EndListLevel(closed); return;
-    case RtfGroupEnd::ListOverride:
-      listOverride_.List = listId_;
-      header_.ListOverrides[listNumber_] = listOverride_;
-      return;
+    case RtfGroupEnd::Style: styles_.End(); return;
+    case RtfGroupEnd::List: lists_.EndList(); return;
+    case RtfGroupEnd::ListLevel: lists_.EndLevel(header_.Fonts.CodePageOf(closed.Chars.Font)); return;
+    case RtfGroupEnd::ListOverride: lists_.EndOverride(); return;
     case RtfGroupEnd::LevelOverride: return;
-    case RtfGroupEnd::OldList: EndOldList(); return;
-    case RtfGroupEnd::Field: EndField(closed.Field); return;
-    case RtfGroupEnd::PlaceName: flow_.AddPlace(name_.trimmed()); return;
-    case RtfGroupEnd::Picture: EndPicture(); return;
-    case RtfGroupEnd::ShapeProperty: EndShapeProperty(); return;
-    case RtfGroupEnd::Object: EndObject(closed.Object); return;
+    case RtfGroupEnd::OldList: lists_.EndOldList(State().Para); return;
+    case RtfGroupEnd::Field: fields_.End(*this, closed.Field); return;
+    case RtfGroupEnd::PlaceName: fields_.EndPlace(*this); return;
+    case RtfGroupEnd::Picture: objects_.EndPicture(*this); return;
+    case RtfGroupEnd::ShapeProperty: objects_.EndShapeProperty(*this); return;
+    case RtfGroupEnd::Object: objects_.End(*this, closed.Object); return;
     case RtfGroupEnd::NestedRow: flow_.EndNestedRow(); return;
     case RtfGroupEnd::Aside: flow_.EndAside(closed.Para, formats_.NumberOf(closed.Chars)); return;
   }
 }
 
-void RtfParser::EndStyle() {
-  if (styles_.size() < kMostStyles) styles_[styleNumber_] = style_;
-  style_ = {};
-}
-
-void RtfParser::ApplyStyle(int number) {
-  if (header_.RepeatsStyles || styleWordsLeft_ == 0) return;
-  // From the style itself to the one that all are based on.
-  std::array<const Style*, kMostStyleBases> chain{};
-  size_t count = 0;
-  size_t words = 0;
-  for (auto found = styles_.find(number); found != styles_.end() && count < chain.size();
-       found = styles_.find(found->second.Base)) {
-    chain[count++] = &found->second;
-    words += found->second.Words.size() + kStyleWorth;
-    if (found->second.IsWhole) break;
-  }
-  if (words > styleWordsLeft_) {
-    styleWordsLeft_ = 0;
-    return;
-  }
-  styleWordsLeft_ -= words;
-  while (count > 0) {
-    for (const StyleWord& word : chain[--count]->Words)
-      word.Handle(*this, word.Argument);
-  }
-}
-
 void RtfParser::SetFont(int number) {
   if (IsIn(RtfDestination::FontTable)) {
-    BeginFont(number);
+    header_.Fonts.Begin(number);
     return;
   }
   State().Chars.Font = number;
-  State().CodePage = header_.CodePageOf(number);
+  State().CodePage = header_.Fonts.CodePageOf(number);
 }
 
 void RtfParser::SetPlain() {
@@ -315,7 +272,7 @@ void RtfParser::SetPlain() {
   plain.Link = State().Chars.Link;
   State().Chars = plain;
   State().IsRightToLeft = false;
-  State().CodePage = header_.CodePageOf(-1);
+  State().CodePage = header_.Fonts.CodePageOf(-1);
 }
 
 void RtfParser::BeginBorder(RtfBorderOf owner, size_t side) {
@@ -330,26 +287,11 @@ std::span<RtfBorder> RtfParser::Borders() {
       const std::span<RtfBorder> sides = State().Para.Borders;
       return borderSide_ == kSideCount ? sides : sides.subspan(borderSide_, 1);
     }
-    case RtfBorderOf::Cell: return std::span(nextCell_.Borders).subspan(borderSide_, 1);
+    case RtfBorderOf::Cell: return std::span(flow_.NextCell().Borders).subspan(borderSide_, 1);
     case RtfBorderOf::Row: return std::span(flow_.Row().Borders).subspan(borderSide_, 1);
     case RtfBorderOf::Page: return std::span(header_.PageBorders).subspan(borderSide_, 1);
   }
   return {};
-}
-
-// Those of the paragraph that ends. Where the number of a list ends at its place a tab in front leads there.
-RtfParaProps RtfParser::PropsAtEnd() {
-  RtfParaProps props = State().Para;
-  if (props.List == 0 || !flow_.HasListText() || props.IsRightToLeft) return props;
-  const RtfListLevel* const level = ListLevelOf(header_, props.List, props.ListLevel);
-  const auto held = [](int twips) { return std::clamp(twips, -kLongestRtfLength, kLongestRtfLength); };
-  const int end = held(props.LeftIndent) + held(props.FirstIndent);
-  const bool endsThere = level != nullptr && level->Justify == kEndsThere;
-  if (!endsThere || end <= 0 || !flow_.PutTabInFront()) return props;
-  props.FirstIndent = std::max(end - kRoomForNumber, 0) - held(props.LeftIndent);
-  props.Tabs.removeIf([end](const RtfTab& tab) { return tab.Position <= end; });
-  props.Tabs.prepend({end, RtfAlign::Right});
-  return props;
 }
 
 void RtfParser::EndParagraph() {
@@ -359,8 +301,8 @@ void RtfParser::EndParagraph() {
     if (flow_.IsParagraphEmpty()) flow_.ForgetListText();
     return;
   }
-  NumberEmptyParagraph();
-  RtfParaProps props = PropsAtEnd();
+  lists_.AddDueNumberToEmpty(*this);
+  RtfParaProps props = lists_.PropsAtEnd(*this);
   if (isPageBreakDue_) props.HasPageBreak = true;
   isPageBreakDue_ = false;
   flow_.EndParagraph(props, formats_.NumberOf(State().Chars));
@@ -378,58 +320,64 @@ void RtfParser::BreakPage() {
 
 void RtfParser::EndCell(bool isNested) {
   if (!IsIn(RtfDestination::Body)) return;
-  NumberEmptyParagraph();
-  flow_.EndCell(PropsAtEnd(), formats_.NumberOf(State().Chars), isNested);
+  lists_.AddDueNumberToEmpty(*this);
+  flow_.EndCell(lists_.PropsAtEnd(*this), formats_.NumberOf(State().Chars), isNested);
 }
 
 void RtfParser::EndRow(bool isNested) {
   flow_.EndRow(State().Para, formats_.NumberOf(State().Chars), isNested);
 }
 
-// A document's own frame has the same line on all sides, within its margin.
-void RtfParser::SetPageBorder(QTextFrameFormat& frame) const {
-  const auto given = std::find_if(header_.PageBorders.begin(), header_.PageBorders.end(),
-                                  [](const RtfBorder& border) { return border.Line != RtfLine::None; });
-  if (given == header_.PageBorders.end()) return;
-  const double width = std::max(metrics_.Pixels(given->Width), 1.0);
-  const double rim =
-      std::min({frame.leftMargin(), frame.topMargin(), frame.rightMargin(), frame.bottomMargin()}) / 2;
-  const QColor colour = header_.ColourOf(given->Colour);
-  frame.setBorder(width);
-  frame.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-  frame.setBorderBrush(colour.isValid() ? colour : QColor(Qt::black));
-  frame.setPadding(std::max(rim - width, 0.0));
-  frame.setMargin(rim);
+void RtfParser::AddCharacter(QChar character) {
+  text_.AddCharacter(character);
 }
 
-// An object of a note stands at the end of the page, wherever its note hangs.
-void RtfParser::NumberObjects() {
-  QList<PageObject>& objects = page_.Objects;
-  const auto isBefore = [](const PageObject& a, const PageObject& b) { return a.Position < b.Position; };
-  if (std::is_sorted(objects.begin(), objects.end(), isBefore)) return;
-  std::sort(objects.begin(), objects.end(), isBefore);
-  QTextCursor cursor(page_.Document.get());
-  for (int i = 0; i < static_cast<int>(objects.size()); ++i) {
-    objects[i].Id = i + 1;
-    QTextCharFormat format;
-    format.setProperty(kObjectIdProperty, objects[i].Id);
-    cursor.setPosition(objects[i].Position);
-    cursor.setPosition(objects[i].Position + 1, QTextCursor::KeepAnchor);
-    cursor.mergeCharFormat(format);
+void RtfParser::HandleUnicode(int value) {
+  if (IsIn(RtfDestination::ListLevelText)) {
+    // The font that says what it means comes only behind it.
+    text_.AddCharacter(QChar(static_cast<char16_t>(value)));
+  } else {
+    text_.AddUnicode(value, State().CodePage);
   }
 }
 
-void RtfParser::SetUpDocument() {
-  QTextDocument& document = *page_.Document;
-  document.setDefaultFont(formats_.CharFormat(formats_.NumberOf(RtfCharProps())).font());
-  QTextOption option = document.defaultTextOption();
-  option.setTabStopDistance(metrics_.Pixels(std::clamp(header_.DefaultTab, 60, 14400)));
-  document.setDefaultTextOption(option);
-  QTextFrameFormat frame = document.rootFrame()->frameFormat();
-  frame.setLeftMargin(metrics_.Pixels(header_.Margins.Left));
-  frame.setTopMargin(metrics_.Pixels(header_.Margins.Top + builder_.SpaceAtTop()));
-  frame.setRightMargin(metrics_.Pixels(header_.Margins.Right));
-  frame.setBottomMargin(metrics_.Pixels(header_.Margins.Bottom));
-  SetPageBorder(frame);
-  document.rootFrame()->setFrameFormat(frame);
+void RtfParser::FlushText() {
+  if (text_.IsEmpty()) return;
+  SendText(text_.Take(IsIn(RtfDestination::ListLevelText)));
+}
+
+void RtfParser::AddText(const QString& text) {
+  FlushText();
+  SendText(text);
+}
+
+void RtfParser::SendText(const QString& text) {
+  switch (State().Destination) {
+    case RtfDestination::Body: SendBody(text); return;
+    case RtfDestination::FontTable: header_.Fonts.AddName(text); return;
+    case RtfDestination::OtherFontName: header_.Fonts.AddOtherName(text); return;
+    case RtfDestination::ColourTable: header_.Colours.AddText(text); return;
+    case RtfDestination::ListLevelText: lists_.AddTemplate(text); return;
+    case RtfDestination::OldListBefore: lists_.AddBefore(text); return;
+    case RtfDestination::OldListAfter: lists_.AddAfter(text); return;
+    case RtfDestination::FieldInstruction: fields_.AddInstruction(State().Field, text); return;
+    case RtfDestination::FormChoice: fields_.AddChoice(State().Field, text); return;
+    case RtfDestination::PlaceName: fields_.AddPlaceName(text); return;
+    case RtfDestination::ObjectName: objects_.AddDataText(State().Object, text); return;
+    case RtfDestination::ShapeName: objects_.AddShapeName(text); return;
+    case RtfDestination::ShapeValue: objects_.AddShapeValue(text); return;
+    case RtfDestination::Skip:
+    case RtfDestination::Twice:
+    case RtfDestination::StyleSheet:
+    case RtfDestination::Picture:
+    case RtfDestination::Other: return;
+  }
+}
+
+void RtfParser::SendBody(const QString& text) {
+  if (State().Chars.IsHidden || text.isEmpty()) return;
+  // Blanks alone may stand in front of the number that the page brings.
+  if (RtfLists::IsNumberDue(*this) && !text.trimmed().isEmpty()) lists_.AddDueNumber(*this);
+  fields_.AddShown(State().Field);
+  flow_.AddText(text, formats_.NumberOf(State().Chars));
 }

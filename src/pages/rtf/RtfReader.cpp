@@ -23,8 +23,9 @@ bool IsRtf(const QByteArray& bytes) {
   return WithoutLead(bytes).starts_with("{\\rtf");
 }
 
-RichPage ReadRtf(const QByteArray& bytes, const PageMetrics& metrics, const QString& what) {
+RichPage ReadRtf(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
+                 const std::function<void()>& goesOn) {
   if (!IsRtf(bytes)) throw RunTimeError(Describe("page-no-rich-text", what));
   return ReadBounded(
-      metrics, [&bytes](const PageMetrics& used) { return RtfParser(WithoutLead(bytes), used).Read(); });
+      metrics, [&](const PageMetrics& used) { return RtfParser(WithoutLead(bytes), used, goesOn).Read(); });
 }

@@ -288,10 +288,10 @@ void RtfTableGrid::StretchRows(const RtfFormats& formats) {
 }
 
 QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfFormats& formats) const {
-  const RtfHeader& header = formats.Header();
+  const RtfColourTable& colours = formats.Header().Colours;
   QTextTableCellFormat format;
   const auto brush = [&](const RtfBorder& border) {
-    const QColor colour = header.ColourOf(border.Colour);
+    const QColor colour = colours.Of(border.Colour);
     return QBrush(colour.isValid() ? colour : QColor(Qt::black));
   };
   const bool isTop = cell.Props.Vertical == Qt::AlignTop;
@@ -318,8 +318,8 @@ QTextCharFormat RtfTableGrid::CellFormat(const RtfGridCell& cell, const RtfForma
   format.setBottomPadding(Padding(cell, kBottomSide, formats) + EdgeSpace(cell, kBottomSide, formats) +
                           cell.Missing - above);
   format.setVerticalAlignment(VerticalOf(cell.Props.Vertical));
-  const QColor own = header.ColourOf(cell.Props.Shade);
-  const QColor back = own.isValid() ? own : header.ColourOf(cell.RowProps->Shade);
+  const QColor own = colours.Of(cell.Props.Shade);
+  const QColor back = own.isValid() ? own : colours.Of(cell.RowProps->Shade);
   if (back.isValid()) format.setBackground(back);
   return format;
 }

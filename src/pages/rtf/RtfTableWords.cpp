@@ -10,9 +10,8 @@ using A = RtfArgument;
 RtfRowProps& Row(P& parser) {
   return parser.Flow().Row();
 }
-// The cell whose edge has not come yet.
 RtfCellProps& Cell(P& parser) {
-  return parser.NextCell();
+  return parser.Flow().NextCell();
 }
 
 // A padding counts only if the word for its unit (3: twips) does not say otherwise; pages always say 3.
@@ -28,7 +27,6 @@ void RowPadding(P& parser, A argument) {
 
 void StartRow(P& parser, A) {
   parser.Flow().ResetRow();
-  parser.NextCell() = {};
   parser.BeginBorder(RtfBorderOf::Nothing, 0);
 }
 

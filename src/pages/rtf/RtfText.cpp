@@ -11,7 +11,8 @@ namespace {
 
 constexpr int kLatin1252 = 1252;
 constexpr int kJohab = 1361;
-constexpr size_t kMostCodePages = 64;  // of one page; further ones count as the western one
+constexpr qsizetype kLongestName = 4096;  // characters
+constexpr size_t kMostCodePages = 64;     // of one page; further ones count as the western one
 
 struct Codec {
   const char* Name;
@@ -105,6 +106,10 @@ int CodePageOfCharset(int charset) {
       {204, 1251}, {222, 874},           {238, 1250}, {254, 437},  {255, 850}};
   const auto found = pages.find(charset);
   return found == pages.end() ? 0 : found->second;
+}
+
+void AppendName(QString& name, const QString& text) {
+  if (name.size() < kLongestName) name += text.left(kLongestName - name.size());
 }
 
 void RtfText::AddBytes(std::string_view bytes, int codePage) {

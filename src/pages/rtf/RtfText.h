@@ -13,6 +13,9 @@
 // The code page that a font's \fcharset means; 0 for the document's own.
 int CodePageOfCharset(int charset);
 
+// Adds to a name, an instruction or a data text, up to the longest one that is kept.
+void AppendName(QString& name, const QString& text);
+
 // Gathers text until it is taken. Bytes of a multi-byte code page may come in pieces.
 class RtfText {
  public:

@@ -2,6 +2,13 @@
 
 #include <unordered_map>
 
+#include "pages/rtf/RtfColourTable.h"
+#include "pages/rtf/RtfFields.h"
+#include "pages/rtf/RtfFontTable.h"
+#include "pages/rtf/RtfLists.h"
+#include "pages/rtf/RtfObjects.h"
+#include "pages/rtf/RtfStyles.h"
+
 namespace {
 
 using Words = std::unordered_map<std::string_view, KnownRtfWord>;
@@ -23,6 +30,12 @@ Words AllWords() {
   Add(words, RtfTableWords(), false);
   Add(words, RtfDestinationWords(), false);
   Add(words, RtfTextWords(), false);
+  Add(words, RtfFontTable::Words(), false);
+  Add(words, RtfColourTable::Words(), false);
+  Add(words, RtfStyles::Words(), false);
+  Add(words, RtfLists::Words(), false);
+  Add(words, RtfFields::Words(), false);
+  Add(words, RtfObjects::Words(), false);
   return words;
 }
 

@@ -1,5 +1,5 @@
-// The control words that the RTF reader knows. Each file of words gives its own list; the parser
-// looks a word up in all of them.
+// The control words that the RTF reader knows. Each table of the format and each file of words
+// gives its own list; the parser looks a word up in all of them.
 #pragma once
 
 #include <span>
