@@ -7,6 +7,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
+#include "platform/forms/LateHourglass.h"
 #include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/ScrollKeys.h"
@@ -107,14 +108,16 @@ void TextControl::Load(const QString& programPath, int offset, int format) {
   if (format != kPageFormat && format != kFileAndPlaceFormat && format != kRichTextFormat) {
     throw RunTimeError(Describe("page-format", NamedPath(programPath), QString::number(format)));
   }
+  LateHourglass hourglass;
   Source source{programPath, ReadProgramFile(programPath, kPageLimit), offset};
   std::swap(source, source_);
   try {
-    ShowPage(Read());
+    ShowPage(Read([&hourglass] { hourglass.GoesOn(); }));
   } catch (const RunTimeError&) {
     source_ = std::move(source);
     throw;
   }
+  if (hourglass.IsShown()) document()->size();  // lays it out, which takes long too
   verticalScrollBar()->setValue(0);
   horizontalScrollBar()->setValue(0);
   currentObject_ = 0;
@@ -128,9 +131,9 @@ void TextControl::Load(const QString& programPath, int offset, int format) {
   }
 }
 
-RichPage TextControl::Read() const {
+RichPage TextControl::Read(const std::function<void()>& goesOn) const {
   RichPage page = ReadPage(source_.Bytes, source_.Offset, Metrics(), NamedPath(source_.ProgramPath),
-                           LoaderBeside(source_.ProgramPath));
+                           LoaderBeside(source_.ProgramPath), goesOn);
   PageZoom::KeepWidths(*page.Document);
   return page;
 }
@@ -203,9 +206,7 @@ void TextControl::SetPageWidth(double twips) {
 }
 
 void TextControl::SetCurrentObject(int id) {
-  const bool isThere = std::any_of(page_.Objects.begin(), page_.Objects.end(),
-                                   [id](const PageObject& object) { return object.Id == id; });
-  const int current = isThere ? id : 0;
+  const int current = id >= 1 && id <= page_.Objects.size() ? id : 0;
   if (current == currentObject_) return;
   currentObject_ = current;
   if (current != 0) ObjectActive.Raise(current);
@@ -225,21 +226,19 @@ void TextControl::Refresh() {
 }
 
 QRect TextControl::ObjectRect(int id) const {
-  for (const PageObject& object : page_.Objects) {
-    if (object.Id != id) continue;
-    QTextCursor cursor(document());
-    cursor.setPosition(object.Position);
-    const QRect caret = cursorRect(cursor);
-    const QTextBlock block = cursor.block();
-    const QTextLine line = block.layout()->lineForTextPosition(object.Position - block.position());
-    cursor.setPosition(object.Position + 1, QTextCursor::KeepAnchor);
-    const QTextImageFormat box = cursor.charFormat().toImageFormat();
-    const int height = static_cast<int>(std::lround(box.height()));
-    const int bottom =
-        caret.top() + static_cast<int>(std::lround(line.isValid() ? line.ascent() : box.height()));
-    return {caret.left(), bottom - height, static_cast<int>(std::lround(box.width())), height};
-  }
-  return {};
+  if (id < 1 || id > page_.Objects.size()) return {};
+  const int position = page_.Objects.at(id - 1).Position;
+  QTextCursor cursor(document());
+  cursor.setPosition(position);
+  const QRect caret = cursorRect(cursor);
+  const QTextBlock block = cursor.block();
+  const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+  cursor.setPosition(position + 1, QTextCursor::KeepAnchor);
+  const QTextImageFormat box = cursor.charFormat().toImageFormat();
+  const int height = static_cast<int>(std::lround(box.height()));
+  const int bottom =
+      caret.top() + static_cast<int>(std::lround(line.isValid() ? line.ascent() : box.height()));
+  return {caret.left(), bottom - height, static_cast<int>(std::lround(box.width())), height};
 }
 
 bool TextControl::TakeKey(const QKeyEvent& key) {

@@ -11,6 +11,7 @@
 #include <QRect>
 #include <QString>
 #include <QTextBrowser>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -104,7 +105,7 @@ class TextControl : public QTextBrowser, public Control, public KeyTaker {
   void ColoursChanged() override;
 
  private:
-  RichPage Read() const;
+  RichPage Read(const std::function<void()>& goesOn = {}) const;
   void ShowPage(RichPage&& page);
   void ShowAgain();
   static void ShowAllAgain();
