@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTextTable>
+#include <vector>
 
 #include "pages/common/PageLink.h"
 #include "pages/rtf/rtf_pages.h"
@@ -313,41 +314,48 @@ TEST(RtfTables, HaveRowsAndColumnsOfTheirWidths) {
 }
 
 TEST(RtfTables, JoinCells) {
-  const RichPage page = ReadBody(
-      "\\trowd\\clvmgf\\cellx1000\\clmgf\\cellx2000\\clmrg\\cellx3000\\pard\\intbl down\\cell "
-      "across\\cell\\cell\\row"
-      "\\trowd\\clvmrg\\cellx1000\\cellx2000\\cellx3000\\pard\\intbl\\cell c\\cell d\\cell\\row"
-      "\\trowd\\cellx3000\\pard\\intbl wide\\cell\\row");
-  const QTextTable* table = TableWith(page, "down");
-  ASSERT_NE(table, nullptr);
-  EXPECT_EQ(table->rows(), 3);
-  EXPECT_EQ(table->columns(), 3);
-  EXPECT_EQ(table->cellAt(0, 0).rowSpan(), 2);
-  EXPECT_EQ(table->cellAt(0, 1).columnSpan(), 2);
-  EXPECT_EQ(table->cellAt(2, 0).columnSpan(), 3);
-  EXPECT_EQ(page.Document->toPlainText().simplified(), QStringLiteral("down across c d wide"));
-}
-
-TEST(RtfTables, HaveNoColumnForAJoinedCellOfNoWidth) {
-  const RichPage page = ReadBody(
-      "\\trowd\\clmgf\\cellx2000\\clmrg\\cellx2000\\cellx3000\\pard\\intbl a\\cell\\cell b\\cell\\row");
-  const QTextTable* table = TableWith(page, "a");
-  ASSERT_NE(table, nullptr);
-  EXPECT_EQ(table->columns(), 2);
-  EXPECT_EQ(table->cellAt(0, 1), table->cellAt(page.Document->find("b")));
-}
-
-TEST(RtfTables, JoinCellsBothWays) {
-  const RichPage page = ReadBody(
-      "\\trowd\\cellx1000\\clmgf\\clvmgf\\cellx2000\\clmrg\\clvmgf\\cellx3000\\pard\\intbl a\\cell "
-      "both\\cell\\cell\\row"
-      "\\trowd\\cellx1000\\clmgf\\clvmrg\\cellx2000\\clmrg\\clvmrg\\cellx3000\\pard\\intbl "
-      "b\\cell\\cell\\cell\\row");
-  const QTextTable* table = TableWith(page, "both");
-  ASSERT_NE(table, nullptr);
-  EXPECT_EQ(table->cellAt(0, 1).rowSpan(), 2);
-  EXPECT_EQ(table->cellAt(0, 1).columnSpan(), 2);
-  EXPECT_EQ(table->cellAt(1, 0).columnSpan(), 1);
+  struct Cell {
+    int Row, Column, RowSpan, ColumnSpan;
+    const char* Text;
+  };
+  const struct {
+    const char* What;
+    QByteArray Body;
+    int Columns;
+    std::vector<Cell> Cells;
+  } cases[] = {
+      {"each way",
+       "\\trowd\\clvmgf\\cellx1000\\clmgf\\cellx2000\\clmrg\\cellx3000\\pard\\intbl down\\cell "
+       "across\\cell\\cell\\row"
+       "\\trowd\\clvmrg\\cellx1000\\cellx2000\\cellx3000\\pard\\intbl\\cell c\\cell last\\cell\\row"
+       "\\trowd\\cellx3000\\pard\\intbl wide\\cell\\row",
+       3,
+       {{0, 0, 2, 1, "down"}, {0, 1, 1, 2, "across"}, {1, 2, 1, 1, "last"}, {2, 0, 1, 3, "wide"}}},
+      {"no column for one of no width",
+       "\\trowd\\clmgf\\cellx2000\\clmrg\\cellx2000\\cellx3000\\pard\\intbl a\\cell\\cell b\\cell\\row",
+       2,
+       {{0, 0, 1, 1, "a"}, {0, 1, 1, 1, "b"}}},
+      {"both ways",
+       "\\trowd\\cellx1000\\clmgf\\clvmgf\\cellx2000\\clmrg\\clvmgf\\cellx3000\\pard\\intbl a\\cell "
+       "both\\cell\\cell\\row"
+       "\\trowd\\cellx1000\\clmgf\\clvmrg\\cellx2000\\clmrg\\clvmrg\\cellx3000\\pard\\intbl "
+       "low\\cell\\cell\\cell\\row",
+       3,
+       {{0, 1, 2, 2, "both"}, {1, 0, 1, 1, "low"}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.What);
+    const RichPage page = ReadBody(c.Body);
+    const QTextTable* const table = TableWith(page, c.Cells[0].Text);
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->columns(), c.Columns);
+    for (const Cell& cell : c.Cells) {
+      const QTextTableCell found = table->cellAt(cell.Row, cell.Column);
+      EXPECT_EQ(found, table->cellAt(page.Document->find(cell.Text))) << cell.Text;
+      EXPECT_EQ(found.rowSpan(), cell.RowSpan) << cell.Text;
+      EXPECT_EQ(found.columnSpan(), cell.ColumnSpan) << cell.Text;
+    }
+  }
 }
 
 TEST(RtfTables, HaveBordersShadingAndAlignment) {
@@ -390,33 +398,32 @@ TEST(RtfTables, HaveRowsOfTheirHeight) {
   EXPECT_GT(top("x"), 70);
 }
 
-TEST(RtfTables, KeepTheSpacesAroundThemAndInTheirCells) {
-  const auto top = [](const QByteArray& before, const QByteArray& within, const QByteArray& behind) {
-    const RichPage page = ReadBody("\\pard" + before + " a\\par\\trowd\\cellx3000\\pard\\intbl" + within +
-                                   " b\\cell\\row\\pard" + behind + " c\\par");
+TEST(RtfTables, KeepTheSpacesAndEmptyLinesAroundThemAndInTheirCells) {
+  const auto top = [](const QByteArray& body) {
+    const RichPage page = ReadBody(body);
     page.Document->setTextWidth(500);
     return page.Document->documentLayout()->blockBoundingRect(BlockOf(page, "c")).top();
   };
-  const double bare = top("", "", "");
-  EXPECT_NEAR(top("\\sb300", "", "") - bare, 20, 0.5);
-  EXPECT_NEAR(top("\\sa300", "", "") - bare, 20, 0.5);
-  EXPECT_NEAR(top("", "\\sb150", "") - bare, 10, 0.5);
-  EXPECT_NEAR(top("", "\\sa150", "") - bare, 10, 0.5);
-  EXPECT_NEAR(top("", "", "\\sb300") - bare, 20, 0.5);
-}
-
-TEST(RtfTables, KeepTheEmptyLinesAroundThem) {
-  const auto top = [](const QByteArray& before, const QByteArray& between, const QByteArray& behind) {
+  const auto spaced = [&top](const char* before, const char* within, const char* behind) {
+    return top(QByteArray("\\pard") + before + " a\\par\\trowd\\cellx3000\\pard\\intbl" + within +
+               " b\\cell\\row\\pard" + behind + " c\\par");
+  };
+  const double bare = spaced("", "", "");
+  EXPECT_NEAR(spaced("\\sb300", "", "") - bare, 20, 0.5);
+  EXPECT_NEAR(spaced("\\sa300", "", "") - bare, 20, 0.5);
+  EXPECT_NEAR(spaced("", "\\sb150", "") - bare, 10, 0.5);
+  EXPECT_NEAR(spaced("", "\\sa150", "") - bare, 10, 0.5);
+  EXPECT_NEAR(spaced("", "", "\\sb300") - bare, 20, 0.5);
+  const auto lined = [&top](const QByteArray& before, const QByteArray& between, const QByteArray& behind) {
     const QByteArray table = "\\trowd\\cellx3000\\pard\\intbl b\\cell\\row\\pard ";
-    const RichPage page = ReadBody("\\fs40 a\\par " + before + table + between + table + behind + "c\\par");
-    page.Document->setTextWidth(500);
-    return page.Document->documentLayout()->blockBoundingRect(BlockOf(page, "c")).top();
+    return top("\\fs40 a\\par " + before + table + between + table + behind + "c\\par");
   };
-  const double line = top("x\\par ", "", "") - top("", "", "");
-  EXPECT_NEAR(top("\\par ", "", "") - top("", "", ""), line, 0.5);
-  EXPECT_NEAR(top("", "\\par ", "") - top("", "", ""), line, 0.5);
-  EXPECT_NEAR(top("", "", "\\par ") - top("", "", ""), line, 0.5);
-  EXPECT_GT(top("", "", "\\line "), top("", "", "") - 0.5);
+  const double none = lined("", "", "");
+  const double line = lined("x\\par ", "", "") - none;
+  EXPECT_NEAR(lined("\\par ", "", "") - none, line, 0.5);
+  EXPECT_NEAR(lined("", "\\par ", "") - none, line, 0.5);
+  EXPECT_NEAR(lined("", "", "\\par ") - none, line, 0.5);
+  EXPECT_GT(lined("", "", "\\line "), none - 0.5);
 }
 
 TEST(RtfTables, TakeTheirShareOfTheWidthOrTheirCellsWidths) {
