@@ -1,8 +1,8 @@
 // What a finished test leaves in the learner's progress file.
-#include "TestFiles.h"
 #include "assessment/Scoring.h"
 #include "support/HandClock.h"
 #include "support/ProgressLines.h"
+#include "support/TestFiles.h"
 
 namespace {
 
@@ -34,23 +34,17 @@ TEST(Recording, EachRunMovesItsFields) {
   const TestStore store;
   HandClock clock;  // from 24 November 2026 on, a day between the runs
   store.Write("Selling", Resume("RT0101") + ModuleLine("RT0101") + ModuleLine("RT0102"));
-  const struct {
-    const char* What;
-    const char* Pattern;
-    const char* Fields;
-  } runs[] = {
-      {"first", "10110", "1,60,10110,2026-11-24,60,10110,2026-11-24,60"},
-      {"lower", "10000", "2,60,10110,2026-11-24,60,10110,2026-11-24,20"},
-      {"tie", "01101", "3,60,10110,2026-11-24,60,01101,2026-11-26,60"},
-      {"higher", "11111", "4,60,10110,2026-11-24,100,11111,2026-11-27,100"},
-      {"a lower number with a larger first digit", "11110", "5,60,10110,2026-11-24,100,11111,2026-11-27,80"},
-      {"nothing right", "00000", "6,60,10110,2026-11-24,100,11111,2026-11-27,0"},
+  const std::pair<const char*, const char*> runs[] = {
+      {"10110", "1,60,10110,2026-11-24,60,10110,2026-11-24,60"},
+      {"10000", "2,60,10110,2026-11-24,60,10110,2026-11-24,20"},
+      {"01101", "3,60,10110,2026-11-24,60,01101,2026-11-26,60"},  // a tie is the latest of the highest
+      {"11111", "4,60,10110,2026-11-24,100,11111,2026-11-27,100"},
+      {"11110", "5,60,10110,2026-11-24,100,11111,2026-11-27,80"},  // 80 is less than 100, as a number
+      {"00000", "6,60,10110,2026-11-24,100,11111,2026-11-27,0"},
   };
-  for (const auto& run : runs) {
-    TakeAndRecord(store, run.Pattern);
-    EXPECT_EQ(store.Read("Selling"),
-              Resume("RT0101") + ModuleLine("RT0101", run.Fields) + ModuleLine("RT0102"))
-        << run.What;
+  for (const auto& [pattern, fields] : runs) {
+    TakeAndRecord(store, pattern);
+    EXPECT_EQ(store.Read("Selling"), Resume("RT0101") + ModuleLine("RT0101", fields) + ModuleLine("RT0102"));
     clock.Advance(kDay);
   }
 }
@@ -85,23 +79,16 @@ TEST(Recording, InAllModulesTheLastLineOfTheWalkDecides) {
 }
 
 TEST(Recording, AFieldThatIsNoNumberIsNamedAndNothingIsWritten) {
-  const struct {
-    const char* Text;
-    QByteArray Fields;
-  } cases[] = {
-      {"two", "two,50,10,D,90,11,E,70"},
-      {"99999", "99999,,,,,,,"},
-      {"", "2,50,10,D,,11,E,70"},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [text, fields] :
+       {std::pair{"two", "two,50,10,D,90,11,E,70"}, {"99999", "99999,,,,,,,"}, {"", "2,50,10,D,,11,E,70"}}) {
     const TestStore store;
-    const QByteArray before = Resume("RT0101") + ModuleLine("RT0101", c.Fields);
+    const QByteArray before = Resume("RT0101") + ModuleLine("RT0101", fields);
     store.Write("Selling", before);
     EXPECT_EQ(
         ErrorOf([&] { TakeAndRecord(store, "11"); }),
         QString(
             "The progress file \"%1\" has \"%2\" in the line of module \"RT0101\", where a number belongs.")
-            .arg(store.Program.Path(store.kFolder + "Selling"), c.Text));
+            .arg(store.Program.Path(store.kFolder + "Selling"), text));
     EXPECT_EQ(store.Read("Selling"), before);
   }
 }

@@ -1,8 +1,7 @@
 #include "content/REGISTRY.h"
-
 #include "frame/Settings.h"
-#include "platform/TestProgram.h"
 #include "platform/registry/Registry.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -49,15 +48,11 @@ class Catalogue {
 
 TEST(Catalogue, IsReadFromTheRegistryAndTheModuleFolders) {
   const QString selling = " RT0101=Selling/Start/End@B";
-  const struct {
-    QByteArray Lines;
-    QStringList Table;
-  } cases[] = {
+  const std::pair<QByteArray, QStringList> cases[] = {
       {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0101RT0102\"\n\"RepNum\"=\"3\"",
        {"B(3)+:" + selling + " RT0102=Paying@B"}},
       {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0101RT0999\"", {"B():" + selling}},
       {"[+\\B\\Modules]\n\"ModuleString\"=\"RT0103RT0101\"", {"B():" + selling}},
-      {"[+\\B\\Modules]\n\"ModuleString\"=\"\"", {"B()+:"}},
       {"[+\\B]", {"B()+:"}},
       {"[+\\B\\Modules]\n\"ModuleString\"=\"rt0101\"\n\"RepNum\"=dword:3",
        {"B()+: rt0101=Selling/Start/End@B"}},
@@ -67,21 +62,17 @@ TEST(Catalogue, IsReadFromTheRegistryAndTheModuleFolders) {
        {"a()+: RT0101=Selling/Start/End@a", "B()+:" + selling,
         "All modules(): RT0101=Selling/Start/End@a" + selling}},
   };
-  for (const auto& c : cases) {
+  for (const auto& [lines, table] : cases) {
     Catalogue catalogue;
-    EXPECT_EQ(catalogue.Load(c.Lines), CatalogueResult::Loaded);
-    EXPECT_EQ(catalogue.Table(), c.Table) << c.Lines.toStdString();
+    EXPECT_EQ(catalogue.Load(lines), CatalogueResult::Loaded);
+    EXPECT_EQ(catalogue.Table(), table) << lines.toStdString();
     EXPECT_EQ(catalogue.Problems, QStringList());
     EXPECT_TRUE(HasCourses(catalogue.Courses));
   }
 }
 
 TEST(Catalogue, WhatIsMalformedIsToldAndTheCourseStays) {
-  const struct {
-    QByteArray Modules;
-    QString Course;
-    QString Problem;
-  } cases[] = {
+  const std::tuple<QByteArray, QString, QString> cases[] = {
       {"RT0102RT01", "B(): RT0102=Paying@B",
        "The module list of the course \"B\" ends in \"RT01\", which is no module."},
       {"RT0104RT0102", "B()+: RT0104=Broken@B RT0102=Paying@B",
@@ -89,29 +80,26 @@ TEST(Catalogue, WhatIsMalformedIsToldAndTheCourseStays) {
        "\"*\": \"no "
        "page\""},
   };
-  for (const auto& c : cases) {
+  for (const auto& [modules, course, problem] : cases) {
     Catalogue catalogue;
-    catalogue.Load("[+\\B\\Modules]\n\"ModuleString\"=\"" + c.Modules + "\"");
-    EXPECT_EQ(catalogue.Table(), QStringList(c.Course));
-    EXPECT_EQ(catalogue.Problems,
-              QStringList(QString(c.Problem).replace("%1", catalogue.Program.Path("RT0104/Map.txt"))));
+    catalogue.Load("[+\\B\\Modules]\n\"ModuleString\"=\"" + modules + "\"");
+    EXPECT_EQ(catalogue.Table(), QStringList(course));
+    const QString map = catalogue.Program.Path("RT0104/Map.txt");
+    EXPECT_EQ(catalogue.Problems, QStringList(QString(problem).replace("%1", map)));
   }
 }
 
 TEST(RegistryValues, AreTextsOrTheFirstNumberOfBinaries) {
-  const struct {
-    QByteArray Data;
-    const char* Text;
-  } cases[] = {
+  const std::pair<QByteArray, const char*> cases[] = {
       {"\"text\"", "text"},   {"hex(1):61,62,00,63", "ab"},
       {"hex:ff,ff,01", "-1"}, {"hex:34,12", "4660"},
       {"hex:07", "7"},        {"hex:", ""},
       {"dword:3", ""},        {"hex(2):61,00", ""},
   };
-  for (const auto& c : cases) {
+  for (const auto& [data, text] : cases) {
     LocalMachine().Clear();
-    LocalMachine().LoadText("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n@=" + c.Data + "\n");
-    EXPECT_EQ(ReadValueFromPath("K", ""), c.Text) << c.Data.toStdString();
+    LocalMachine().LoadText("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n@=" + data + "\n");
+    EXPECT_EQ(ReadValueFromPath("K", ""), text) << data.toStdString();
   }
   EXPECT_EQ(ReadValueFromPath("K", "absent"), "");
   EXPECT_EQ(ReadValueFromPath("Absent", ""), "");

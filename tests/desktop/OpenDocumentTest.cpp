@@ -23,10 +23,7 @@ class OpenDocumentTest : public ::testing::Test {
 
 TEST_F(OpenDocumentTest, SaysWhatTheResultMeans) {
   const QString other = "An error occurred while trying to open or print the selected file.";
-  const struct {
-    int Result;
-    QString Text;
-  } rows[] = {
+  const std::pair<int, QString> rows[] = {
       {0, other},
       {1, other},
       {2, "The repository file could not be located."},
@@ -35,13 +32,12 @@ TEST_F(OpenDocumentTest, SaysWhatTheResultMeans) {
       {31, "No application is associated with this file type."},
       {32, other},
   };
-  for (const auto& row : rows) {
-    opened.Result = row.Result;
-    EXPECT_NE(Open("Repository\\1\\none.txt"), kOpened) << row.Result;
-    EXPECT_EQ(messages.Take(), QStringList(row.Text)) << row.Result;
-    EXPECT_EQ(messages.Calls().back().Icon, MsgIcon::Exclamation);
-    EXPECT_EQ(messages.Calls().back().Title, QString());
+  for (const auto& [result, text] : rows) {
+    opened.Result = result;
+    EXPECT_NE(Open("Repository\\1\\none.txt"), kOpened) << result;
+    EXPECT_EQ(messages.Take(), QStringList(text)) << result;
   }
+  EXPECT_EQ(messages.Calls().back().Icon, MsgIcon::Exclamation);
   for (const int success : {33, 42, -1}) {
     opened.Result = success;
     EXPECT_EQ(Open("Repository\\1\\none.txt"), kOpened) << success;

@@ -1,8 +1,9 @@
 #include "frame/Settings.h"
 
 #include "frame/ProgramState.h"
-#include "platform/TestProgram.h"
+#include "frame/Rounding.h"
 #include "platform/registry/Registry.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -31,4 +32,11 @@ TEST(Settings, TheDataMayLieInTheRootOfTheDisk) {
   LoadInstallation({"registry"});
   SetProgramPaths();
   EXPECT_EQ(gDriveRoot, "\\");
+}
+
+TEST(Rounding, HalvesGoToTheEvenNeighbour) {
+  const std::pair<double, int> cases[] = {{12.5, 12}, {37.5, 38}, {2.4999, 2}, {2.5001, 3},
+                                          {-0.5, 0},  {-1.5, -2}, {-2.4, -2},  {2.0 / 3 * 100, 67}};
+  for (const auto& [value, rounded] : cases)
+    EXPECT_EQ(RoundHalfToEven(value), rounded) << value;
 }

@@ -1,29 +1,21 @@
 // The profile screen, and the rules on names and addresses.
+#include "learners/ProfileBox.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 
 #include "frame/ProgramState.h"
 #include "learners/NameRules.h"
-#include "learners/ProfileBox.h"
-#include "platform/forms/TextBox.h"
+#include "support/Play.h"
 #include "support/Program.h"
 
 namespace {
 
-struct Address {
-  const char* Text;
-  bool Refused;
-};
-
 TEST(NameRules, TheAddressRuleLooksAtTheFirstSignsOnly) {
-  const Address addresses[] = {
-      {"a@b.c", false}, {"a.b@c", false}, {"a@b@c.d", false}, {"", true},
-      {"a.b", true},    {"a@b", true},    {"@a.b", true},     {"a.b@", true},
-      {".a@b", true},   {"a@b.", true},   {"a@b .c", true},   {"a@b..", false},
-  };
-  for (const Address& address : addresses) {
-    EXPECT_EQ(IsAddressRefused(address.Text), address.Refused) << address.Text;
-  }
+  for (const char* address : {"a@b.c", "a.b@c", "a@b@c.d", "a@b.."})
+    EXPECT_FALSE(IsAddressRefused(address)) << address;
+  for (const char* address : {"", "a.b", "a@b", "@a.b", "a.b@", ".a@b", "a@b.", "a@b .c"})
+    EXPECT_TRUE(IsAddressRefused(address)) << address;
 }
 
 class ProfileTest : public CourseTest {
@@ -35,21 +27,14 @@ class ProfileTest : public CourseTest {
     box.Fill(gUserFirstName, gUserLastName, gUserEmail);
     return Gui::Show<ProfileBox>();
   }
-  void Enter(ProfileBox& box, const char* field, const QString& text) {
-    Gui::Find<TextBox>(box, field)->SetText({});
-    Gui::Click(box, field);
-    Gui::Type(box, text);
-  }
 };
 
 TEST_F(ProfileTest, ANewNameMovesTheFolderAndTheRecordGoesOn) {
   ProfileBox& box = Open();
-  Enter(box, "FirstNameField", "Anna ");
-  Enter(box, "EmailField", "new@example.com");
-  Gui::MoveTo(box, "OkayBut");
-  Gui::Key(box, Qt::Key_Return);
-  EXPECT_EQ(messages.Take(), QStringList());
-  EXPECT_FALSE(box.Shown());
+  Gui::Play(box, "said OkayBut",
+            {{"click FirstNameField, Ctrl+A, type Anna , click EmailField, Ctrl+A, type new@example.com, "
+              "point OkayBut, Return",
+              "|-"}});
   EXPECT_EQ(LoadedForm<ProfileBox>(), &box);  // stays loaded
   EXPECT_EQ(store.Read(store.DataPath("Anna Lee/User")),
             "\"Anna\",\"Lee\",\"new@example.com\",\"\",\"\"\r\n");
@@ -63,12 +48,10 @@ TEST_F(ProfileTest, ANewNameMovesTheFolderAndTheRecordGoesOn) {
 
 TEST_F(ProfileTest, WhatNoLineOfTextShowsIsDropped) {
   ProfileBox& box = Open();
-  Enter(box, "FirstNameField", u"\u202EA\u200Enn\u2069"_qs);
   QGuiApplication::clipboard()->setText(u"\u202ELe\u0007e\n\u061C"_qs);
-  Enter(box, "LastNameField", {});
-  Gui::Key(box, Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(Gui::Find<TextBox>(box, "FirstNameField")->Text(), "Ann");
-  EXPECT_EQ(Gui::Find<TextBox>(box, "LastNameField")->Text(), "Lee");
+  Gui::Play(box, "FirstNameField LastNameField",
+            {{u"click FirstNameField, Ctrl+A, type \u202EA\u200Enn\u2069"_qs, "Ann|Lee"},
+             {"click LastNameField, Ctrl+A, Del, Ctrl+V", "Ann|Lee"}});
 }
 
 TEST_F(ProfileTest, ANameThatIsTakenChangesNothingButTheRecord) {
@@ -93,11 +76,9 @@ TEST_F(ProfileTest, ANameThatIsTakenChangesNothingButTheRecord) {
 }
 
 TEST_F(ProfileTest, BadEntriesAreRefusedInTheirOrder) {
-  struct Entry {
-    const char *First, *Last, *Email;
-    const char* Title;
-  };
-  const Entry entries[] = {
+  const struct {
+    const char *First, *Last, *Email, *Title;
+  } entries[] = {
       {"", " ", "", "Tallowmere Manager 1.0 [Run]"},
       {"   ", "Lee", "a@b.c", "Name Error"},  // blanks are cut behind the checks here
       {"A?n", "Lee", "a@b.c", "Illegal character"},
@@ -106,7 +87,7 @@ TEST_F(ProfileTest, BadEntriesAreRefusedInTheirOrder) {
       {"Ann", "Lee", "ab.c", "E-mail Address Error."},
   };
   ProfileBox& box = Open();
-  for (const Entry& entry : entries) {
+  for (const auto& entry : entries) {
     box.Fill(entry.First, entry.Last, entry.Email);
     Gui::Click(box, "OkayBut");
     EXPECT_EQ(messages.Calls().back().Title, entry.Title);
@@ -118,9 +99,7 @@ TEST_F(ProfileTest, BadEntriesAreRefusedInTheirOrder) {
 
 TEST_F(ProfileTest, CancelKeepsNothing) {
   ProfileBox& box = Open();
-  Enter(box, "FirstNameField", "Anna");
-  Gui::Click(box, "CancelBut");
-  EXPECT_EQ(LoadedForm<ProfileBox>(), nullptr);
+  Gui::Play(box, "OkayBut", {{"click FirstNameField, type Anna, click CancelBut", "gone"}});
   EXPECT_EQ(gUserFirstName, "Ann");
 }
 

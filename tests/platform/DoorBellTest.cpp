@@ -5,30 +5,19 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-class DoorBellTest : public ::testing::Test {
- protected:
-  bool Ring() const {
-    const bool heard = DoorBell::Ring(name_);
+TEST(DoorBell, IsHeardForAsLongAsItHangs) {
+  const QByteArray name = "door-bell-test-" + QByteArray::number(getpid());
+  int rung = 0;
+  const auto ring = [&] {
+    const bool heard = DoorBell::Ring(name);
     QCoreApplication::processEvents();
     return heard;
-  }
-
-  const QByteArray name_ = "door-bell-test-" + QByteArray::number(getpid());
-  int rung_ = 0;
-};
-
-TEST_F(DoorBellTest, IsHeardForAsLongAsItHangs) {
-  EXPECT_FALSE(Ring());
+  };
+  EXPECT_FALSE(ring());
   {
-    const DoorBell bell(name_, [this] { ++rung_; });
-    EXPECT_TRUE(Ring());
-    EXPECT_TRUE(Ring());
-    EXPECT_EQ(rung_, 2);
+    const DoorBell bell(name, [&] { ++rung; });
+    EXPECT_TRUE(ring() && ring());
   }
-  EXPECT_FALSE(Ring());
-  EXPECT_EQ(rung_, 2);
+  EXPECT_FALSE(ring());
+  EXPECT_EQ(rung, 2);
 }
-
-}  // namespace

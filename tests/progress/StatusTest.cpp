@@ -1,13 +1,14 @@
 // The check-progress screen: what it shows, the hover, the jumps, the keys, the ways out.
 #include "progress/Status.h"
 
+#include <QCursor>
+
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "platform/forms/ProgressBar.h"
 #include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
 #include "platform/grid/FlexGrid.h"
-#include "signin/Welcome.h"
+#include "support/Play.h"
 #include "support/Program.h"
 
 namespace {
@@ -48,28 +49,26 @@ class StatusTest : public ProgramTest {
   static FlexGrid& Grid(const Form& form, int index) {
     return *Gui::Find<FlexGrid>(form, QStringLiteral("MSFlexGrid1(%1)").arg(index));
   }
-  // A place in a row, `part` of its height down.
-  static QPoint Spot(const Form& form, int index, double row, double part = 0.25) {
-    const FlexGrid& grid = Grid(form, index);
-    const int height = grid.rowHeight(0);
-    return grid.viewport()->mapTo(&form, QPoint(40, static_cast<int>((row + part) * height)));
-  }
+  // The pointer goes to a place in a row, `part` of its height down.
   static void Hover(const Form& form, int index, double row, double part = 0.25) {
-    Gui::MoveTo(form, Spot(form, index, row, part));
+    const FlexGrid& grid = Grid(form, index);
+    const QPoint spot(40, static_cast<int>((row + part) * grid.rowHeight(0)));
+    Gui::MoveTo(form, grid.viewport()->mapTo(&form, spot));
   }
   static void ClickRow(const Form& form, int index, double row, double part = 0.25) {
     Hover(form, index, row, part);
-    QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, Spot(form, index, row, part));
+    QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, form.mapFromGlobal(QCursor::pos()));
   }
-  static QStringList Rows(const Form& form, int index) {
-    QStringList texts;
-    for (int row = 0; row < Grid(form, index).Rows(); ++row)
-      texts.append(Grid(form, index).TextMatrix(row, 0));
-    return texts;
+  // Whether a row shows as viewed, by its colour and its weight.
+  static bool Viewed(FlexGrid& grid, int row) {
+    grid.SetRow(row);
+    EXPECT_EQ(grid.CellForeColor(), grid.CellFontBold() ? 0 : kPurple);
+    return !grid.CellFontBold();
   }
-  static QString Results(const Form& form) {
-    return Gui::Find<TextBox>(form, "Text1")->Text() + "/" + Gui::Find<TextBox>(form, "Text2")->Text();
-  }
+
+  // The modules, the topics, and the results of a module.
+  const QString kShown = "MSFlexGrid1(0) MSFlexGrid1(1) Text1 Text2";
+  const QString kModules = "Customers,Goods,Stock|";
 };
 
 TEST_F(StatusTest, ItComesAfterTheSignInWithTheModulesAndTheOverallFigure) {
@@ -78,100 +77,72 @@ TEST_F(StatusTest, ItComesAfterTheSignInWithTheModulesAndTheOverallFigure) {
   leavesProgress = false;
   store.AddLearner("Ann", "Lee");
   script.When("Welcome", [](Form& form) { Gui::Click(form, "SignIn_Btn_2"); });
-  script.When("Status", [](Form& form) {
-    EXPECT_EQ(LoadedForm<Welcome>(), nullptr);
-    EXPECT_EQ(Rows(form, 0), QStringList({"Customers", "Goods"}));
-    EXPECT_EQ(Rows(form, 1), QStringList({""}));
-    EXPECT_EQ(Results(form), "/");
+  script.When("Status", [this](Form& form) {
+    EXPECT_EQ(Gui::Seen(form, kShown), "Customers,Goods|||");
     EXPECT_EQ(Gui::Find<ProgressBar>(form, "ccrpProgressBar1")->Caption(), "33%");
     EXPECT_EQ(Gui::Find<ProgressBar>(form, "ccrpProgressBar1")->Value(), 33);
-    FlexGrid& grid = Grid(form, 0);
-    for (const int row : {0, 1}) {
-      grid.SetRow(row);
-      EXPECT_EQ(grid.CellForeColor(), row == 0 ? kPurple : 0);
-      EXPECT_EQ(grid.CellFontBold(), row == 1);
-    }
-    Gui::Click(form, "Prog_Cancel");
+    EXPECT_TRUE(Viewed(Grid(form, 0), 0) && !Viewed(Grid(form, 0), 1));
+    Gui::Play(form, "said", {{"click Prog_Cancel", ""}});
   });
   ASSERT_TRUE(Start());
   PassSplash();
   EXPECT_EQ(LoadedForm<Status>(), nullptr);
   EXPECT_EQ(Header(), "Customers : Greeting");
-  EXPECT_EQ(messages.Take(), QStringList());
 }
 
 TEST_F(StatusTest, TheMouseOverAModuleShowsItsTopicsAndResultsHalfARowEarly) {
   Read();
-  Open([](Form& form) {
-    struct Row {
+  Open([this](Form& form) {
+    const struct {
       double Row, Part;
-      int Module, Ground;
-      QStringList Topics;
-      const char* Results;
-      int Pointer;
-    };
-    for (const Row& row :
-         {Row{0, 0.25, 0, kGreen, {"Greeting", "Paying"}, "80%/70%", kPointerHand},
-          Row{0, 0.75, 1, kGreen, {"Returns"}, "/", kPointerHand},
-          Row{2, 0.25, 2, kYellow, {"Shelf", "Shelf labels"}, "/", kPointerHand},
-          Row{2, 0.75, 2, kYellow, {"Shelf", "Shelf labels"}, "/", kPointerDefault},  // below: all stays
-          Row{9, 0.25, 2, kYellow, {"Shelf", "Shelf labels"}, "/", kPointerDefault},
-          Row{0, 0.25, 0, kGreen, {"Greeting", "Paying"}, "80%/70%", kPointerHand}}) {
+      int Module;
+      const char* Seen;  // topics, results and pointer
+    } rows[] = {{0, 0.25, 0, "Greeting,Paying|80%|70%|hand"},
+                {0, 0.75, 1, "Returns|||hand"},
+                {2, 0.25, 2, "Shelf,Shelf labels|||hand"},
+                {2, 0.75, 2, "Shelf,Shelf labels|||"},  // below: all stays
+                {9, 0.25, 2, "Shelf,Shelf labels|||"},
+                {0, 0.25, 0, "Greeting,Paying|80%|70%|hand"}};
+    for (const auto& row : rows) {
       Hover(form, 0, row.Row, row.Part);
-      EXPECT_EQ(Grid(form, 0).RowSel(), row.Module);
-      EXPECT_EQ(Grid(form, 0).BackColorSel(), row.Ground);
-      EXPECT_EQ(Grid(form, 0).ForeColorSel(), row.Ground == kGreen ? kPurple : 0);
-      EXPECT_EQ(Rows(form, 1), row.Topics);
-      EXPECT_EQ(Results(form), row.Results);
-      EXPECT_EQ(form.MousePointer(), row.Pointer);
+      const FlexGrid& grid = Grid(form, 0);
+      EXPECT_EQ(grid.RowSel(), row.Module);
+      EXPECT_EQ(grid.BackColorSel(), row.Module == 2 ? kYellow : kGreen);
+      EXPECT_EQ(grid.ForeColorSel(), row.Module == 2 ? 0 : kPurple);
+      EXPECT_EQ(Gui::Seen(form, kShown + " hand"), kModules + row.Seen);
     }
-    FlexGrid& topics = Grid(form, 1);
-    for (const int topic : {0, 1}) {
-      topics.SetRow(topic);
-      EXPECT_EQ(topics.CellForeColor(), topic == 0 ? kPurple : 0);
-      EXPECT_EQ(topics.CellFontBold(), topic == 1);
-    }
+    EXPECT_TRUE(Viewed(Grid(form, 1), 0) && !Viewed(Grid(form, 1), 1));
     Hover(form, 1, 1);
     EXPECT_EQ(form.MousePointer(), kPointerHand);
     Hover(form, 1, 2);
-    EXPECT_EQ(form.MousePointer(), kPointerDefault);
-    EXPECT_EQ(Results(form), "80%/70%");  // the last module touched stays
+    EXPECT_EQ(Gui::Seen(form, "Text1 Text2 hand"), "80%|70%|");  // the last module touched stays
   });
 }
 
 TEST_F(StatusTest, AClickLeavesForTheModuleOrTheTopic) {
   Read();
-  struct Row {
+  const struct {
     const char* What;
-    std::function<void(Form&)> Click;
+    int Hovered;  // module, -1: none
+    int Grid;
+    double Row, Part;
     const char* Page;
+  } rows[] = {
+      {"module", -1, 0, 2, 0.25, "rt0103 0001.txm"},
+      {"the hover's row", -1, 0, 0, 0.75, "rt0102 0001.txm"},
+      {"the true row below the last hover's", -1, 0, 2, 0.75, "rt0103 0001.txm"},
+      {"topic", 0, 1, 1, 0.25, "rt0101 0002.txm"},
+      {"the only topic of a module takes no click", 1, 1, 0, 0.25, "rt0101 0002.txm"},
+      {"nothing below the rows", -1, 0, 9, 0.25, "rt0101 0002.txm"},
+      {"the empty topic grid", -1, 1, 0, 0.25, "rt0101 0002.txm"},
   };
-  const Row rows[] = {
-      {"module", [](Form& form) { ClickRow(form, 0, 2); }, "rt0103 0001.txm"},
-      {"the hover's row", [](Form& form) { ClickRow(form, 0, 0, 0.75); }, "rt0102 0001.txm"},
-      {"the true row below the last hover's", [](Form& form) { ClickRow(form, 0, 2, 0.75); },
-       "rt0103 0001.txm"},
-      {"topic",
-       [](Form& form) {
-         Hover(form, 0, 0);
-         ClickRow(form, 1, 1);
-       },
-       "rt0101 0002.txm"},
-      {"the only topic of a module takes no click",
-       [](Form& form) {
-         Hover(form, 0, 1);
-         ClickRow(form, 1, 0);
-       },
-       "rt0101 0002.txm"},
-      {"nothing below the rows", [](Form& form) { ClickRow(form, 0, 9); }, "rt0101 0002.txm"},
-      {"the empty topic grid", [](Form& form) { ClickRow(form, 1, 0); }, "rt0101 0002.txm"},
-  };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.What);
+    const QString before = PageText();
     Open([&](Form& form) {
-      const QString before = PageText();
-      row.Click(form);
-      EXPECT_EQ(form.Loaded(), PageText() == before);
+      if (row.Hovered >= 0) Hover(form, 0, row.Hovered);
+      ClickRow(form, row.Grid, row.Row, row.Part);
+      EXPECT_EQ(form.Loaded(), before == row.Page);
     });
     EXPECT_EQ(PageText(), row.Page);
   }
@@ -183,7 +154,7 @@ TEST_F(StatusTest, TheOnlyModuleOfACourseShowsWithTheMouseBelowItAndTakesNoClick
   ReadFirstCourse("\"rt0101\",\"0002.txm\"\r\n");
   Open([](Form& form) {
     Hover(form, 0, 1, 0.25);
-    EXPECT_EQ(Rows(form, 1), QStringList({"Greeting"}));
+    EXPECT_EQ(Gui::Seen(form, "MSFlexGrid1(1)"), "Greeting");
     ClickRow(form, 0, 0);
     EXPECT_TRUE(form.Loaded());
   });
@@ -191,29 +162,18 @@ TEST_F(StatusTest, TheOnlyModuleOfACourseShowsWithTheMouseBelowItAndTakesNoClick
 
 TEST_F(StatusTest, TheKeysWalkBothListsAndEnterJumps) {
   Read();
-  Open([](Form& form) {
-    Gui::Key(form, Qt::Key_Return);  // no module is chosen yet
-    Gui::Key(form, Qt::Key_Home);    // the first key shows where the selection stands
-    EXPECT_EQ(Rows(form, 1), QStringList({"Returns"}));
-    Gui::Key(form, Qt::Key_Up);
-    EXPECT_EQ(Results(form), "80%/70%");
-    Gui::Key(form, Qt::Key_Tab);
-    EXPECT_EQ(form.ActiveControl()->Name(), "MSFlexGrid1(1)");
+  Open([this](Form& form) {
+    // No module is chosen yet, and the first key shows where the selection stands.
+    Gui::Play(form, kShown,
+              {{"Return, Home", kModules + "Returns||"}, {"Up", kModules + "Greeting,Paying|80%|70%"}});
+    Gui::Play(form, "focus", {{"Tab", "MSFlexGrid1(1)"}});
     EXPECT_EQ(Grid(form, 1).BackColorSel(), kGreen);
-    Gui::Key(form, Qt::Key_Down);
+    Gui::Do(form, "Down");
     EXPECT_EQ(Grid(form, 1).BackColorSel(), kYellow);
-    Gui::Key(form, Qt::Key_Escape);  // has no meaning here
-    EXPECT_TRUE(form.Shown());
-    Gui::Key(form, Qt::Key_Return);
+    Gui::Play(form, "page",
+              {{"Esc", "rt0101 0001.txm"}, {"Return", "rt0101 0002.txm"}});  // Escape has no meaning
   });
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");
-  Open([](Form& form) {
-    EXPECT_EQ(Gui::TabWalk(form, 6), QStringList({"MSFlexGrid1(0)", "MSFlexGrid1(1)", "Text1", "Text2",
-                                                  "Prog_Help", "Prog_Cancel"}));
-    Gui::Key(form, Qt::Key_End);
-    Gui::Key(form, Qt::Key_Return);  // the list has the focus again
-  });
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  Open([](Form& form) { Gui::Play(form, "page", {{"End, Return", "rt0102 0001.txm"}}); });
 }
 
 TEST_F(StatusTest, HelpOpensOverTheScreenAndLeavesItAsItWas) {
@@ -222,13 +182,9 @@ TEST_F(StatusTest, HelpOpensOverTheScreenAndLeavesItAsItWas) {
   Open([this](Form& form) {
     Hover(form, 0, 0);
     script.When("Help", [](Form& help) { Gui::Click(help, "Command1"); });
-    Gui::Click(form, "Prog_Help");
-    EXPECT_TRUE(form.Shown());
-    EXPECT_EQ(Results(form), "80%/70%");
-    EXPECT_EQ(Rows(form, 1).size(), 2);
+    Gui::Play(form, kShown, {{"click Prog_Help", kModules + "Greeting,Paying|80%|70%"}});
     Gui::MoveTo(form, QPoint(300, 40));  // over the form both buttons go out
-    for (const char* button : {"Prog_Help", "Prog_Cancel"})
-      EXPECT_EQ(Gui::Find<SkinButton>(form, button)->Shown(), SkinButton::Look::Off);
+    EXPECT_EQ(Gui::Seen(form, "Prog_Help Prog_Cancel"), "off|off");
   });
 }
 

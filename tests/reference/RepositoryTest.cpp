@@ -1,8 +1,6 @@
 // The repository: its list, the state of its buttons, and what they do.
 #include "reference/Repository.h"
 
-#include <sys/stat.h>
-
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -10,15 +8,12 @@
 #include "frame/ProgramState.h"
 #include "platform/forms/ListBox.h"
 #include "platform/forms/SaveDialog.h"
-#include "platform/forms/Screen.h"
-#include "support/Errors.h"
 #include "support/Opened.h"
+#include "support/Play.h"
 #include "support/Program.h"
 #include "support/TestPrinters.h"
 
 namespace {
-
-using Look = SkinButton::Look;
 
 class RepositoryTest : public CourseTest {
  protected:
@@ -44,23 +39,8 @@ class RepositoryTest : public CourseTest {
   // The first line of the list, and the buttons follow.
   Repository& OpenAndSelect() {
     Repository& repository = Open();
-    Gui::Key(repository, Qt::Key_Down);
-    clock.Advance(100);
+    Gui::Do(repository, "Down, wait 100");
     return repository;
-  }
-  static QStringList Names(const Repository& repository) {
-    const auto* list = Gui::Find<ListBox>(repository, "List1");
-    QStringList names;
-    for (int i = 0; i < list->ListCount(); ++i)
-      names.append(list->List(i));
-    return names;
-  }
-  // Of Open, Print, Detach, Help and Close.
-  static QList<Look> Looks(const Repository& repository) {
-    QList<Look> looks;
-    for (const char* name : {"View_Btn", "Print_Btn", "Detach_Btn", "Help_Btn", "Cancel_Btn"})
-      looks.append(Gui::Find<SkinButton>(repository, name)->Shown());
-    return looks;
   }
 
   QString target;     // what the save dialog answers
@@ -69,51 +49,32 @@ class RepositoryTest : public CourseTest {
 };
 
 TEST_F(RepositoryTest, TheListHoldsTheFilesOfTheCoursesFolder) {
-  chmod(QFile::encodeName(store.Path("Repository/1/guide.doc")).constData(), 0400);
   store.Write("Repository/1/.saving", "x");
   store.Write("Repository/1/hidden/inside.txt", "x");
   store.Write("Repository/2/other.txt", "x");
-  mkfifo(QFile::encodeName(store.Path("Repository/1/pipe")).constData(), 0600);
-  EXPECT_EQ(Names(Open()), QStringList({"guide.doc", "list.txt"}));
+  EXPECT_EQ(Gui::Seen(Open(), "List1"), "guide.doc,list.txt");
 }
 
 TEST_F(RepositoryTest, TheButtonsFollowTheSelectionWithinATenthOfASecond) {
-  constexpr Look kDisabled = Look::Disabled, kOff = Look::Off, kOn = Look::On;
   Repository& repository = Open();
-  EXPECT_EQ(Looks(repository), QList<Look>({kDisabled, kDisabled, kDisabled, kOff, kOff}));
-  Gui::MoveTo(repository, "View_Btn");  // takes no focus
-  Gui::Key(repository, Qt::Key_Down);
-  EXPECT_EQ(Looks(repository).first(), kDisabled);
-  clock.Advance(100);
-  EXPECT_EQ(Looks(repository), QList<Look>({kOff, kOff, kOff, kOff, kOff}));
-  for (int i = 0; i < 2; ++i) {
-    Gui::MoveTo(repository, "Detach_Btn");
-    clock.Advance(100);
-    EXPECT_EQ(Looks(repository), QList<Look>({kOff, kOff, kOn, kOff, kOff}));
-    QTest::mouseMove(repository.windowHandle(), QPoint(3, 3));
-    EXPECT_EQ(Looks(repository).at(2), kOff);
-    EXPECT_EQ(repository.MousePointer(), kPointerDefault);
-  }
-  auto* list = Gui::Find<ListBox>(repository, "List1");
-  list->SetFocus();
-  list->clearSelection();
-  clock.Advance(100);
-  EXPECT_EQ(Looks(repository), QList<Look>({kDisabled, kDisabled, kDisabled, kOff, kOff}));
+  const QString none = "disabled|disabled|disabled|off|off|";
+  Gui::Play(repository, "View_Btn Print_Btn Detach_Btn Help_Btn Cancel_Btn hand",
+            {{"point View_Btn", none},  // takes no focus
+             {"Down", none},
+             {"wait 100", "off|off|off|off|off|"},
+             {"point Detach_Btn, wait 100", "off|off|on|off|off|hand"}});
+  QTest::mouseMove(repository.windowHandle(), QPoint(3, 3));
+  EXPECT_EQ(Gui::Seen(repository, "Detach_Btn hand"), "off|");
+  Gui::Find<ListBox>(repository, "List1")->clearSelection();
+  Gui::Play(repository, "View_Btn Detach_Btn", {{"focus List1, wait 100", "disabled|disabled"}});
 }
 
-TEST_F(RepositoryTest, TheTabKeyReachesEveryButtonAndHelpComesBack) {
-  Repository& repository = OpenAndSelect();
-  EXPECT_EQ(Gui::TabWalk(repository, 6),
-            QStringList({"List1", "View_Btn", "Print_Btn", "Detach_Btn", "Help_Btn", "Cancel_Btn"}));
-  store.Write("RepositoryHelp.rtf", "{\\rtf1 help\\par}");
-  script.When("Help", [](Form& help) { Gui::Click(help, "Command1"); });
-  Gui::Click(repository, "Help_Btn");
-  EXPECT_EQ(FormLife::Active(), &repository);
-}
-
-TEST_F(RepositoryTest, PrintAsksForAPrinterAndPrintsTheAttachment) {
+TEST_F(RepositoryTest, HelpComesBackAndPrintAsksForAPrinter) {
   const TestPrinters printers(store.PathBeside("printed.pdf"));
   Repository& repository = OpenAndSelect();
+  store.Write("RepositoryHelp.rtf", "{\\rtf1 help\\par}");
+  script.When("Help", [](Form& help) { Gui::Click(help, "Command1"); });
+  Gui::Play(repository, "active", {{"click Help_Btn", "Repository"}});
   script.When("frmPrinterDialog", [](Form& dialog) {
     EXPECT_TRUE(dialog.isModal());
     Gui::Click(dialog, "cmdOK");
@@ -124,20 +85,17 @@ TEST_F(RepositoryTest, PrintAsksForAPrinterAndPrintsTheAttachment) {
 
 TEST_F(RepositoryTest, AnAttachmentIsOpenedByTheButtonByEnterAndByADoubleClick) {
   Repository& repository = OpenAndSelect();
-  const QString file = store.Path("Repository/1/guide.doc");
-  Gui::Click(repository, "View_Btn");
-  EXPECT_EQ(opened.Take(), QStringList("open " + file + " (3)"));
-  Gui::MoveTo(repository, "View_Btn");
-  Gui::Key(repository, Qt::Key_Return);
-  EXPECT_EQ(opened.Take(), QStringList("open " + file + " (3)"));
+  for (const char* way : {"click View_Btn", "point View_Btn, Return"}) {
+    Gui::Do(repository, way);
+    EXPECT_EQ(opened.Take(), QStringList("open " + store.Path("Repository/1/guide.doc") + " (3)"));
+  }
   const auto* list = Gui::Find<ListBox>(repository, "List1");
   const QPoint line = list->visualItemRect(list->item(1)).center();
   QTest::mouseDClick(repository.windowHandle(), Qt::LeftButton, {},
                      list->viewport()->mapTo(&repository, line));
   EXPECT_EQ(opened.Take(), QStringList("open " + store.Path("Repository/1/list.txt") + " (5)"));
-  Gui::Key(repository, Qt::Key_Return);  // the list has the focus
-  EXPECT_EQ(opened.Take(), QStringList());
-  EXPECT_EQ(messages.Take(), QStringList());
+  Gui::Do(repository, "Return");  // the list has the focus
+  EXPECT_EQ(opened.Take() + messages.Take(), QStringList());
 }
 
 TEST_F(RepositoryTest, DetachCopiesAndAsksBeforeItOverwrites) {
@@ -151,14 +109,14 @@ TEST_F(RepositoryTest, DetachCopiesAndAsksBeforeItOverwrites) {
     QByteArray Before;  // empty: no such file
     MsgAnswer Answer;
     QByteArray After;
-    QStringList Said;
+    QString Said;
   } cases[] = {
       {"a new file", mine, "", MsgAnswer::No, "the guide", {}},
-      {"overwriting refused", mine, "old", MsgAnswer::No, "old", {question}},
-      {"overwriting agreed to", mine, "old", MsgAnswer::Yes, "the guide", {question}},
+      {"overwriting refused", mine, "old", MsgAnswer::No, "old", question},
+      {"overwriting agreed to", mine, "old", MsgAnswer::Yes, "the guide", question},
       {"cancelled", "", "old", MsgAnswer::Yes, "old", {}},
       {"no such folder", store.PathBeside("no/copy.doc"), "", MsgAnswer::Yes, "", {}},
-      {"a folder of that name", store.PathBeside("mine"), "", MsgAnswer::Yes, "", {question}},
+      {"a folder of that name", store.PathBeside("mine"), "", MsgAnswer::Yes, "", question},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Case);
@@ -166,12 +124,10 @@ TEST_F(RepositoryTest, DetachCopiesAndAsksBeforeItOverwrites) {
     if (!c.Before.isEmpty()) store.Write(mine, c.Before);
     target = c.Target;
     messages.Answer({c.Answer});
-    Gui::Click(repository, "Detach_Btn");
+    Gui::Play(repository, "said", {{"click Detach_Btn", c.Said}});
     EXPECT_EQ(store.Read(mine), c.After);
-    EXPECT_EQ(messages.Take(), c.Said);
-    EXPECT_EQ(
-        QDir(store.PathBeside("mine")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-        c.After.isEmpty() ? QStringList() : QStringList("copy.doc"));
+    EXPECT_EQ(QDir(store.PathBeside("mine")).entryList(QDir::AllEntries | QDir::Hidden).size(),
+              c.After.isEmpty() ? 2 : 3);  // with . and ..
   }
   EXPECT_EQ(messages.Calls().back().Title, "Repository error");
   EXPECT_EQ(asked.first(), "Save attachment|guide.doc|pdf");
@@ -182,8 +138,7 @@ TEST_F(RepositoryTest, AnAttachmentThatHasGoneIsToldAndLeavesTheOlderCopy) {
   Repository& repository = OpenAndSelect();
   QFile::remove(store.Path("Repository/1/guide.doc"));
   opened.Result = ShellResult::kNoFile;
-  Gui::Click(repository, "View_Btn");
-  EXPECT_EQ(messages.Take(), QStringList("The repository file could not be located."));
+  Gui::Play(repository, "said", {{"click View_Btn", "The repository file could not be located."}});
   target = store.PathBeside("copy.doc");
   store.Write(target, "old");
   messages.Answer({MsgAnswer::Yes});
@@ -211,16 +166,10 @@ QString AskInTheRealDialog(const QString& typed, QString& proposed) {
 
 TEST_F(RepositoryTest, TheDialogProposesTheNameAddsTheExtensionAndAsksNothing) {
   store.Write(store.PathBeside("there.doc"), "old");
-  const struct {
-    QString Typed, Chosen;
-  } cases[] = {
-      {store.PathBeside("there.doc"), store.PathBeside("there.doc")},
-      {store.PathBeside("mine"), store.PathBeside("mine.pdf")},
-      {store.PathBeside("mine.txt"), store.PathBeside("mine.txt")},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [typed, chosen] :
+       {std::pair{"there.doc", "there.doc"}, {"mine", "mine.pdf"}, {"mine.txt", "mine.txt"}}) {
     QString proposed;
-    EXPECT_EQ(AskInTheRealDialog(c.Typed, proposed), c.Chosen);
+    EXPECT_EQ(AskInTheRealDialog(store.PathBeside(typed), proposed), store.PathBeside(chosen));
     EXPECT_EQ(proposed, "guide.doc");
   }
 }
@@ -237,14 +186,10 @@ TEST_F(RepositoryTest, InAllModulesModeTheCoursesStandSideBySideAndTheFirstOneWi
   gCurrentCourse = 2;
   gAllModules = 1;
   Repository& repository = OpenAgain();
-  EXPECT_EQ(Names(repository), QStringList({"guide.doc", "list.txt", "guide.doc", "sheet.pdf"}));
-  EXPECT_EQ(messages.Take(), QStringList());
+  EXPECT_EQ(Gui::Seen(repository, "List1 said"), "guide.doc,list.txt,guide.doc,sheet.pdf|");
   QStringList files;
   for (int line = 0; line < 4; ++line) {
-    Gui::Find<ListBox>(repository, "List1")->SetFocus();
-    Gui::Key(repository, Qt::Key_Down);
-    clock.Advance(100);
-    Gui::Click(repository, "View_Btn");
+    Gui::Do(repository, "focus List1, Down, wait 100, click View_Btn");
     files += opened.Take();
   }
   const QString folder = "open " + store.Path("Repository/");
@@ -252,7 +197,7 @@ TEST_F(RepositoryTest, InAllModulesModeTheCoursesStandSideBySideAndTheFirstOneWi
                                 folder + "1/guide.doc (3)", folder + "2/sheet.pdf (3)"}));
   repository.Unload();
   gCourses[0].RepNum = "none";
-  EXPECT_EQ(Names(OpenAgain()), QStringList({"guide.doc", "sheet.pdf"}));
+  EXPECT_EQ(Gui::Seen(OpenAgain(), "List1"), "guide.doc,sheet.pdf");
   EXPECT_TRUE(messages.Take().join('\n').contains("Repository\\none"));
 }
 
@@ -261,14 +206,8 @@ TEST_F(RepositoryTest, AMissingFolderIsToldAndAnEmptyOneIsNot) {
     QDir(store.Path("Repository/1")).removeRecursively();
     if (!missing) QDir(store.Path("Repository")).mkdir("1");
     Repository& repository = Open();
-    const QStringList said = messages.Take();
-    EXPECT_EQ(said.size(), missing ? 1 : 0);
-    EXPECT_EQ(said.join(QString()).contains("Repository\\1"), missing);
-    EXPECT_EQ(ErrorOf([&] { repository.InitRepository(); }).isEmpty(), !missing);
-    EXPECT_EQ(Names(repository), QStringList());
-    EXPECT_EQ(Looks(repository).mid(0, 3), QList<Look>(3, Look::Disabled));
-    Gui::Click(repository, "Cancel_Btn");
-    EXPECT_EQ(LoadedForm<Repository>(), nullptr);
+    EXPECT_EQ(messages.Take().join(QString()).contains("Repository\\1"), missing);
+    Gui::Play(repository, "List1 View_Btn", {{"", "|disabled"}, {"click Cancel_Btn", "gone|gone"}});
     OneCopyAgain();
   }
 }

@@ -7,6 +7,7 @@
 #include "signin/NewUserLogin.h"
 #include "signin/UserLogin.h"
 #include "signin/Welcome.h"
+#include "support/Play.h"
 #include "support/Program.h"
 #include "support/ProgressLines.h"
 
@@ -24,14 +25,8 @@ class RegistrationTest : public CourseTest {
     });
     script.When("NewUserLogin", [=, this](Form& form) {
       ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-      const std::pair<const char*, QString> entries[] = {
-          {"LoginBox", first}, {"LastNameBox", last}, {"EMailBox", email}};
-      for (const auto& [box, text] : entries) {
-        Gui::Click(form, box);
-        Gui::Type(form, text);
-      }
-      clock.Advance(100);
-      Gui::Click(form, "SignIn_Btn");
+      Gui::Do(form, "click LoginBox, type " + first + ", click LastNameBox, type " + last +
+                        ", click EMailBox, type " + email + ", wait 100, click SignIn_Btn");
       if (then) then(form);
     });
     PassSplash();
@@ -108,20 +103,10 @@ TEST_F(RegistrationTest, TheSignInButtonWaitsForBothNames) {
   script.When("UserLogin", [](Form& form) { Gui::Click(form, "Here_Btn_5"); });
   script.When("NewUserLogin", [this](Form& form) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-    auto* button = Gui::Find<SkinButton>(form, "SignIn_Btn");
-    Gui::Click(form, "LoginBox");
-    Gui::Type(form, "Ann");
-    clock.Advance(100);
-    EXPECT_FALSE(button->Enabled());
-    EXPECT_EQ(Gui::Find<TextBox>(form, "LoginBox")->BackColor(), 0xFFCCCC);
-    Gui::Click(form, "LastNameBox");
-    EXPECT_EQ(Gui::Find<TextBox>(form, "LoginBox")->BackColor(), 0xFF6666);
-    Gui::Type(form, "Lee");
-    clock.Advance(100);
-    EXPECT_TRUE(button->Enabled());
-    Gui::MoveTo(form, "Cancel_Btn");
-    Gui::Key(form, Qt::Key_Return);
-    EXPECT_EQ(LoadedForm<NewUserLogin>(), nullptr);
+    Gui::Play(form, "SignIn_Btn LoginBox:back",
+              {{"click LoginBox, type Ann, wait 100", "disabled|ffcccc"},
+               {"click LastNameBox, type Lee, wait 100", "off|ff6666"},
+               {"point Cancel_Btn, Return", "gone|gone"}});
     EXPECT_TRUE(Default<UserLogin>().Shown());
     Default<UserLogin>().close();
   });

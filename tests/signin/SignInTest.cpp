@@ -3,6 +3,7 @@
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/SkinButton.h"
+#include "support/Play.h"
 #include "support/Program.h"
 #include "support/ProgressLines.h"
 
@@ -14,13 +15,10 @@ using SignInTest = CourseTest;
 
 TEST_F(SignInTest, WithoutLearnersTheListIsEmptyAndSignInStaysDisabled) {
   ASSERT_TRUE(Start());
-  script.When("UserLogin", [this](Form& form) {
-    clock.Advance(200);
+  script.When("UserLogin", [](Form& form) {
     EXPECT_EQ(Gui::Find<ComboBox>(form, "UserName_Cmb_3")->ListCount(), 0);
-    EXPECT_EQ(Gui::Find<SkinButton>(form, "SignIN_Btn_5")->Shown(), SkinButton::Look::Disabled);
-    Gui::Key(form, Qt::Key_Return);  // no button is lit
-    EXPECT_TRUE(form.Shown());
-    form.close();
+    // No button is lit.
+    Gui::Play(form, "SignIN_Btn_5", {{"wait 200", "disabled"}, {"Return", "disabled"}, {"close", "gone"}});
   });
   PassSplash();
   // Closing without signing in leaves the course readable and records nothing.
@@ -31,89 +29,57 @@ TEST_F(SignInTest, WithoutLearnersTheListIsEmptyAndSignInStaysDisabled) {
   EXPECT_FALSE(QFile::exists(store.DataPath()));
 }
 
-TEST_F(SignInTest, TheOnlyLearnerIsGreetedByNameAndBeginsAtTheFirstPage) {
-  store.AddLearner("Ann", "Lee");
-  ASSERT_TRUE(Start());
-  script.When("Welcome", [](Form& form) {
-    EXPECT_EQ(Gui::Find<Label>(form, "Welcome_lbl_1")->Caption(), "Ann Lee");
-    Gui::Click(form, "SignIn_Btn_2");
-  });
-  PassSplash();
-  EXPECT_EQ(gUserFirstName, "Ann");
-  EXPECT_EQ(Header(), "Customers : Greeting");
-}
-
 TEST_F(SignInTest, ALearnerComesBackToTheResumePage) {
   store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying);
   store.AddLearner("Bo", "Ek");
   ASSERT_TRUE(Start());
-  script.When("UserLogin", [this](Form& form) {
-    auto* list = Gui::Find<ComboBox>(form, "UserName_Cmb_3");
-    ASSERT_EQ(list->ListCount(), 2);
+  script.When("UserLogin", [](Form& form) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-    Gui::Type(form, "a");  // type-ahead
-    EXPECT_EQ(list->Text(), "Ann Lee");
-    clock.Advance(100);
-    Gui::MoveTo(form, "SignIN_Btn_5");
-    Gui::Key(form, Qt::Key_Return);
+    Gui::Play(form, "UserName_Cmb_3", {{"type a", "Ann Lee"}});  // type-ahead
+    Gui::Do(form, "wait 100, point SignIN_Btn_5, Return");
   });
   PassSplash();
-  EXPECT_EQ(Header(), "Customers : Paying");
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(Header() + PageText(), "Customers : Payingrt0101 0003.txm");
 }
 
 TEST_F(SignInTest, TheButtonsStopAtTheEndsOfTheCourse) {
-  using Look = SkinButton::Look;
-  const struct {
-    const char *Module, *Page, *Shown;
-    Look Next, Prev;
-  } rows[] = {
-      {"rt0101", "0002", "rt0101 0002.txm", Look::Off, Look::Off},
-      {"rt0101", "0001", "rt0101 0001.txm", Look::Off, Look::Disabled},
-      {"rt0102", "0002", "rt0102 0002.txm", Look::Disabled, Look::Off},
-      // The module is gone: the first module stays, and the page is looked for in it.
-      {"rt0999", "0003", "rt0101 0003.txm", Look::Off, Look::Off},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.Shown);
-    store.AddLearner("Ann", "Lee", "Cash desk",
-                     QStringLiteral("\"%1\",\"%2.txm\"\r\n").arg(row.Module, row.Page).toLatin1());
-    const Form1& screen = ReadAs("Ann", "Lee");
-    EXPECT_EQ(PageText(), row.Shown);
-    EXPECT_EQ(Gui::Find<SkinButton>(screen, "NextBtn")->Shown(), row.Next);
-    EXPECT_EQ(Gui::Find<SkinButton>(screen, "Prev")->Shown(), row.Prev);
+  for (const auto& [module, page, seen] :
+       {std::tuple{"rt0101", "0002.txm", "rt0101 0002.txm|off|off"},
+        {"rt0101", "0001.txm", "rt0101 0001.txm|off|disabled"},
+        {"rt0102", "0002.txm", "rt0102 0002.txm|disabled|off"},
+        // The module is gone: the first module stays, and the page is looked for in it.
+        {"rt0999", "0003.txm", "rt0101 0003.txm|off|off"}}) {
+    store.AddLearner("Ann", "Lee", "Cash desk", ResumeBytes(module, page));
+    EXPECT_EQ(Gui::Seen(ReadAs("Ann", "Lee"), "page NextBtn Prev"), seen);
     OneCopyAgain();
   }
 }
 
 TEST_F(SignInTest, ADamagedRecordIsNamedAndNothingOfItChanges) {
-  const struct {
-    const char* File;
-    QByteArray Bytes;  // empty: the file is missing
-  } records[] = {{"User", ""},
-                 {"User", "\"Ann\"\r\n"},
-                 {"Cash desk", "\"rt0101\"\r\n"},
-                 {"Cash desk", kAtThePaying + "\"rt0102\",\"_Returns_\",\"\""}};
+  const std::pair<QString, QByteArray> records[] = {
+      {"User", ""},  // it is missing
+      {"User", "\"Ann\"\r\n"},
+      {"Cash desk", "\"rt0101\"\r\n"},
+      {"Cash desk", kAtThePaying + "\"rt0102\",\"_Returns_\",\"\""}};
   store.AddLearner("Bo", "Ek");
-  for (const auto& record : records) {
+  for (const auto& [file, bytes] : records) {
     store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying);
-    const QString path = store.DataPath(QStringLiteral("Ann Lee/") + record.File);
+    const QString path = store.DataPath("Ann Lee/" + file);
     QFile::remove(path);
-    if (!record.Bytes.isEmpty()) store.Write(path, record.Bytes);
+    if (!bytes.isEmpty()) store.Write(path, bytes);
     ASSERT_TRUE(Start());
-    script.When("UserLogin", [this](Form& form) {
+    script.When("UserLogin", [](Form& form) {
       Gui::Find<ComboBox>(form, "UserName_Cmb_3")->SetListIndex(0);
-      clock.Advance(100);
-      Gui::Click(form, "SignIN_Btn_5");
-      EXPECT_TRUE(form.Shown());  // the learner can choose again
+      // The learner can choose again.
+      Gui::Play(form, "SignIN_Btn_5", {{"wait 100, click SignIN_Btn_5", "off"}});
       EXPECT_EQ(gUserFirstName, "");
       form.close();
     });
     PassSplash();
     const QStringList said = messages.Take();
     ASSERT_EQ(said.size(), 1);
-    EXPECT_TRUE(said.first().contains(record.File)) << said.first().toStdString();
-    EXPECT_EQ(store.Read(path), record.Bytes);
+    EXPECT_TRUE(said.first().contains(file)) << said.first().toStdString();
+    EXPECT_EQ(store.Read(path), bytes);
     QFile::remove(path);
     OneCopyAgain();
   }
@@ -132,11 +98,10 @@ TEST_F(SignInTest, AfterAFailedSignInTheNextLearnerBeginsAtTheFirstPage) {
   store.AddLearner("Ann", "Lee", "Cash desk", kAtThePaying + "\"rt0102\"");
   store.AddLearner("Bo", "Ek");
   ASSERT_TRUE(Start());
-  script.When("UserLogin", [this](Form& form) {
+  script.When("UserLogin", [](Form& form) {
     for (const int learner : {0, 1}) {
       Gui::Find<ComboBox>(form, "UserName_Cmb_3")->SetListIndex(learner);
-      clock.Advance(100);
-      Gui::Click(form, "SignIN_Btn_5");
+      Gui::Do(form, "wait 100, click SignIN_Btn_5");
     }
   });
   PassSplash();
@@ -187,9 +152,10 @@ TEST_F(SignInTest, LeavingTheGreetingAsksAndOnlyItsExitButtonLeavesTheCourse) {
     ASSERT_TRUE(Start());
     messages.Answer({MsgAnswer::No, MsgAnswer::Yes});
     script.When("Welcome", [=](Form& form) {
-      byButton ? Gui::Click(form, "Exit_btn") : static_cast<void>(form.close());
-      EXPECT_TRUE(form.Shown());
-      byButton ? Gui::Click(form, "Exit_btn") : static_cast<void>(form.close());
+      for (int i = 0; i < 2; ++i) {
+        EXPECT_TRUE(form.Shown());
+        Gui::Do(form, byButton ? "click Exit_btn" : "close");
+      }
     });
     PassSplash();
     EXPECT_EQ(messages.Take(), QStringList(2, "Are you sure you want to exit this course?"));
@@ -208,15 +174,10 @@ TEST_F(SignInTest, TheFocusGoesRoundTheGreetingAndLightsOneButtonAtATime) {
   ASSERT_TRUE(Start());
   script.When("Welcome", [](Form& form) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-    QStringList lit;
-    for (int i = 0; i < 4; ++i) {
-      if (i > 0) Gui::Key(form, Qt::Key_Tab);
-      for (const char* name : {"SignIn_Btn_2", "New_Btn_3", "Exit_btn"}) {
-        if (Gui::Find<SkinButton>(form, name)->Shown() == SkinButton::Look::On) lit.append(name);
-      }
-    }
-    EXPECT_EQ(lit, QStringList({"SignIn_Btn_2", "New_Btn_3", "Exit_btn", "SignIn_Btn_2"}));
-    Gui::Key(form, Qt::Key_Return);  // signs in
+    EXPECT_EQ(Gui::Seen(form, "Welcome_lbl_1"), "Ann Lee");
+    Gui::Play(form, "SignIn_Btn_2 New_Btn_3 Exit_btn",
+              {{"", "on|off|off"}, {"Tab", "off|on|off"}, {"Tab", "off|off|on"}, {"Tab", "on|off|off"}});
+    Gui::Do(form, "Return");  // signs in
   });
   PassSplash();
   EXPECT_EQ(Header(), "Customers : Greeting");

@@ -7,6 +7,7 @@
 #include "startup/CourseSelection.h"
 #include "startup/OneCopy.h"
 #include "startup/SplashScreen.h"
+#include "support/Play.h"
 #include "support/Program.h"
 #include "texts/ResConstants.h"
 #include "texts/TextTable.h"
@@ -62,25 +63,17 @@ TEST_F(StartTest, ASecondCopyIsRefusedAndTheFirstComesForward) {
   EXPECT_TRUE(OneCopy::Claim());  // the lock goes with its owner
 }
 
-TEST_F(StartTest, TheListEndsWithAllModulesAndBeginsWithNothingChosen) {
+TEST_F(StartTest, TheListBeginsWithNothingChosenAndItsLastEntryTurnsAllModulesOn) {
   AddTwoCourses();
   ASSERT_TRUE(Start());
   auto* list = Gui::Find<ComboBox>(Choice(), "CourseList");
   EXPECT_EQ(list->ListCount(), 3);
   EXPECT_EQ(list->List(2), "All modules");
   EXPECT_EQ(list->ListIndex(), -1);
-  clock.Advance(100);
-  auto* begin = Gui::Find<SkinButton>(Choice(), "BeginCourse");
-  EXPECT_EQ(begin->Shown(), SkinButton::Look::Disabled);
-  Gui::Key(Choice(), Qt::Key_Return);  // no button is lit
+  Gui::Play(Choice(), "BeginCourse", {{"wait 100, Return", "disabled"}});  // no button is lit
   EXPECT_EQ(LoadedForm<SplashScreen>(), nullptr);
   Choose(0);
-  EXPECT_EQ(begin->Shown(), SkinButton::Look::Off);
-}
-
-TEST_F(StartTest, TheLastEntryTurnsAllModulesOn) {
-  AddTwoCourses();
-  ASSERT_TRUE(Start());
+  EXPECT_EQ(Gui::Seen(Choice(), "BeginCourse"), "off");
   ChooseCourse(2);
   EXPECT_EQ(gAllModules, 1);
   EXPECT_EQ(gCurrentCourse, 2);
@@ -90,29 +83,17 @@ TEST_F(StartTest, TheLastEntryTurnsAllModulesOn) {
 
 TEST_F(StartTest, EscapeAndTheButtonsLeaveAndTheProgramEnds) {
   AddTwoCourses();
-  const auto enterOn = [](const char* button) {
-    return [button](Form& choice) {
-      Gui::MoveTo(choice, button);
-      Gui::Key(choice, Qt::Key_Return);
-    };
-  };
-  const struct {
-    const char* Way;
-    std::function<void(Form&)> Leave;
-    bool Ends = true;
-  } rows[] = {{"escape", [](Form& choice) { Gui::Key(choice, Qt::Key_Escape); }},
-              {"cancel", [](Form& choice) { Gui::Click(choice, "Cancel"); }},
-              {"exit", [](Form& choice) { Gui::Click(choice, "Exit_btn"); }},
-              {"enter on cancel", enterOn("Cancel")},
-              {"enter on exit does nothing", enterOn("Exit_btn"), false}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.Way);
+  for (const auto& [way, ends] : {std::pair{"Esc", true},
+                                  {"click Cancel", true},
+                                  {"click Exit_btn", true},
+                                  {"point Cancel, Return", true},
+                                  {"point Exit_btn, Return", false}}) {
     ASSERT_TRUE(Start());
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Choice()));
     Choose(0);
-    row.Leave(Choice());
-    EXPECT_EQ(quits, row.Ends ? 1 : 0);
-    EXPECT_EQ(FormLife::Loaded().isEmpty(), row.Ends);
+    Gui::Do(Choice(), way);
+    EXPECT_EQ(quits, ends ? 1 : 0) << way;
+    EXPECT_EQ(FormLife::Loaded().isEmpty(), ends) << way;
     OneCopyAgain();
   }
 }
@@ -132,9 +113,6 @@ TEST_F(StartTest, ASingleCourseGoesStraightToTheSplash) {
   store.AddCourse("Cash desk", "rt0101rt0102");
   ASSERT_TRUE(Start());
   EXPECT_FALSE(Default<CourseSelection>().Shown());
-  auto& splash = Default<SplashScreen>();
-  EXPECT_EQ(splash.size(), QSize(450, 246));
-  EXPECT_EQ(splash.pos(), QPoint(0, 0));
   clock.Advance(999);
   EXPECT_NE(LoadedForm<SplashScreen>(), nullptr);  // stands for a second
   script.When("UserLogin", [](Form& form) {
@@ -169,18 +147,6 @@ TEST_F(StartTest, ACourseThatDoesNotOpenIsToldAndTheChoiceComesAgain) {
   }
   ChooseCourse(3);
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
-}
-
-TEST_F(StartTest, MissingPicturesDoNotKeepACourseFromOpening) {
-  AddTwoModules();
-  store.AddCourse("Cash desk", "rt0101rt0102");
-  for (const char* name : {"Splash.jpg", "Dialog.jpg", "CourseScreen.jpg", "nextOff.jpg", "Button_Off.jpg"}) {
-    QFile::remove(store.Path(QStringLiteral("GUIimages/") + name));
-  }
-  ASSERT_TRUE(Start());
-  script.When("UserLogin", [](Form& form) { form.close(); });
-  PassSplash();
-  EXPECT_EQ(PageText(), "rt0101 0001.txm");
 }
 
 TEST_F(StartTest, ASingleCourseThatDoesNotOpenEndsTheProgram) {

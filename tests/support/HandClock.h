@@ -7,8 +7,10 @@
 
 class HandClock final : public Clock {
  public:
-  HandClock() { Clock::Replace(this); }
+  HandClock() { Clock::Replace(current_ = this); }
   ~HandClock() override { Clock::Replace(nullptr); }
+  // The one in force.
+  static HandClock* Current() { return current_; }
 
   QDateTime Now() const override { return now_; }
   void Sleep(int milliseconds) override { now_ = now_.addMSecs(milliseconds); }
@@ -27,6 +29,7 @@ class HandClock final : public Clock {
 
   Entry* NextDue(const QDateTime& until);
 
+  static inline HandClock* current_ = nullptr;
   QDateTime now_{QDate(2026, 11, 24), QTime(9, 0)};
   std::list<Entry> entries_;
 };

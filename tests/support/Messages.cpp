@@ -1,6 +1,7 @@
 #include "support/Messages.h"
 
 Messages::Messages() {
+  current_ = this;
   AnswerMessageBoxes([this](const MsgBoxCall& call) {
     calls_.push_back(call);
     if (WhileUp) WhileUp();

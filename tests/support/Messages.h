@@ -11,6 +11,8 @@ class Messages {
  public:
   Messages();
   ~Messages();
+  // Those in force.
+  static Messages* Current() { return current_; }
 
   // The answers of the next yes/no boxes, in order; without one a yes/no box is answered No.
   void Answer(std::initializer_list<MsgAnswer> answers) { answers_ = answers; }
@@ -22,6 +24,7 @@ class Messages {
   const std::vector<MsgBoxCall>& Calls() const { return calls_; }
 
  private:
+  static inline Messages* current_ = nullptr;
   std::deque<MsgAnswer> answers_;
   std::vector<MsgBoxCall> calls_;
   size_t taken_ = 0;

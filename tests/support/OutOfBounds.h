@@ -17,21 +17,14 @@ class OutOfBoundsTest : public CourseTest {
     if (!QFile::link(target, store.Path(name))) qFatal("cannot link %s", qPrintable(name));
   }
 
-  // Links, devices and pipes in a folder of the store that all end in `suffix`. Told are their names up to
-  // it; the links lead to the file `name` + `suffix` outside.
+  // Links out, devices and pipes in a folder of the store that all end in `suffix`; told are their names up
+  // to it.
   QStringList AddTraps(const QString& prefix, const QString& name, const QString& suffix) const {
-    const QString target = outside.Folder() + '/' + name + suffix;
-    const QString last = prefix.section('/', -1);
-    Link(target, prefix + "link" + suffix);
-    Link(last + "link" + suffix, prefix + "chain" + suffix);
-    Link(QString("../").repeated(prefix.count('/') + 1) + "out/" + name + suffix,
-         prefix + "relative" + suffix);
-    Link(outside.Folder() + "/nothing", prefix + "dangling" + suffix);
-    Link(last + "loop" + suffix, prefix + "loop" + suffix);
+    Link(outside.Folder() + '/' + name + suffix, prefix + "link" + suffix);
     Link("/dev/zero", prefix + "zero" + suffix);
     mkfifo(QFile::encodeName(store.Path(prefix + "fifo" + suffix)).constData(), 0600);
     QFile::link(outside.Folder(), store.Path(prefix + "folder"));
-    return {"link", "LINK", "chain", "relative", "dangling", "loop", "zero", "fifo", "folder/" + name};
+    return {"link", "zero", "fifo", "folder/" + name};
   }
 
   // Nothing outside was opened or changed, and nothing of it shows.
@@ -41,8 +34,7 @@ class OutOfBoundsTest : public CourseTest {
     const QString marker = QLatin1String(Outside::kMarker);
     EXPECT_FALSE(messages.Take().join(QLatin1Char(' ')).contains(marker)) << what;
     if (LoadedForm<Form1>() == nullptr) return;
-    EXPECT_FALSE(PageText().contains(marker)) << what;
-    EXPECT_FALSE(Header().contains(marker)) << what;
+    EXPECT_FALSE((PageText() + Header()).contains(marker)) << what;
   }
 
   static bool Shows(const QImage& image, const QColor& colour) {

@@ -1,8 +1,7 @@
 // A folder beside the program folder that nothing may reach: it knows when one of its files was opened
-// and whether anything in it was changed.
+// or anything in it was changed.
 #pragma once
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -18,19 +17,15 @@ class Outside {
   Outside& operator=(const Outside&) = delete;
 
   const QString& Folder() const { return folder_; }
-  // Every spelling of the way to a file of the folder that a course or a learner might try; the steps `up`
-  // ("../../") lead to the folder that it stands in.
+  // The ways to a file of the folder that each place where a name comes from is tried with; all spellings
+  // are tried on the paths themselves. The steps `up` ("../../") lead to the folder that it stands in.
   QStringList WaysTo(const QString& name, const QString& up) const;
-  // What was opened, made, changed or removed since the last call; a look at what is there is no reading.
+  // What was opened, listed, made, changed or removed since the last call.
   QStringList Touched();
 
  private:
   void Watch(const QString& folder);
-  QStringList Events();
-  QHash<QString, QByteArray> Content() const;
 
   QString folder_;
   int watch_ = -1;
-  QHash<int, QString> watched_;
-  QHash<QString, QByteArray> content_;
 };

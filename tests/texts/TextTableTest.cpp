@@ -1,21 +1,19 @@
 #include "texts/TextTable.h"
 
-#include "platform/TestProgram.h"
+#include <array>
+
+#include "support/TestProgram.h"
 #include "texts/Descriptions.h"
 
 TEST(TextTable, EveryGroupIsWhole) {
-  const struct {
-    int First;
-    int Last;
-    int Texts;
-  } groups[] = {{101, 144, 43}, {150, 161, 12}, {200, 201, 2}, {250, 255, 6}, {300, 325, 13},
-                {350, 361, 12}, {375, 380, 6},  {400, 405, 6}, {415, 419, 5}, {500, 543, 44}};
+  const std::array<int, 3> groups[] = {{101, 144, 43}, {150, 161, 12}, {200, 201, 2}, {250, 255, 6},
+                                       {300, 325, 13}, {350, 361, 12}, {375, 380, 6}, {400, 405, 6},
+                                       {415, 419, 5},  {500, 543, 44}};
   for (const auto& group : groups) {
     int texts = 0;
-    for (int number = group.First; number <= group.Last; ++number) {
-      if (!LoadStringResource(number).isEmpty()) ++texts;
-    }
-    EXPECT_EQ(texts, group.Texts) << group.First;
+    for (int number = group[0]; number <= group[1]; ++number)
+      texts += LoadStringResource(number).isEmpty() ? 0 : 1;
+    EXPECT_EQ(texts, group[2]) << group[0];
   }
 }
 

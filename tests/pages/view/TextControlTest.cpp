@@ -1,4 +1,6 @@
 // The page view, on a real form, with real clicks and keys.
+#include "pages/view/TextControl.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -9,7 +11,6 @@
 
 #include "pages/rtf/rtf_pages.h"
 #include "pages/view/PageZoom.h"
-#include "pages/view/TextControl.h"
 #include "platform/Clock.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/TextBox.h"

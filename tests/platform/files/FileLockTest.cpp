@@ -4,7 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "platform/TestProgram.h"
+#include "support/TestProgram.h"
 
 using Outcome = FileLock::Outcome;
 
@@ -12,7 +12,6 @@ TEST(FileLock, OneHolderKeepsAllOthersOutUntilItReleases) {
   const TestProgram program;
   FileLock first, second;
   EXPECT_EQ(first.Take(".lock"), Outcome::Taken);
-  EXPECT_EQ(second.Take(".lock"), Outcome::HeldElsewhere);
   EXPECT_EQ(second.Take(".lock"), Outcome::HeldElsewhere);
   first.Release();
   EXPECT_FALSE(QFile::exists(program.Path(".lock")));
@@ -52,18 +51,12 @@ TEST(FileLock, WhatStandsInTheFilesPlaceIsNotFollowedOrWaitedFor) {
   QFile::link(program.Path("elsewhere"), program.Path("link"));
   ASSERT_EQ(mkfifo(QFile::encodeName(program.Path("pipe")).constData(), 0600), 0);
   program.Write("left", "999999\ntallowmere\nanother-machine\n");
-  const struct {
-    const char* Path;
-    Outcome Expected;
-  } cases[] = {
-      {"link", Outcome::Impossible},
-      {"missing\\.lock", Outcome::Impossible},
-      {"pipe", Outcome::Taken},
-      {"left", Outcome::Taken},
-  };
-  for (const auto& c : cases) {
+  for (const auto& [path, expected] : {std::pair{"link", Outcome::Impossible},
+                                       {"missing\\.lock", Outcome::Impossible},
+                                       {"pipe", Outcome::Taken},
+                                       {"left", Outcome::Taken}}) {
     FileLock lock;
-    EXPECT_EQ(lock.Take(c.Path), c.Expected) << c.Path;
+    EXPECT_EQ(lock.Take(path), expected) << path;
   }
   EXPECT_EQ(program.Read("elsewhere"), "kept");
 }

@@ -1,6 +1,6 @@
 #include "platform/files/QuotedFields.h"
 
-#include "platform/TestProgram.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -18,10 +18,7 @@ QStringList FieldsOf(const QByteArray& bytes) {
 }  // namespace
 
 TEST(QuotedFields, AreReadAsAStream) {
-  const struct {
-    QByteArray Bytes;
-    QStringList Fields;
-  } cases[] = {
+  const std::pair<QByteArray, QStringList> cases[] = {
       {"", {}},
       {"\r\n \r\n", {}},
       {"\"1\"\r\n\"a, b\",\"c\"\r\n", {"1", "a, b", "c"}},
@@ -43,8 +40,8 @@ TEST(QuotedFields, AreReadAsAStream) {
       {"\xEF\xBB\xBF\"\xC5\x81\",\xC5\x81", {u"Ł"_qs, u"Ł"_qs}},
       {"\"\xABSale\xBB\"", {u"«Sale»"_qs}},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(FieldsOf(c.Bytes), c.Fields) << c.Bytes.toStdString();
+  for (const auto& [bytes, fields] : cases)
+    EXPECT_EQ(FieldsOf(bytes), fields) << bytes.toStdString();
 }
 
 TEST(QuotedFields, ReadingOnBehindTheLastRecordIsAnError) {

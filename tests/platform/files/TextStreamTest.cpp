@@ -1,8 +1,6 @@
 #include "platform/files/TextStream.h"
 
-#include <QBuffer>
-
-#include "platform/TestProgram.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -17,10 +15,7 @@ QStringList LinesOf(const QByteArray& bytes) {
 }  // namespace
 
 TEST(TextStream, LinesEndWithLineFeedOrBoth) {
-  const struct {
-    QByteArray Bytes;
-    QStringList Lines;
-  } cases[] = {
+  const std::pair<QByteArray, QStringList> cases[] = {
       {"", {}},
       {"a", {"a"}},
       {"a\r\n", {"a"}},
@@ -33,20 +28,16 @@ TEST(TextStream, LinesEndWithLineFeedOrBoth) {
       {"\xC5\x81\n", {u"Ł"_qs}},
       {"\xABx\xBB", {u"«x»"_qs}},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(LinesOf(c.Bytes), c.Lines) << c.Bytes.toStdString();
+  for (const auto& [bytes, lines] : cases)
+    EXPECT_EQ(LinesOf(bytes), lines) << bytes.toStdString();
 }
 
 TEST(TextStream, ReadsCharactersBetweenLines) {
-  QByteArray bytes("ab\r\ncd");
-  QBuffer device(&bytes);
-  ASSERT_TRUE(device.open(QIODevice::ReadOnly));
-  TextStream stream(device, "/glossary");
+  TextStream stream("ab\r\ncd", "/glossary");
   EXPECT_EQ(stream.Read(1), "a");
   EXPECT_EQ(stream.ReadLine(), "b");
   EXPECT_EQ(stream.ReadChar(), u'c');
   EXPECT_EQ(stream.Read(5), "d");
   EXPECT_TRUE(stream.AtEndOfStream());
   EXPECT_EQ(ErrorOf([&] { stream.Read(1); }), "The file \"/glossary\" ends too early.");
-  EXPECT_EQ(ErrorOf([&] { stream.ReadChar(); }), "The file \"/glossary\" ends too early.");
 }

@@ -1,12 +1,14 @@
 // FlexGrid: cells and their looks, the selection, scrolling, keys, and what a screen reader finds.
+#include "platform/grid/FlexGrid.h"
+
 #include <QAccessible>
 #include <QAccessibleTableInterface>
 #include <QImage>
 
 #include "platform/forms/Screen.h"
-#include "platform/grid/FlexGrid.h"
 #include "support/Errors.h"
 #include "support/FormTest.h"
+#include "support/Play.h"
 
 namespace {
 
@@ -31,12 +33,7 @@ class GridTest : public FormTest<GridForm> {
       grid.AddItem(QStringLiteral("Row %1").arg(row));
     grid.RemoveItem(0);
   }
-  QStringList Texts() const {
-    QStringList texts;
-    for (int row = 0; row < grid.Rows(); ++row)
-      texts.append(grid.TextMatrix(row, 0));
-    return texts;
-  }
+  QString Texts() const { return Gui::Seen(form, "Grid"); }
   // The colour of the ground of a row.
   int Ground(int row) const {
     const QImage image = grid.viewport()->grab().toImage();
@@ -53,11 +50,11 @@ TEST_F(GridTest, RowsComeAndGoAndTheSelectionStaysWithItsRow) {
   grid.AddItem("First", 0);
   EXPECT_EQ(grid.Row(), 3);
   grid.RemoveItem(1);
-  EXPECT_EQ(Texts(), QStringList({"First", "Row 1", "Row 2", "Row 3"}));
+  EXPECT_EQ(Texts(), "First,Row 1,Row 2,Row 3");
   EXPECT_EQ(grid.RowSel(), 2);
   grid.SetRows(1);
   grid.RemoveItem(0);  // the last row is emptied
-  EXPECT_EQ(Texts(), QStringList({""}));
+  EXPECT_EQ(Texts(), "");
   EXPECT_EQ(grid.Row(), 0);
 }
 
@@ -84,17 +81,13 @@ TEST_F(GridTest, TheSelectionShowsAsItsHighLightSays) {
   Fill(3);
   grid.SetRow(1);
   grid.SetBackColorSel(kGreen);
-  struct Row {
-    GridHighLight HighLight;
-    bool Focus;
-    int Ground;
-  };
-  for (const Row& row :
-       {Row{GridHighLight::Never, true, 0xFFFFFF}, Row{GridHighLight::Always, false, kGreen},
-        Row{GridHighLight::WithFocus, true, kGreen}, Row{GridHighLight::WithFocus, false, 0xFFFFFF}}) {
-    grid.SetHighLight(row.HighLight);
-    row.Focus ? grid.SetFocus() : grid.clearFocus();
-    EXPECT_EQ(Ground(1), row.Ground) << static_cast<int>(row.HighLight) << row.Focus;
+  for (const auto& [highLight, focus, shows] : {std::tuple{GridHighLight::Never, true, false},
+                                                {GridHighLight::Always, false, true},
+                                                {GridHighLight::WithFocus, true, true},
+                                                {GridHighLight::WithFocus, false, false}}) {
+    grid.SetHighLight(highLight);
+    focus ? grid.SetFocus() : grid.clearFocus();
+    EXPECT_EQ(Ground(1), shows ? kGreen : 0xFFFFFF) << static_cast<int>(highLight) << focus;
     EXPECT_EQ(Ground(0), 0xFFFFFF);
   }
 }
@@ -106,7 +99,7 @@ TEST_F(GridTest, ACellOutsideTheGridIsNamed) {
            [&] { grid.SetColWidth(1, 10); }, [&] { grid.SetFixedRows(1); }}) {
     EXPECT_TRUE(ErrorOf(statement).contains("Grid"));
   }
-  EXPECT_EQ(Texts(), QStringList({""}));
+  EXPECT_EQ(Texts(), "");
 }
 
 TEST_F(GridTest, ItShowsWholeRowsAndTellsWhenTheTopChanges) {
@@ -129,10 +122,9 @@ TEST_F(GridTest, KeysWalkTheRowsOnceTheSelectionShows) {
   Fill(50);
   grid.SetHighLight(GridHighLight::Never);
   grid.SetFocus();
-  Gui::Key(form, Qt::Key_Down);
+  Gui::Do(form, "Down");
   grid.SetHighLight(GridHighLight::Always);
-  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_End, Qt::Key_Down, Qt::Key_Home})
-    Gui::Key(form, key);
+  Gui::Do(form, "Down x2, Up, End, Down, Home");
   EXPECT_EQ(rows, QList<int>({0, 1, 2, 1, 49, 49, 0}));
   EXPECT_EQ(grid.TopRow(), 0);  // it has come along
 }
@@ -141,11 +133,9 @@ TEST_F(GridTest, AScreenReaderFindsTheRowsAndTheCurrentOne) {
   Fill(3);
   grid.SetRow(2);
   QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&grid);
-  ASSERT_NE(table->tableInterface(), nullptr);
   EXPECT_EQ(table->tableInterface()->rowCount(), 3);
   QAccessibleInterface* cell = table->tableInterface()->cellAt(2, 0);
-  EXPECT_EQ(cell->text(QAccessible::Name), "Row 2");
-  EXPECT_TRUE(cell->state().selected);
+  EXPECT_TRUE(cell->text(QAccessible::Name) == "Row 2" && cell->state().selected);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "assessment/TestRun.h"
-#include "learners/LearnerStore.h"
+#include "support/LearnerStore.h"
 
 // One line of a test file. No answers are named: they are A, B, C ..., as many as flags.
 inline QByteArray Line(const QByteArray& answers, const QByteArray& flags, const QByteArray& label = "Label",

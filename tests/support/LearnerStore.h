@@ -4,7 +4,7 @@
 
 #include "content/LinkedList.h"
 #include "frame/ProgramState.h"
-#include "platform/TestProgram.h"
+#include "support/TestProgram.h"
 
 class LearnerStore {
  public:

@@ -1,4 +1,4 @@
-#include "platform/FailingCalls.h"
+#include "support/FailingCalls.h"
 
 #include <dlfcn.h>
 #include <errno.h>
@@ -55,11 +55,6 @@ int fsync(int handle) {
   return Real<int(int)>("fsync")(handle);
 }
 
-int fdatasync(int handle) {
-  if (Fails(SyncOf(handle))) return -1;
-  return Real<int(int)>("fdatasync")(handle);
-}
-
 int access(const char* path, int mode) noexcept {
   if ((mode & W_OK) != 0 && Fails(SystemCall::MayWrite)) return -1;
   return Real<int(const char*, int)>("access")(path, mode);
@@ -68,17 +63,6 @@ int access(const char* path, int mode) noexcept {
 int rename(const char* from, const char* to) noexcept {
   if (Fails(SystemCall::Rename)) return -1;
   return Real<int(const char*, const char*)>("rename")(from, to);
-}
-
-int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned int flags) noexcept {
-  if (Fails(SystemCall::Rename)) return -1;
-  return Real<int(int, const char*, int, const char*, unsigned int)>("renameat2")(fromFolder, from, toFolder,
-                                                                                  to, flags);
-}
-
-int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
-  if (Fails(SystemCall::Rename)) return -1;
-  return Real<int(int, const char*, int, const char*, int)>("linkat")(fromFolder, from, toFolder, to, flags);
 }
 
 }  // extern "C"
