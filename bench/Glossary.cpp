@@ -1,4 +1,6 @@
 // A glossary of ten thousand terms: read for the screen and for print, opened, scrolled page by page.
+#include "reference/Glossary.h"
+
 #include <benchmark/benchmark.h>
 
 #include "PaintWatch.h"
@@ -6,7 +8,6 @@
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
 #include "platform/grid/FlexGrid.h"
-#include "reference/Glossary.h"
 #include "support/Gui.h"
 #include "support/HandClock.h"
 #include "support/Store.h"

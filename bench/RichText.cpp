@@ -8,7 +8,6 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextTable>
-
 #include <ctime>
 #include <iterator>
 #include <vector>

@@ -2,12 +2,12 @@
 //   first_picture pixel X Y                     prints the colour of that place of the screen
 //   first_picture start X Y COLOUR PROGRAM...   starts the program and prints the milliseconds until the
 //                                               place has the colour, then ends the program
-#include <X11/Xlib.h>
-#include <X11/Xutil.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>

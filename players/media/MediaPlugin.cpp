@@ -1,11 +1,11 @@
 // The plugin that plays videos: those of pages, and the movie of the wait window.
 #include <QObject>
 
-#include "VideoPlayer.h"
-
 extern "C" {
 #include <libavutil/log.h>
 }
+
+#include "VideoPlayer.h"
 
 class MediaPlugin final : public QObject, public MoviePlayerPlugin {
   Q_OBJECT

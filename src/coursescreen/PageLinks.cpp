@@ -1,7 +1,6 @@
 #include "coursescreen/PageLinks.h"
 
 #include <QUrl>
-
 #include <algorithm>
 #include <array>
 

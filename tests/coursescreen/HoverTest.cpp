@@ -1,5 +1,6 @@
 // The control under the pointer, and its leave.
 #include "coursescreen/Hover.h"
+
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
 #include "support/FormTest.h"

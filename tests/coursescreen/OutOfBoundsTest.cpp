@@ -1,4 +1,6 @@
 // What a course can write: no name, path or link in it reaches a file outside the program folder.
+#include "support/OutOfBounds.h"
+
 #include <QDir>
 
 #include "content/REGISTRY.h"
@@ -7,7 +9,6 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "signin/Resume.h"
-#include "support/OutOfBounds.h"
 
 namespace {
 

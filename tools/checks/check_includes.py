@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks that includes between the folders of src/ point downwards, and what the players beside it include.
+"""Checks that includes between the folders of src/ point downwards, what the players beside it include, and that
+everywhere the own header comes first, then Qt and the standard library, then the project's.
 
 Part of the test run. Prints every include at fault and exits with 1 when there is one.
 """
@@ -26,6 +27,8 @@ UNKNOWN = {
 # All that a plugin knows of the program.
 PLAYER_INTERFACE = "platform/movies/MoviePlayer.h"
 INCLUDE = re.compile(r'^\s*#include\s+"([^"]+)"', re.MULTILINE)
+ANY_INCLUDE = re.compile(r'^\s*#include\s+([<"])([^">]+)', re.MULTILINE)
+ORDERED = ["src", "players", "tests", "fuzz", "bench"]
 
 
 def folder_of(path: str) -> str:
@@ -71,9 +74,27 @@ def past_the_interface(players: Path) -> list[str]:
             if include != PLAYER_INTERFACE and not is_its_own(file, include)]
 
 
+def place(file: Path, kind: str, include: str, is_first: bool) -> int:
+    """Where an include belongs; a test begins with the header that it tests."""
+    is_own = file.suffix == ".cpp" and Path(include).name == f"{file.stem}.h"
+    if is_own or (is_first and kind == '"' and file.stem.endswith("Test")):
+        return 0
+    return 1 if kind == "<" else 2
+
+
+def disordered(top: Path) -> Iterator[str]:
+    for file in sorted(path for folder in ORDERED for path in (top / folder).rglob("*")):
+        if file.suffix in {".h", ".cpp"}:
+            found = ANY_INCLUDE.findall(file.read_text(encoding="utf-8"))
+            places = [place(file, kind, include, i == 0) for i, (kind, include) in enumerate(found)]
+            if places != sorted(places):
+                yield f"out of order: {file.relative_to(top).as_posix()}"
+
+
 def main() -> int:
     source = Path(sys.argv[1])
     faults = list(misdirected(source)) + past_the_interface(source.parent / "players")
+    faults += disordered(source.parent)
     for fault in faults:
         print(fault)
     return 1 if faults else 0

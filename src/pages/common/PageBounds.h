@@ -1,9 +1,9 @@
 // Bounds what a page may ask of the layout, for the readers of all kinds of pages.
 #pragma once
 
-#include "pages/common/RichText.h"
-
 #include <functional>
+
+#include "pages/common/RichText.h"
 
 // A page read at the given metrics. A document can be 8,388,607 pixels high, and the layout of a higher one
 // does not end: a page that would come near that is read once more at a smaller scale. Time by the square of

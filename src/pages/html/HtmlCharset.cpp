@@ -1,12 +1,12 @@
 #include "pages/html/HtmlCharset.h"
 
-#include "platform/files/CodePage.h"
-
 #include <QHash>
 #include <QSet>
 #include <QStringDecoder>
 #include <algorithm>
 #include <cctype>
+
+#include "platform/files/CodePage.h"
 
 namespace {
 

@@ -1,15 +1,15 @@
 #include "pages/html/HtmlFilter.h"
 
-#include "pages/common/RichText.h"
-#include "pages/html/HtmlStyle.h"
-#include "pages/html/HtmlTag.h"
-#include "pages/html/HtmlWriter.h"
-
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
 #include <vector>
+
+#include "pages/common/RichText.h"
+#include "pages/html/HtmlStyle.h"
+#include "pages/html/HtmlTag.h"
+#include "pages/html/HtmlWriter.h"
 
 namespace {
 

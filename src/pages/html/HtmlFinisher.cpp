@@ -1,9 +1,5 @@
 #include "pages/html/HtmlFinisher.h"
 
-#include "pages/common/PageLink.h"
-#include "pages/common/PicturePixels.h"
-#include "pages/html/HtmlPlaces.h"
-
 #include <QGuiApplication>
 #include <QImage>
 #include <QPalette>
@@ -16,6 +12,10 @@
 #include <algorithm>
 #include <cmath>
 #include <vector>
+
+#include "pages/common/PageLink.h"
+#include "pages/common/PicturePixels.h"
+#include "pages/html/HtmlPlaces.h"
 
 namespace {
 

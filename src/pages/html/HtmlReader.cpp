@@ -1,5 +1,9 @@
 #include "pages/html/HtmlReader.h"
 
+#include <QHash>
+#include <QTextFrame>
+#include <memory>
+
 #include "pages/common/PageBounds.h"
 #include "pages/common/PageDocument.h"
 #include "pages/common/PicturePixels.h"
@@ -7,10 +11,6 @@
 #include "pages/html/HtmlFinisher.h"
 #include "platform/RunTimeError.h"
 #include "texts/Descriptions.h"
-
-#include <QHash>
-#include <QTextFrame>
-#include <memory>
 
 namespace {
 

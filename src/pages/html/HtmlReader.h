@@ -1,12 +1,12 @@
 // Reads an HTML page into a document. Used by PageReader.
 #pragma once
 
-#include "pages/common/RichText.h"
-#include "pages/html/HtmlCharset.h"
-
 #include <QByteArray>
 #include <QString>
 #include <functional>
+
+#include "pages/common/RichText.h"
+#include "pages/html/HtmlCharset.h"
 
 // Gives the bytes of a picture by the name that the page has for it; none where there is no such picture.
 // Each name is asked for once.

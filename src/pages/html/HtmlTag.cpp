@@ -1,10 +1,10 @@
 #include "pages/html/HtmlTag.h"
 
-#include "pages/html/HtmlEntities.h"
-#include "pages/html/HtmlStyle.h"
-
 #include <QSet>
 #include <algorithm>
+
+#include "pages/html/HtmlEntities.h"
+#include "pages/html/HtmlStyle.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "pages/html/HtmlWriter.h"
 
-#include "pages/html/HtmlEntities.h"
-#include "pages/html/HtmlPlaces.h"
-
 #include <QSet>
 #include <algorithm>
 #include <utility>
+
+#include "pages/html/HtmlEntities.h"
+#include "pages/html/HtmlPlaces.h"
 
 namespace {
 

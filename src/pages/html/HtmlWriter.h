@@ -2,11 +2,11 @@
 // Used by the filter.
 #pragma once
 
+#include <QStringView>
+
 #include "pages/common/PageBudget.h"
 #include "pages/html/HtmlFilter.h"
 #include "pages/html/HtmlTag.h"
-
-#include <QStringView>
 
 class HtmlWriter {
  public:

@@ -1,8 +1,8 @@
 // Metafiles of the 32-bit kind.
-#include "pages/metafile/MetafileCanvas.h"
-
 #include <algorithm>
 #include <utility>
+
+#include "pages/metafile/MetafileCanvas.h"
 
 namespace {
 

@@ -2,11 +2,11 @@
 // 32-bit kind. Used by RtfPicture.
 #pragma once
 
-#include "pages/common/PicturePixels.h"
-
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
+
+#include "pages/common/PicturePixels.h"
 
 // The picture in that size, on transparent ground. A null image for bytes that are no metafile, that draw
 // nothing known, or when the size is over the budget. Damaged ones give what could be drawn; the work a

@@ -1,11 +1,11 @@
 #include "pages/metafile/MetafileCanvas.h"
 
-#include "pages/metafile/Metafile.h"
-
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+
+#include "pages/metafile/Metafile.h"
 
 namespace {
 

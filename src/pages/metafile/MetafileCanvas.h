@@ -1,8 +1,6 @@
 // What both kinds of metafile draw on: an image, the objects a file has made, and the state of its pen.
 #pragma once
 
-#include "pages/common/PicturePixels.h"
-
 #include <QBrush>
 #include <QByteArray>
 #include <QColor>
@@ -16,6 +14,8 @@
 #include <QTransform>
 #include <variant>
 #include <vector>
+
+#include "pages/common/PicturePixels.h"
 
 // Little-endian numbers out of bytes; 0 beyond the end.
 class MetafileBytes {

@@ -1,9 +1,9 @@
 // Metafiles of the 16-bit kind.
-#include "pages/metafile/MetafileCanvas.h"
-
 #include <QRegion>
 #include <QStringDecoder>
 #include <algorithm>
+
+#include "pages/metafile/MetafileCanvas.h"
 
 namespace {
 

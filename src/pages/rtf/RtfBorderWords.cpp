@@ -1,8 +1,8 @@
 // Control words of borders: whose border is meant, and how its lines look.
+#include <algorithm>
+
 #include "pages/rtf/RtfParser.h"
 #include "pages/rtf/RtfWords.h"
-
-#include <algorithm>
 
 namespace {
 

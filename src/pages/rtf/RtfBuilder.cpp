@@ -1,11 +1,11 @@
 #include "pages/rtf/RtfBuilder.h"
 
-#include "pages/rtf/RtfTableGrid.h"
-
 #include <QTextDocument>
 #include <QTextFrame>
 #include <QTextTable>
 #include <algorithm>
+
+#include "pages/rtf/RtfTableGrid.h"
 
 namespace {
 

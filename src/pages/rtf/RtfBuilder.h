@@ -1,14 +1,14 @@
 // Writes finished paragraphs and tables of an RTF page into the document.
 #pragma once
 
-#include "pages/common/RichText.h"
-#include "pages/rtf/RtfFormats.h"
-#include "pages/rtf/RtfModel.h"
-
 #include <QTextCursor>
 #include <QTextFrameFormat>
 #include <QTextTable>
 #include <vector>
+
+#include "pages/common/RichText.h"
+#include "pages/rtf/RtfFormats.h"
+#include "pages/rtf/RtfModel.h"
 
 class RtfBuilder {
  public:

@@ -1,8 +1,8 @@
 // Control words that set the look of characters.
+#include <utility>
+
 #include "pages/rtf/RtfParser.h"
 #include "pages/rtf/RtfWords.h"
-
-#include <utility>
 
 namespace {
 

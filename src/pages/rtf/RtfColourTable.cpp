@@ -1,8 +1,8 @@
 #include "pages/rtf/RtfColourTable.h"
 
-#include "pages/rtf/RtfParser.h"
-
 #include <algorithm>
+
+#include "pages/rtf/RtfParser.h"
 
 namespace {
 constexpr size_t kMostColours = 4096;

@@ -1,13 +1,13 @@
 // The colours of an RTF page, with the words that tell them.
 #pragma once
 
-#include "pages/rtf/RtfModel.h"
-#include "pages/rtf/RtfWords.h"
-
 #include <QColor>
 #include <QString>
 #include <span>
 #include <vector>
+
+#include "pages/rtf/RtfModel.h"
+#include "pages/rtf/RtfWords.h"
 
 class RtfColourTable {
  public:

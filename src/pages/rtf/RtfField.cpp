@@ -1,9 +1,9 @@
 #include "pages/rtf/RtfField.h"
 
-#include "pages/common/SymbolFonts.h"
-
 #include <QStringList>
 #include <QUrl>
+
+#include "pages/common/SymbolFonts.h"
 
 namespace {
 

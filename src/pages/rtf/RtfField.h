@@ -1,9 +1,9 @@
 // Reads the instruction of an RTF field.
 #pragma once
 
-#include "pages/common/PageLink.h"
-
 #include <QString>
+
+#include "pages/common/PageLink.h"
 
 struct RtfInstruction {
   // Of HYPERLINK; kind 0 for any other field and for one without a target. The address alone is kind 1, with

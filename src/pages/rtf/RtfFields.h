@@ -1,14 +1,14 @@
 // The fields of an RTF page, form fields among them, and the bookmarks that its links lead to.
 #pragma once
 
-#include "pages/rtf/RtfField.h"
-#include "pages/rtf/RtfWords.h"
-
 #include <QString>
 #include <QStringList>
 #include <optional>
 #include <span>
 #include <vector>
+
+#include "pages/rtf/RtfField.h"
+#include "pages/rtf/RtfWords.h"
 
 class RtfFields {
  public:

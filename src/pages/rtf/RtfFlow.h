@@ -2,13 +2,13 @@
 // tables, footnotes to the end. Finished paragraphs and tables go to the builder.
 #pragma once
 
-#include "pages/common/PageBudget.h"
-#include "pages/rtf/RtfBuilder.h"
-#include "pages/rtf/RtfModel.h"
-
 #include <QString>
 #include <utility>
 #include <vector>
+
+#include "pages/common/PageBudget.h"
+#include "pages/rtf/RtfBuilder.h"
+#include "pages/rtf/RtfModel.h"
 
 class RtfFlow {
  public:

@@ -1,11 +1,11 @@
 // The fonts of an RTF page and the code pages that its text is written in, with the words that tell them.
 #pragma once
 
-#include "pages/rtf/RtfWords.h"
-
 #include <QString>
 #include <span>
 #include <unordered_map>
+
+#include "pages/rtf/RtfWords.h"
 
 struct RtfFont {
   QString Name;

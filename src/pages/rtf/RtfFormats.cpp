@@ -1,13 +1,13 @@
 #include "pages/rtf/RtfFormats.h"
 
-#include "pages/common/SymbolFonts.h"
-
 #include <QFontInfo>
 #include <QPen>
 #include <QTextOption>
 #include <algorithm>
 #include <limits>
 #include <unordered_map>
+
+#include "pages/common/SymbolFonts.h"
 
 namespace {
 

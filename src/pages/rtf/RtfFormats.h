@@ -1,11 +1,6 @@
 // Turns the properties of an RTF page into the formats of a document, each made once.
 #pragma once
 
-#include "pages/common/PageLink.h"
-#include "pages/common/RichText.h"
-#include "pages/rtf/RtfHeader.h"
-#include "pages/rtf/RtfModel.h"
-
 #include <QHash>
 #include <QSize>
 #include <QTextBlockFormat>
@@ -15,6 +10,11 @@
 #include <unordered_map>
 #include <utility>
 #include <vector>
+
+#include "pages/common/PageLink.h"
+#include "pages/common/RichText.h"
+#include "pages/rtf/RtfHeader.h"
+#include "pages/rtf/RtfModel.h"
 
 class RtfFormats {
  public:

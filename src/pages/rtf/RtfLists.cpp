@@ -1,9 +1,9 @@
 #include "pages/rtf/RtfLists.h"
 
+#include <algorithm>
+
 #include "pages/common/SymbolFonts.h"
 #include "pages/rtf/RtfParser.h"
-
-#include <algorithm>
 
 namespace {
 

@@ -2,15 +2,15 @@
 // their paragraphs: what their words say, how far they have counted, and the numbers they put in front.
 #pragma once
 
-#include "pages/rtf/RtfListNumbers.h"
-#include "pages/rtf/RtfModel.h"
-#include "pages/rtf/RtfWords.h"
-
 #include <QString>
 #include <array>
 #include <span>
 #include <unordered_map>
 #include <vector>
+
+#include "pages/rtf/RtfListNumbers.h"
+#include "pages/rtf/RtfModel.h"
+#include "pages/rtf/RtfWords.h"
 
 class RtfLists {
  public:

@@ -1,13 +1,13 @@
 #include "pages/rtf/RtfObjects.h"
 
-#include "pages/rtf/RtfParser.h"
-
 #include <QColor>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextImageFormat>
 #include <QUrl>
 #include <algorithm>
+
+#include "pages/rtf/RtfParser.h"
 
 namespace {
 

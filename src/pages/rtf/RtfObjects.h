@@ -2,17 +2,17 @@
 // embedded objects; with the words that describe them.
 #pragma once
 
-#include "pages/common/PageBudget.h"
-#include "pages/common/RichText.h"
-#include "pages/rtf/RtfPicture.h"
-#include "pages/rtf/RtfWords.h"
-
 #include <QByteArray>
 #include <QImage>
 #include <QString>
 #include <span>
 #include <string_view>
 #include <vector>
+
+#include "pages/common/PageBudget.h"
+#include "pages/common/RichText.h"
+#include "pages/rtf/RtfPicture.h"
+#include "pages/rtf/RtfWords.h"
 
 class RtfObjects {
  public:

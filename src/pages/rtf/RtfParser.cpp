@@ -1,11 +1,11 @@
 #include "pages/rtf/RtfParser.h"
 
-#include "pages/common/PageDocument.h"
-
 #include <algorithm>
 #include <memory>
 #include <optional>
 #include <utility>
+
+#include "pages/common/PageDocument.h"
 
 namespace {
 

@@ -2,6 +2,12 @@
 // wants it. The tables of the format, with the words that fill them, are its parts.
 #pragma once
 
+#include <QString>
+#include <functional>
+#include <span>
+#include <string_view>
+#include <vector>
+
 #include "pages/common/PageBudget.h"
 #include "pages/common/RichText.h"
 #include "pages/rtf/RtfBuilder.h"
@@ -15,12 +21,6 @@
 #include "pages/rtf/RtfStyles.h"
 #include "pages/rtf/RtfText.h"
 #include "pages/rtf/RtfTokens.h"
-
-#include <QString>
-#include <functional>
-#include <span>
-#include <string_view>
-#include <vector>
 
 class RtfParser {
  public:

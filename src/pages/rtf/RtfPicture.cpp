@@ -1,10 +1,10 @@
 #include "pages/rtf/RtfPicture.h"
 
-#include "pages/metafile/Metafile.h"
-#include "pages/rtf/RtfModel.h"
-
 #include <algorithm>
 #include <array>
+
+#include "pages/metafile/Metafile.h"
+#include "pages/rtf/RtfModel.h"
 
 namespace {
 

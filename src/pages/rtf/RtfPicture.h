@@ -1,9 +1,6 @@
 // A picture of an RTF page: its description, its data, and the image that comes of them.
 #pragma once
 
-#include "pages/common/PicturePixels.h"
-#include "pages/common/RichText.h"
-
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
@@ -11,6 +8,9 @@
 #include <map>
 #include <string_view>
 #include <utility>
+
+#include "pages/common/PicturePixels.h"
+#include "pages/common/RichText.h"
 
 enum class RtfPictureKind { Unknown, Png, Jpeg, Dib, DeviceBitmap, Metafile };
 

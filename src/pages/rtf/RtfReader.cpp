@@ -1,11 +1,11 @@
 #include "pages/rtf/RtfReader.h"
 
+#include <string_view>
+
 #include "pages/common/PageBounds.h"
 #include "pages/rtf/RtfParser.h"
 #include "platform/RunTimeError.h"
 #include "texts/Descriptions.h"
-
-#include <string_view>
 
 namespace {
 

@@ -1,11 +1,11 @@
 // Reads an RTF page into a document. Used by PageReader.
 #pragma once
 
-#include "pages/common/RichText.h"
-
 #include <QByteArray>
 #include <QString>
 #include <functional>
+
+#include "pages/common/RichText.h"
 
 // Whether the bytes begin as RTF does.
 bool IsRtf(const QByteArray& bytes);

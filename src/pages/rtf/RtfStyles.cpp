@@ -1,9 +1,9 @@
 #include "pages/rtf/RtfStyles.h"
 
-#include "pages/rtf/RtfParser.h"
-
 #include <algorithm>
 #include <array>
+
+#include "pages/rtf/RtfParser.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // The style sheet of an RTF page: the words of each style, repeated where the style is used.
 #pragma once
 
-#include "pages/rtf/RtfWords.h"
-
 #include <span>
 #include <unordered_map>
 #include <vector>
+
+#include "pages/rtf/RtfWords.h"
 
 class RtfStyles {
  public:

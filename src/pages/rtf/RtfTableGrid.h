@@ -1,11 +1,11 @@
 // Fits the rows of an RTF table, each with cell edges of its own, into the one grid of a document's table.
 #pragma once
 
-#include "pages/rtf/RtfFormats.h"
-#include "pages/rtf/RtfModel.h"
-
 #include <QTextTableFormat>
 #include <vector>
+
+#include "pages/rtf/RtfFormats.h"
+#include "pages/rtf/RtfModel.h"
 
 // One cell of the grid. Rows and columns count from 0.
 struct RtfGridCell {

@@ -1,11 +1,11 @@
 #include "pages/rtf/RtfText.h"
 
-#include "pages/common/SymbolFonts.h"
-
 #include <iconv.h>
 
 #include <algorithm>
 #include <cstring>
+
+#include "pages/common/SymbolFonts.h"
 
 namespace {
 

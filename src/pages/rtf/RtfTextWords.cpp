@@ -1,8 +1,8 @@
 // Control words that stand for characters or breaks, and those of the page as a whole.
+#include <algorithm>
+
 #include "pages/rtf/RtfParser.h"
 #include "pages/rtf/RtfWords.h"
-
-#include <algorithm>
 
 namespace {
 

@@ -1,14 +1,14 @@
 #include "pages/view/PageAccess.h"
 
-#include "pages/view/TextControl.h"
-#include "platform/forms/AccessibleRole.h"
-
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QPointer>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <algorithm>
+
+#include "pages/view/TextControl.h"
+#include "platform/forms/AccessibleRole.h"
 
 namespace {
 

@@ -1,18 +1,5 @@
 #include "pages/view/TextControl.h"
 
-#include "pages/PageReader.h"
-#include "pages/common/PageLink.h"
-#include "pages/view/PageAccess.h"
-#include "pages/view/PageZoom.h"
-#include "platform/RunTimeError.h"
-#include "platform/files/FileBytes.h"
-#include "platform/files/Paths.h"
-#include "platform/forms/LateHourglass.h"
-#include "platform/forms/Palette.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/ScrollKeys.h"
-#include "texts/Descriptions.h"
-
 #include <QAbstractTextDocumentLayout>
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -29,6 +16,19 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+
+#include "pages/PageReader.h"
+#include "pages/common/PageLink.h"
+#include "pages/view/PageAccess.h"
+#include "pages/view/PageZoom.h"
+#include "platform/RunTimeError.h"
+#include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
+#include "platform/forms/LateHourglass.h"
+#include "platform/forms/Palette.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/ScrollKeys.h"
+#include "texts/Descriptions.h"
 
 namespace {
 

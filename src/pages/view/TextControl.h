@@ -2,11 +2,6 @@
 // help and the trademark screen each have one. It reads the files it is given and opens nothing else.
 #pragma once
 
-#include "pages/common/RichText.h"
-#include "platform/forms/Control.h"
-#include "platform/forms/Event.h"
-#include "platform/forms/ScrollKeys.h"
-
 #include <QByteArray>
 #include <QRect>
 #include <QString>
@@ -14,6 +9,11 @@
 #include <functional>
 #include <memory>
 #include <optional>
+
+#include "pages/common/RichText.h"
+#include "platform/forms/Control.h"
+#include "platform/forms/Event.h"
+#include "platform/forms/ScrollKeys.h"
 
 class TextControl : public QTextBrowser, public Control, public KeyTaker {
  public:

@@ -2,10 +2,10 @@
 // the beginning. The page view has it while a page loads.
 #pragma once
 
+#include <optional>
+
 #include "platform/Clock.h"
 #include "platform/forms/Screen.h"
-
-#include <optional>
 
 class LateHourglass {
  public:

@@ -1,14 +1,14 @@
 // HTML pages and the choice between the two kinds of page.
+#include <QBuffer>
+#include <QTextBlock>
+#include <QTextList>
+#include <QTextTable>
+
 #include "pages/PageReader.h"
 #include "pages/common/PageLink.h"
 #include "pages/html/HtmlReader.h"
 #include "pages/rtf/rtf_pages.h"
 #include "platform/files/CodePage.h"
-
-#include <QBuffer>
-#include <QTextBlock>
-#include <QTextList>
-#include <QTextTable>
 
 namespace {
 
