@@ -14,6 +14,7 @@
 #include "platform/forms/Picture.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/SkinButton.h"
+#include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
 #include "support/Errors.h"
 #include "support/Gui.h"
