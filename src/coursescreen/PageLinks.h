@@ -4,6 +4,7 @@
 #include <QString>
 
 class Form;
+struct LinkTarget;
 class PageTurning;
 class TextControl;
 
@@ -23,8 +24,8 @@ class PageLinks {
 
  private:
   void OpenCourseDocument(const QString& target);
-  void ShowPlaceInFile(const QString& target, qsizetype mark);
-  void JumpToPage(const QString& linkText, const QString& target);
+  void ShowPlaceInFile(const LinkTarget& target);
+  void JumpToPage(const QString& linkText, const LinkTarget& target);
 
   Form& screen_;
   TextControl& page_;

@@ -11,18 +11,21 @@ from collections.abc import Iterator
 from pathlib import Path
 
 # Top to bottom: a folder may include those below it. Loose files of pages and platform lie under their screens.
-ORDER = ["main", "startup", "signin", "progress", "assessment", "coursescreen", "reference", "desktop",
+ORDER = ["main", "coursekit", "startup", "signin", "progress", "assessment", "coursescreen", "reference", "desktop",
          "learners", "content", "frame", "pages/view", "pages", "pages/rtf", "pages/html", "pages/metafile",
          "pages/common", "platform/shell", "platform/grid", "platform/movies", "platform/forms",
          "platform/registry", "platform/files", "platform", "texts"]
-# What a folder below does not know all the same: the readers of pages know neither each other nor windows.
+# What a folder below does not know all the same: the readers of pages know neither each other nor windows, and
+# the course kit, beside the screens, uses what they are made of and none of them.
 WINDOWS = {"platform/shell", "platform/grid", "platform/movies", "platform/forms"}
+SCREENS = {"startup", "signin", "coursescreen", "desktop", "pages/view"}
 UNKNOWN = {
     "pages": WINDOWS,
     "pages/rtf": WINDOWS | {"pages/html"},
     "pages/html": WINDOWS | {"pages/metafile"},
     "pages/metafile": WINDOWS,
     "pages/common": WINDOWS,
+    "coursekit": WINDOWS | SCREENS,
 }
 # All that a plugin knows of the program.
 PLAYER_INTERFACE = "platform/movies/MoviePlayer.h"
