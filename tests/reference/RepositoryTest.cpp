@@ -198,7 +198,7 @@ TEST_F(RepositoryTest, InAllModulesModeTheCoursesStandSideBySideAndTheFirstOneWi
   repository.Unload();
   gCourses[0].RepNum = "none";
   EXPECT_EQ(Gui::Seen(OpenAgain(), "List1"), "guide.doc,sheet.pdf");
-  EXPECT_TRUE(messages.Take().join('\n').contains("Repository\\none"));
+  EXPECT_TRUE(messages.Take().join('\n').contains("Repository/none"));
 }
 
 TEST_F(RepositoryTest, AMissingFolderIsToldAndAnEmptyOneIsNot) {
@@ -206,7 +206,7 @@ TEST_F(RepositoryTest, AMissingFolderIsToldAndAnEmptyOneIsNot) {
     QDir(store.Path("Repository/1")).removeRecursively();
     if (!missing) QDir(store.Path("Repository")).mkdir("1");
     Repository& repository = Open();
-    EXPECT_EQ(messages.Take().join(QString()).contains("Repository\\1"), missing);
+    EXPECT_EQ(messages.Take().join(QString()).contains("Repository/1"), missing);
     Gui::Play(repository, "List1 View_Btn", {{"", "|disabled"}, {"click Cancel_Btn", "gone|gone"}});
     OneCopyAgain();
   }
