@@ -193,14 +193,21 @@ std::vector<pid_t> Descendants(pid_t process) {
   return found;
 }
 
+// Empty once the process is dead.
+QByteArray CommandLine(pid_t process) {
+  QFile line(QString("/proc/%1/cmdline").arg(process));
+  return line.open(QIODevice::ReadOnly) ? line.readAll() : QByteArray();
+}
+
 // The last test: the engine of this process doesn't come back.
 TEST_F(FlashTest, WhenItsHelpersHaveDiedTheNextMoviePlaysOrThePlayerIsMissing) {
   Movie(FlashMovie({{{"size", "320x160"}}, {}}));
   Form1& screen = ReadAs("Ann", "Lee");
   const auto kill = [](const char* type) {
     for (const pid_t process : Descendants(getpid())) {
-      QFile line(QString("/proc/%1/cmdline").arg(process));
-      if (line.open(QIODevice::ReadOnly) && line.readAll().contains(type)) ::kill(process, SIGKILL);
+      if (!CommandLine(process).contains(type)) continue;
+      ::kill(process, SIGKILL);
+      EXPECT_TRUE(Gui::Await([process] { return CommandLine(process).isEmpty(); }));
     }
   };
   const struct {

@@ -206,8 +206,7 @@ TEST_F(TextControlTest, KeepsTheOldPageWhenALoadFails) {
     const char* Error;
   } rows[] = {
       {"rt01\\none.txm", 3, "none.txm"},
-      {"rt01\\short.txm", 3,
-       "The page \"rt01\\short.txm\" is too short: it has 5 bytes, and its text begins behind 30."},
+      {"rt01\\short.txm", 3, "short.txm\" is too short: it has 5 bytes, and its text begins behind 30."},
       {"rt01\\other.txm", 3, "neither rich text nor HTML"},
       {"..\\outside.rtf", 5, "outside.rtf"},
       {"rt01\\0001.txm", 7, "there is no format 7"},
