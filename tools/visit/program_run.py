@@ -6,7 +6,7 @@ from collections.abc import Callable
 from dataclasses import dataclass
 
 from screen_places import COURSE_SCREEN, DIALOG, LEFT_BUTTON, PROGRESS
-from visit_desktop import PATIENCE, Desktop, Window
+from visit_desktop import DESIGN, PATIENCE, Desktop, Window
 
 # The close box of a window; unlike its Close button it starts no test again.
 CLOSE_WINDOW = ("alt+F4",)
@@ -64,6 +64,13 @@ class Run:
 
         self.until(gone, what)
 
+    def close_warning(self) -> None:
+        """Goes on on a display of another size than the design's."""
+        if self.desktop.display != DESIGN:
+            self.until(lambda: bool(self.desktop.visible()), "the warning of the display's size")
+            time.sleep(0.5)  # it takes keys
+            self.desktop.key("alt+y")
+
     def choose_course(self, index: int) -> None:
         dialog = self.await_dialog("the course choice")
         self.desktop.key(*["Down"] * (index + 1))
@@ -77,6 +84,9 @@ class Run:
     def sign_in(self) -> None:
         """As the only learner, up to the course screen."""
         self.check_progress()
+        self.leave_progress()
+
+    def leave_progress(self) -> None:
         closed = 0.0
 
         def gone() -> bool:

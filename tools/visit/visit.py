@@ -190,6 +190,13 @@ class Visit:
         visit_movies.play(self)
 
 
+def follow_the_dpi(store: Path) -> None:
+    """Without this the screens are fitted to the display, whatever its dpi."""
+    (store / "registry/scale.reg").write_text("Windows Registry Editor Version 5.00\n\n"
+                                              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0]\n"
+                                              "\"Scale\"=\"1\"\n", encoding="utf-8")
+
+
 def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = (), window_manager: str = "openbox",
          busy: int = 0) -> int:
     """Plays the visit, the program behind the command `wrapper`; gives how many checks failed."""
@@ -198,6 +205,8 @@ def play(store: Path, out: Path, dpi: int = 96, wrapper: Sequence[str] = (), win
     # The visit plays on a copy, so that the store's own learners are left alone.
     playground = out / "store"
     shutil.copytree(store, playground, ignore=shutil.ignore_patterns("data"))
+    if dpi != 96:
+        follow_the_dpi(playground)
     with ExitStack() as stack:
         desktop = stack.enter_context(Desktop(out, dpi, wrapper, window_manager))
         cups = None

@@ -18,17 +18,21 @@ WINDOW_MANAGERS = {
     "mutter": ["dbus-run-session", "--", "mutter", "--x11"],
     "kwin": ["dbus-run-session", "--", "kwin_x11"],
 }
+DESIGN = (1024, 768)  # pixels of the display that the screens are designed for
 PATIENCE = 20.0  # seconds until something that was waited for counts as not coming
 
 
 class Desktop:
     """Starts the X server and window manager; use as a context manager.
 
-    The program is started behind the words of `wrapper`, the command that is to watch it.
+    The program is started behind the words of `wrapper`, the command that is to watch it. On a display of
+    another size than the design's the program fits itself to it: sizes and places are the design's all the same.
     """
 
     def __init__(self, pictures: Path, dpi: int, wrapper: Sequence[str] = (),
-                 window_manager: str = "openbox") -> None:
+                 window_manager: str = "openbox", display: tuple[int, int] = DESIGN) -> None:
+        self.display = display
+        self.scale = min(display[0] / DESIGN[0], display[1] / DESIGN[1])
         self.pictures = pictures
         self.dpi = dpi
         self.wrapper = wrapper
@@ -41,7 +45,7 @@ class Desktop:
     def __enter__(self) -> "Desktop":
         receive, send = os.pipe()
         self.processes.append(subprocess.Popen(
-            ["Xvfb", "-displayfd", str(send), "-screen", "0", "1024x768x24", "-dpi", str(self.dpi),
+            ["Xvfb", "-displayfd", str(send), "-screen", "0", f"{self.display[0]}x{self.display[1]}x24", "-dpi", str(self.dpi),
              "-nolisten", "tcp"],
             pass_fds=[send], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
         os.close(send)
@@ -70,6 +74,12 @@ class Desktop:
             process.terminate()
             process.wait()
         shutil.rmtree(self.runtime, ignore_errors=True)
+
+    def start_dock(self) -> None:
+        """A desktop's panel along the lower edge, where one is installed."""
+        if shutil.which("tint2"):
+            self.processes.append(subprocess.Popen(["tint2"], env=self.environment, stdout=subprocess.DEVNULL,
+                                                   stderr=subprocess.DEVNULL))
 
     def start(self, program: Path, user: int | None = None) -> subprocess.Popen[bytes]:
         """As another user only root can start a program."""
@@ -108,10 +118,15 @@ class Desktop:
         return path
 
     def visible(self) -> list[tuple[str, tuple[int, int]]]:
-        """Number and size of every visible window of the program."""
+        """Number and size of every visible window of the program; what fills the display has the design's size."""
         told = self.ask("xdotool", "search", "--onlyvisible", "--class", "tallowmere", "getwindowgeometry", "%@")
         found = re.findall(r"Window (\d+)\s+Position: .*\s+Geometry: (\d+)x(\d+)", told)
-        return [(number, (int(width), int(height))) for number, width, height in found]
+        return [(number, self.designed((int(width), int(height)))) for number, width, height in found]
+
+    def designed(self, size: tuple[int, int]) -> tuple[int, int]:
+        if size == self.display:
+            return DESIGN
+        return round(size[0] / self.scale), round(size[1] / self.scale)
 
     def stacked(self) -> list[tuple[int, int]]:
         """The sizes of the program's visible windows, the lowest first."""
@@ -132,7 +147,11 @@ class Desktop:
                      self.ask("xwininfo", "-id", number).splitlines() if ":" in line)
         if "Absolute upper-left X" not in facts:
             return None  # it has gone meanwhile
-        return Window(self, int(facts["Absolute upper-left X"]), int(facts["Absolute upper-left Y"]))
+        x, y = int(facts["Absolute upper-left X"]), int(facts["Absolute upper-left Y"])
+        if (int(facts["Width"]), int(facts["Height"])) == self.display:  # the design's area lies in its middle
+            x += round((self.display[0] - DESIGN[0] * self.scale) / 2)
+            y += round((self.display[1] - DESIGN[1] * self.scale) / 2)
+        return Window(self, x, y)
 
     def await_window(self, width: int, height: int, what: str) -> "Window":
         found: list[Window] = []
@@ -149,13 +168,14 @@ class Desktop:
 
 
 class Window:
-    """A window found on the desktop; places are pixels within it."""
+    """A window found on the desktop; places are the design's pixels within it."""
 
     def __init__(self, desktop: Desktop, x: int, y: int) -> None:
         self.desktop, self.x, self.y = desktop, x, y
 
     def point(self, x: int, y: int) -> None:
-        self.desktop.run("xdotool", "mousemove", str(self.x + x), str(self.y + y))
+        place = self.x + x * self.desktop.scale, self.y + y * self.desktop.scale
+        self.desktop.run("xdotool", "mousemove", *(str(round(part)) for part in place))
 
     def click(self, x: int, y: int) -> None:
         self.point(x, y)
