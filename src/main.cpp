@@ -6,7 +6,9 @@
 #include <thread>
 
 #include "frame/Look.h"
+#include "frame/Settings.h"
 #include "platform/files/Paths.h"
+#include "platform/forms/DisplayScale.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/HeldKeys.h"
 #include "platform/forms/SkinButton.h"
@@ -14,19 +16,19 @@
 #include "startup/OneCopy.h"
 
 int main(int argc, char** argv) {
-  // A pixel stays a pixel: the form fitting does the scaling.
-  qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
   // Wayland ignores where a window wants to stand.
   const bool choosesX11 =
       qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
   if (choosesX11) qputenv("QT_QPA_PLATFORM", "xcb");
+  const QStringList problems = LoadInstallation();
+  DisplayScale scale(ReadSettings().Scale, choosesX11 ? AskDisplaySize() : QSize(), kDesignSize);
   // A quarter of the start's work is reading the system's font configuration. It is done while Qt connects
   // to the display, so that the first text finds it there.
   std::thread fonts([] { FcInit(); });
   QApplication application(argc, argv);
   fonts.join();  // before the environment, which it reads, changes
-  // Both are this program's own, and not for those that the opener starts.
-  qunsetenv("QT_ENABLE_HIGHDPI_SCALING");
+  // The environment is this program's own, and not for those that the opener starts.
+  scale.Apply();
   if (choosesX11) qunsetenv("QT_QPA_PLATFORM");
   const HeldKeys heldKeys;
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
@@ -35,7 +37,7 @@ int main(int argc, char** argv) {
   ApplyLook(application);
   QApplication::setWindowIcon(QIcon(ContainedPath(SkinPicture(QStringLiteral("tallowmere-64.png")))));
   FormLife::Begin(&QCoreApplication::quit);
-  const int result = Main() ? QApplication::exec() : 0;
+  const int result = Main(problems) ? QApplication::exec() : 0;
   OneCopy::Release();
   return result;
 }

@@ -53,7 +53,7 @@ QString QuestionHeading(int number, int count) {
 
 // The controls stand in reading order, which is the order of the Tab key.
 QuestionForm::QuestionForm()
-    : Form(QStringLiteral("QuestionForm"), FormFrame::Frameless),
+    : Form(QStringLiteral("QuestionForm"), FormFrame::FullScreen),
       picture1_(AddPanel(this)),
       title_(AddTitle(picture1_)),
       page_(picture1_),

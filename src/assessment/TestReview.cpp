@@ -146,11 +146,11 @@ void TestReview::SavePosition() {
 }
 
 double TestReview::FrameWidth() const {
-  return frameGeometry().width() * Screen::TwipsPerPixelX();
+  return Screen::TwipsX(frameGeometry().width());
 }
 
 double TestReview::FrameHeight() const {
-  return frameGeometry().height() * Screen::TwipsPerPixelY();
+  return Screen::TwipsY(frameGeometry().height());
 }
 
 // Slides the window into the lower right corner of the course screen, above its buttons.

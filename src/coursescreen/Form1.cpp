@@ -24,7 +24,7 @@ constexpr int kFontShrink = 3;     // on a display of another scale
 }  // namespace
 
 Form1::Form1()
-    : Form(QStringLiteral("Form1"), FormFrame::Frameless),
+    : Form(QStringLiteral("Form1"), FormFrame::FullScreen),
       hover_(*this),
       toolTip_(*this, controls_.Picture2),
       movies_(*controls_.TXTextControl1, [this] { menus_.CloseAllMenus(); }),

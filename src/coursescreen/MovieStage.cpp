@@ -213,11 +213,11 @@ void MovieStage::PlaceFrame() {
   if (frame_ == nullptr) return;
   const QRect place = page_.ObjectRect(frameObject_);
   if (place.isNull()) return;  // a file that a link shows has no such object: the movie stays over it
-  const double x = Screen::TwipsPerPixelX(), y = Screen::TwipsPerPixelY();
+  const double left = Screen::TwipsX(place.x()), top = Screen::TwipsY(place.y());
   if (sizeIsOwn_) {
-    objExt_->Move(place.x() * x, place.y() * y, objExt_->Width(), objExt_->Height());
+    objExt_->Move(left, top, objExt_->Width(), objExt_->Height());
   } else {
-    objExt_->Move(place.x() * x, place.y() * y, place.width() * x, place.height() * y);
+    objExt_->Move(left, top, Screen::TwipsX(place.width()), Screen::TwipsY(place.height()));
   }
   for (MoviePlayer* player : {objSWF_.data(), objDir_.data(), objVideo_.data()}) {
     if (player != nullptr && player->parentWidget() == objExt_) FillFrame(*player);

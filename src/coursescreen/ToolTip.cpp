@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include "platform/forms/DevicePixels.h"
 #include "platform/forms/Font.h"
 #include "platform/forms/PictureBox.h"
 #include "platform/forms/Screen.h"
@@ -37,16 +38,15 @@ class TipBox final : public PictureBox {
 
   // Twips.
   double TextWidth(const QString& text) const {
-    return QFontMetricsF(font()).horizontalAdvance(text) * Screen::TwipsPerPixelX();
+    return Screen::TwipsX(QFontMetricsF(font()).horizontalAdvance(text));
   }
-  double TextHeight() const { return (fontMetrics().height() + 2 * kEdge) * Screen::TwipsPerPixelY(); }
+  double TextHeight() const { return Screen::TwipsY(fontMetrics().height() + 2 * kEdge); }
 
  protected:
   void paintEvent(QPaintEvent* event) override {
     PictureBox::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(Screen::Colour(kBorder));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));  // the pen draws at the right and below
+    DrawFrame(painter, rect(), Screen::Colour(kBorder));
     painter.setPen(Screen::Colour(ForeColor()));
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, text_);
   }

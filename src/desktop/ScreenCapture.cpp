@@ -26,7 +26,7 @@ QRectF PrintableArea(const QPrinter& printer) {
 }  // namespace
 
 QPixmap CaptureForm(Form& form) {
-  return form.grab();
+  return form.grab(form.Area());
 }
 
 QSizeF FitToSheet(const QSizeF& picture, const QSizeF& sheet) {

@@ -22,7 +22,8 @@ Settings ReadSettings() {
   const QString root = RootKeyText("DataRoot");
   const QString codePage = RootKeyText("CodePage");
   return {RealPath(root.isEmpty() ? QStringLiteral("data") : root),
-          codePage.isEmpty() ? QString::fromLatin1(kDefaultCodePage) : codePage};
+          codePage.isEmpty() ? QString::fromLatin1(kDefaultCodePage) : codePage, RootKeyText("Scale"),
+          RootKeyText("DisplayWarning") != u"0"};
 }
 
 QStringList LoadInstallation() {

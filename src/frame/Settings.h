@@ -1,4 +1,4 @@
-// The two settings of an installation, text values of the catalogue's root key, and the paths that
+// The settings of an installation, text values of the catalogue's root key, and the paths that
 // follow from them. Main and the course screen use it.
 #pragma once
 
@@ -11,6 +11,8 @@ inline constexpr const char* kCatalogueRoot = "SOFTWARE\\TLMS\\Tallowmere Manage
 struct Settings {
   QString DataRoot;  // folder of the learner data, no trailing slash; "data" in the program folder by default
   QString CodePage;  // "windows-1252" by default
+  QString Scale;     // a number (FactorOf); empty fits the screens to the display
+  bool DisplayWarning = true;  // "0" switches the warning of the display's size off
 };
 
 // From LocalMachine(). A relative data root is taken from the program folder.

@@ -69,7 +69,7 @@ void About::Form_Load() {
 void About::ShowVersion() {
   Label* label5 = captions_.At(kVersionRow);
   const int words = label5->fontMetrics().horizontalAdvance(label5->Caption());
-  label5->SetWidth(words * Screen::TwipsPerPixelX());
+  label5->SetWidth(Screen::TwipsX(words));
   label6_->SetLeft(label5->Left() + label5->Width());
   label6_->SetCaption(QCoreApplication::applicationVersion());
 }

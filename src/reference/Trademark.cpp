@@ -19,7 +19,7 @@ constexpr int kPageStands = 3000;  // ms
 
 }  // namespace
 
-Trademark::Trademark() : Form(QStringLiteral("Trademark"), FormFrame::Frameless) {
+Trademark::Trademark() : Form(QStringLiteral("Trademark"), FormFrame::FullScreen) {
   PictureBox* background = AddCourseBackground(this, "Background");
   label1_ = AddBarLabel(background, "Label1", kHeader, kHeaderPoints);
   txTextControl1_ = new TextControl(background, QStringLiteral("TXTextControl1"));

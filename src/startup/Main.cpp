@@ -1,7 +1,5 @@
 #include "startup/Main.h"
 
-#include <cmath>
-
 #include "content/REGISTRY.h"
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
@@ -17,8 +15,6 @@
 #include "texts/TextTable.h"
 
 namespace {
-
-constexpr int kDesignWidth = 1024, kDesignHeight = 768;  // pixels
 
 // The course table; false when there is nothing to run. What is malformed in the installation is told
 // in one message.
@@ -39,20 +35,19 @@ void TellDataFolder() {
 
 // Warns when the display is not of the design's size; false when the learner would rather not go on.
 bool AcceptDisplay() {
-  const auto width = std::lround(Screen::Width() / Screen::TwipsPerPixelX());
-  const auto height = std::lround(Screen::Height() / Screen::TwipsPerPixelY());
-  if (width == kDesignWidth && height == kDesignHeight) return true;
-  const QString text = LoadStringResource(kResResolutionBefore) +
-                       Describe("display-size", QString::number(width), QString::number(height)) +
-                       LoadStringResource(kResResolutionAfter);
+  const QSize display = Screen::TruePixels();
+  if (display == kDesignSize || !ReadSettings().DisplayWarning) return true;
+  const QString text =
+      LoadStringResource(kResResolutionBefore) +
+      Describe("display-size", QString::number(display.width()), QString::number(display.height())) +
+      LoadStringResource(kResResolutionAfter);
   return MsgBox(text, MsgButtons::YesNo, MsgIcon::Information, LoadStringResource(kResResolutionTitle)) ==
          MsgAnswer::Yes;
 }
 
-bool Start() {
+bool Start(const QStringList& problems) {
   ConnectScreens();
   FormLife::SetRunTitle(LoadStringResource(kResRunTitle));
-  const QStringList problems = LoadInstallation();
   SetProgramPaths();
   if (!OneCopy::Claim()) {
     MsgBox(LoadStringResource(kResAlreadyRunning));
@@ -67,8 +62,8 @@ bool Start() {
 
 }  // namespace
 
-bool Main() {
+bool Main(const QStringList& problems) {
   bool started = false;
-  Dispatcher::Run([&] { started = Start(); });
+  Dispatcher::Run([&] { started = Start(problems); });
   return started && !FormLife::Ended();
 }

@@ -2,6 +2,7 @@
 
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
+#include "frame/Settings.h"
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/Label.h"
 #include "progress/Status.h"
@@ -49,7 +50,7 @@ void ProgramTest::OneCopyAgain() {
 }
 
 bool ProgramTest::Start() {
-  const bool started = Main();
+  const bool started = Main(LoadInstallation());
   gScreens.ShowProgress = [this, show = gScreens.ShowProgress] {
     if (leavesProgress) QTimer::singleShot(0, [] { LeaveProgress(); });
     show();

@@ -16,6 +16,7 @@ sys.dont_write_bytecode = True
 from draw import avi, backgrounds, controls, waiting  # noqa: E402
 
 ICON_SIZES = (64, 256)
+COPIES = (2, 3)     # larger pictures for larger displays, in folders of their own
 
 
 def all_pictures():
@@ -38,17 +39,16 @@ def all_pictures():
     return made
 
 
-def render_png(source, target, width=None):
-    size = ["-w", str(width)] if width else []
+def render_png(source, target, *size):
     subprocess.run(["rsvg-convert", *size, "-o", target, source], check=True)
 
 
-def render_jpeg(source, target):
+def render_jpeg(source, target, times=1):
     """Keeps red, green and blue as they are: a JPEG's usual turn to brightness and colour costs
     the flat blue up to three levels, and captions stand on it with a ground of the same blue."""
     with tempfile.TemporaryDirectory() as folder:
         png, ppm = Path(folder) / "picture.png", Path(folder) / "picture.ppm"
-        render_png(source, png)
+        render_png(source, png, "-z", str(times))
         subprocess.run(["convert", png, "-background", "white", "-flatten", "-depth", "8", ppm], check=True)
         options = ["-rgb", "-quality", "100", "-sample", "1x1", "-optimize"]
         subprocess.run(["cjpeg", *options, "-outfile", target, ppm], check=True)
@@ -70,13 +70,17 @@ def main():
         source = sources / f"{name}.svg"
         source.write_text(text, encoding="utf-8")
         render_jpeg(source, images / f"{name}.jpg")
+        for times in COPIES:
+            copies = images / f"{times}x"
+            copies.mkdir(exist_ok=True)
+            render_jpeg(source, copies / f"{name}.jpg", times)
     frames = [render_frame(text) for text in waiting.movie()]
     (images / "transmit.avi").write_bytes(avi.avi(frames, *waiting.SCENE, waiting.PER_SECOND))
     for name, text in backgrounds.icon().items():
         source = sources / f"{name}.svg"
         source.write_text(text, encoding="utf-8")
         for size in ICON_SIZES:
-            render_png(source, images / f"{name}-{size}.png", size)
+            render_png(source, images / f"{name}-{size}.png", "-w", str(size))
 
 
 if __name__ == "__main__":

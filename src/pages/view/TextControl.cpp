@@ -21,6 +21,7 @@
 #include "pages/common/PageLink.h"
 #include "pages/view/PageAccess.h"
 #include "pages/view/PageZoom.h"
+#include "pages/view/SharpPictures.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
@@ -98,7 +99,7 @@ PageMetrics TextControl::Metrics() const {
   PageMetrics metrics;
   metrics.LogicalDpi = logicalDpiY();
   if (width() > 0) metrics.ViewWidth = width();
-  const double own = 1.0 / Screen::TwipsPerPixelX();
+  const double own = Screen::Shrink() / Screen::TwipsPerPixelX();
   const double shown = pageWidth_ > 0 && width() > 0 ? width() / pageWidth_ : own;
   metrics.PixelsPerTwip = shown * PageZoom::Factor();
   return metrics;
@@ -146,6 +147,7 @@ void TextControl::ShowPage(RichPage&& page) {
   setExtraSelections({});
   shownFocus_ = -1;
   shownWidth_ = width();
+  new SharpPictures(*page_.Document);  // the document's
   setDocument(page_.Document.get());
   old.release()->deleteLater();
   SetLook();

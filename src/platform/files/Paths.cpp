@@ -2,7 +2,6 @@
 
 #include <limits.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -131,7 +130,11 @@ QStringList ListNames(const QString& programPath, QDir::Filters which) {
 }  // namespace
 
 QString ProgramFolder() {
-  return g_programFolder.isEmpty() ? QCoreApplication::applicationDirPath() : g_programFolder;
+  if (!g_programFolder.isEmpty()) return g_programFolder;
+  // Asked for before there is an application object, which would know it.
+  static const QString folder =
+      QFileInfo(QFileInfo(QStringLiteral("/proc/self/exe")).canonicalFilePath()).path();
+  return folder;
 }
 
 void SetProgramFolder(const QString& folder) {

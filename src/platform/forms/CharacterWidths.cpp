@@ -17,5 +17,5 @@ double CharacterWidths::Of(char32_t character) {
 }
 
 double CharacterWidths::Measure(char32_t character) const {
-  return metrics_.horizontalAdvance(QString::fromUcs4(&character, 1)) * Screen::TwipsPerPixelX();
+  return Screen::TwipsX(metrics_.horizontalAdvance(QString::fromUcs4(&character, 1)));
 }

@@ -20,8 +20,8 @@ class ControlWatcher final : public QObject {
  private:
   void Tell(QEvent* event) {
     if (const auto* mouse = dynamic_cast<QMouseEvent*>(event)) {
-      control_.mouseX_ = mouse->position().x() * Screen::TwipsPerPixelX();
-      control_.mouseY_ = mouse->position().y() * Screen::TwipsPerPixelY();
+      control_.mouseX_ = Screen::TwipsX(mouse->position().x());
+      control_.mouseY_ = Screen::TwipsY(mouse->position().y());
     }
     switch (event->type()) {
       case QEvent::MouseButtonPress: Press(*static_cast<QMouseEvent*>(event)); break;
@@ -93,9 +93,16 @@ void Control::Move(double left, double top, double width, double height) {
   top_ = top;
   width_ = width;
   height_ = height;
+  PutInPlace();
+}
+
+void Control::PutInPlace() {
+  const auto* form = dynamic_cast<Form*>(widget_->parentWidget());
+  const QPoint origin = form != nullptr ? form->Area().topLeft() : QPoint();
   // Both edges are rounded, so that neighbours that touch in twips touch in pixels.
-  const int x = Screen::PixelsX(left), y = Screen::PixelsY(top);
-  widget_->setGeometry(x, y, Screen::PixelsX(left + width) - x, Screen::PixelsY(top + height) - y);
+  const int x = Screen::PixelsX(left_), y = Screen::PixelsY(top_);
+  widget_->setGeometry(origin.x() + x, origin.y() + y, Screen::PixelsX(left_ + width_) - x,
+                       Screen::PixelsY(top_ + height_) - y);
 }
 
 void Control::SetVisible(bool visible) {

@@ -86,6 +86,9 @@ class Control {
   void Watch(QWidget* part);
 
  private:
+  // Puts the widget where the control's place is on the display.
+  void PutInPlace();
+
   friend class Form;  // the form forgets its controls before they die
   friend class ControlWatcher;
 

@@ -8,5 +8,5 @@
 
 inline void PaintFocusRing(QPainter& painter, const QRect& place) {
   painter.setPen(QPen(Screen::Colour(Palette::kBlue), 1, Qt::DotLine));
-  painter.drawRect(place.adjusted(0, 0, -1, -1));  // the pen draws at the right and below
+  painter.drawRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5));  // the pen draws on both sides
 }

@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "platform/forms/Control.h"
+#include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/ScrollKeys.h"
 #include "platform/forms/SkinButton.h"
@@ -20,6 +21,7 @@ constexpr int kLongestExposure = 300;  // ms
 
 Qt::WindowFlags FlagsOf(FormFrame frame) {
   switch (frame) {
+    case FormFrame::FullScreen:
     case FormFrame::Frameless: return Qt::Window | Qt::FramelessWindowHint;
     case FormFrame::Tool:
       return Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
@@ -39,7 +41,13 @@ Qt::CursorShape ShapeOf(int pointer) {
 
 }  // namespace
 
-Form::Form(const QString& name, FormFrame frame) : QWidget(nullptr, FlagsOf(frame)) {
+Form::Form(const QString& name, FormFrame frame)
+    : QWidget(nullptr, FlagsOf(frame)), fillsScreen_(frame == FormFrame::FullScreen) {
+  if (fillsScreen_) {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, Screen::Colour(Palette::kEdge));
+    setPalette(colours);
+  }
   setObjectName(name);
   setMouseTracking(true);
   setWindowTitle(FormLife::RunTitle());
@@ -72,16 +80,29 @@ void Form::Move(double left, double top, double width, double height) {
 void Form::SetSize(double width, double height) {
   width_ = width;
   height_ = height;
-  setFixedSize(Screen::PixelsX(width), Screen::PixelsY(height));
+  const QSize size(Screen::PixelsX(width), Screen::PixelsY(height));
+  if (fillsScreen_) {
+    setMinimumSize(size);
+  } else {
+    setFixedSize(size);
+  }
+}
+
+QRect Form::Area() const {
+  if (!fillsScreen_) return rect();
+  const QSize size(Screen::PixelsX(width_), Screen::PixelsY(height_));
+  const QPoint corner((width() - size.width()) / 2, (height() - size.height()) / 2);
+  return {QPoint(std::max(corner.x(), 0), std::max(corner.y(), 0)), size};
 }
 
 void Form::Centre() {
   const QRect place = screen()->geometry();
-  const QPoint corner((place.width() - width()) / 2, (place.height() - height()) / 2);
+  const QSize size(Screen::PixelsX(width_), Screen::PixelsY(height_));
+  const QPoint corner((place.width() - size.width()) / 2, (place.height() - size.height()) / 2);
   const QPoint shown(std::max(corner.x(), 0), std::max(corner.y(), 0));
-  move(place.topLeft() + shown);
-  left_ = shown.x() * Screen::TwipsPerPixelX();
-  top_ = shown.y() * Screen::TwipsPerPixelY();
+  move(fillsScreen_ ? place.topLeft() : place.topLeft() + shown);
+  left_ = Screen::TwipsX(shown.x());
+  top_ = Screen::TwipsY(shown.y());
 }
 
 void Form::Show(FormMode mode, Form* owner) {
@@ -100,6 +121,7 @@ void Form::Show(FormMode mode, Form* owner) {
   windowHandle()->setTransientParent(floats && beneath != nullptr && beneath != this ? beneath->windowHandle()
                                                                                      : nullptr);
   shown_ = true;
+  if (fillsScreen_) setWindowState(Qt::WindowFullScreen);
   show();
   // The window system does what was asked for before as the window comes up, behind what is asked for later.
   if (!testAttribute(Qt::WA_ShowWithoutActivating)) activateWindow();
@@ -226,10 +248,18 @@ bool Form::PreviewKey(QEvent* event) {
 // The form's own moves are exact in twips; what the desktop tells in pixels only counts where it differs.
 void Form::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (!shown_ || isMinimized()) return;
+  if (!shown_ || fillsScreen_ || isMinimized()) return;
   const QPoint corner = pos() - QGuiApplication::primaryScreen()->geometry().topLeft();
-  if (corner.x() != Screen::PixelsX(left_)) left_ = corner.x() * Screen::TwipsPerPixelX();
-  if (corner.y() != Screen::PixelsY(top_)) top_ = corner.y() * Screen::TwipsPerPixelY();
+  if (corner.x() != Screen::PixelsX(left_)) left_ = Screen::TwipsX(corner.x());
+  if (corner.y() != Screen::PixelsY(top_)) top_ = Screen::TwipsY(corner.y());
+}
+
+void Form::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (!fillsScreen_) return;
+  for (Control* control : std::as_const(controls_)) {
+    if (control->Widget()->parentWidget() == this) control->PutInPlace();
+  }
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -13,7 +13,9 @@ class KeyTaker;
 class QEventLoop;
 class Timer;
 
-enum class FormFrame { Framed, Frameless, Tool };
+// FullScreen: the window covers the display, docks included, and what stands on the form is centred in it as
+// if the form had its own size; around it is the skin's colour.
+enum class FormFrame { Framed, Frameless, Tool, FullScreen };
 enum class FormMode { Modeless, Modal };
 // Who asks for the unload: the learner by the window's close box, or the code.
 enum class UnloadMode { ControlBox = 0, Code = 1 };
@@ -44,6 +46,9 @@ class Form : public QWidget {
   void Hide();
   bool Shown() const { return shown_; }  // minimised counts as shown
   void Minimise();
+
+  // Where the form's area lies in its window: pixels, {0, 0} but for a full-screen form on a larger display.
+  QRect Area() const;
 
   // Asks Form_QueryUnload, runs Form_Unload, and takes the form out of the collection. The object
   // lives until the outermost handler has returned. False when the query cancelled it.
@@ -86,6 +91,7 @@ class Form : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   friend class Control;
@@ -103,7 +109,7 @@ class Form : public QWidget {
   QEventLoop* modalLoop_ = nullptr;
   KeyTaker* reading_ = nullptr;
   double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
-  bool placed_ = false, shown_ = false, loaded_ = false, unloading_ = false;
+  bool fillsScreen_ = false, placed_ = false, shown_ = false, loaded_ = false, unloading_ = false;
   int mousePointer_ = 0;
 };
 

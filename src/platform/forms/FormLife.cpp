@@ -119,7 +119,7 @@ void FormLife::BringForward() {
   QWidget* window = QApplication::activeModalWidget();
   if (window == nullptr) window = Active();
   if (window == nullptr) return;
-  if (window->isMinimized()) window->showNormal();
+  window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
   window->raise();
   window->activateWindow();
 }

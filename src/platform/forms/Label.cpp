@@ -40,7 +40,7 @@ void Label::SetAutoSize(bool autoSize) {
 void Label::FitHeight() {
   if (!autoSize_) return;
   const int height = WrappedHeight(font(), Screen::PixelsX(Width()), caption_);
-  SetHeight(height * Screen::TwipsPerPixelY());
+  SetHeight(Screen::TwipsY(height));
 }
 
 void Label::SetUnderline(bool underline) {

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "platform/forms/DevicePixels.h"
 #include "platform/forms/Picture.h"
 #include "platform/forms/Screen.h"
 
@@ -22,7 +23,7 @@ void PictureBox::SetTransparent(bool transparent) {
 void PictureBox::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (!transparent_) painter.fillRect(rect(), Screen::Colour(BackColor()));
-  painter.drawPixmap(0, 0, picture_);
+  DrawSharp(painter, {0, 0}, picture_);
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {

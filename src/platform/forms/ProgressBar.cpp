@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "platform/forms/DevicePixels.h"
 #include "platform/forms/Font.h"
 #include "platform/forms/Screen.h"
 
@@ -46,6 +47,5 @@ void ProgressBar::paintEvent(QPaintEvent*) {
   part(full, fillColor_, BackColor());
   part(empty, BackColor(), ForeColor());
   painter.setClipping(false);
-  painter.setPen(Screen::Colour(Palette::kEdge));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  DrawFrame(painter, rect(), Screen::Colour(Palette::kEdge));
 }

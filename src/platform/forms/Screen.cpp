@@ -3,33 +3,63 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
+#include <algorithm>
 #include <cmath>
 
 namespace Screen {
 
 namespace {
+
 constexpr double kTwipsPerInch = 1440.0;
-}
+
+bool g_fitted = false;
+double g_shrink = 1;
+QSize g_display;  // invalid: nobody asked for it
+
+}  // namespace
 
 double TwipsPerPixelX() {
-  return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchX();
+  return g_fitted ? kDesignScale : kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchX();
 }
 double TwipsPerPixelY() {
-  return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+  return g_fitted ? kDesignScale : kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+}
+
+double Shrink() {
+  return g_shrink;
+}
+
+void SetFitted(double factor, QSize display) {
+  g_fitted = true;
+  g_shrink = std::min(factor, 1.0);
+  g_display = display;
 }
 
 double Width() {
-  return QGuiApplication::primaryScreen()->geometry().width() * TwipsPerPixelX();
+  return TwipsX(QGuiApplication::primaryScreen()->geometry().width());
 }
 double Height() {
-  return QGuiApplication::primaryScreen()->geometry().height() * TwipsPerPixelY();
+  return TwipsY(QGuiApplication::primaryScreen()->geometry().height());
+}
+
+// Qt floors the size of a scaled screen: where the true one was asked for it counts.
+QSize TruePixels() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return g_display.isValid() ? g_display : screen->size() * screen->devicePixelRatio();
 }
 
 int PixelsX(double twips) {
-  return static_cast<int>(std::lround(twips / TwipsPerPixelX()));
+  return static_cast<int>(std::lround(twips / TwipsPerPixelX() * g_shrink));
 }
 int PixelsY(double twips) {
-  return static_cast<int>(std::lround(twips / TwipsPerPixelY()));
+  return static_cast<int>(std::lround(twips / TwipsPerPixelY() * g_shrink));
+}
+
+double TwipsX(double pixels) {
+  return pixels / g_shrink * TwipsPerPixelX();
+}
+double TwipsY(double pixels) {
+  return pixels / g_shrink * TwipsPerPixelY();
 }
 
 QColor Colour(int bbggrr) {

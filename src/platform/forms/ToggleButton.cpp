@@ -15,7 +15,7 @@ constexpr int kMark = 15, kTextLeft = 26, kFocusLeft = 22;  // pixels
 }  // namespace
 
 double ToggleTextWidth(double width) {
-  return width - kTextLeft * Screen::TwipsPerPixelX();
+  return width - Screen::TwipsX(kTextLeft);
 }
 
 void PaintToggle(QAbstractButton& button, QStyle::PrimitiveElement mark, const QString& caption, int colour) {

@@ -155,7 +155,7 @@ bool FlexGrid::IsMarked(int row, int col) const {
 
 double FlexGrid::ColWidth(int col) const {
   CheckCol(col);
-  return columnWidth(col) * Screen::TwipsPerPixelX();
+  return Screen::TwipsX(columnWidth(col));
 }
 
 void FlexGrid::SetColWidth(int col, double twips) {
@@ -165,7 +165,7 @@ void FlexGrid::SetColWidth(int col, double twips) {
 
 double FlexGrid::RowHeight(int row) const {
   CheckRow(row);
-  return rowHeight(row) * Screen::TwipsPerPixelY();
+  return Screen::TwipsY(rowHeight(row));
 }
 
 void FlexGrid::SetRowHeight(int row, double twips) {

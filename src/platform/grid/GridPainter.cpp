@@ -45,5 +45,6 @@ void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (!grid_.IsMarked(row, col)) return;
   const int width = grid_.FocusRect() == GridFocusRect::Heavy ? kHeavyRect : kLightRect;
   painter->setPen(QPen(Screen::Colour(grid_.ForeColor()), width, Qt::DotLine));
-  painter->drawRect(option.rect.adjusted(0, 0, -width, -width));
+  const double half = width / 2.0;  // the pen draws on both sides
+  painter->drawRect(QRectF(option.rect).adjusted(half, half, -half, -half));
 }
