@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QWindow>
 
 #include "platform/forms/X11Keyboard.h"
 
@@ -15,13 +16,15 @@ bool Repeats(int key) {
 }  // namespace
 
 HeldKeys::HeldKeys() {
+  if (QGuiApplication::platformName().startsWith(QLatin1StringView("wayland")))
+    return;  // Qt repeats by itself
   TellOneReleaseOfHeldKeys();
   qApp->installEventFilter(this);
-  // What was let go of while another program had the keyboard. Held over a message box that closes, a key
-  // goes on repeating into the window beneath.
-  connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-    if (state != Qt::ApplicationActive) return;
-    down_.removeIf([](const auto& key) { return !IsKeyDown(key.key()); });
+  // What was let go of while another program had the keyboard, or none of our windows: a dialog closes at a
+  // press, and the release finds it gone. Held over a message box that closes, a key goes on repeating into
+  // the window beneath.
+  connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* window) {
+    if (window != nullptr) down_.removeIf([](const auto& key) { return !IsKeyDown(key.key()); });
   });
 }
 

@@ -21,7 +21,7 @@ void TellOneReleaseOfHeldKeys() {
 bool IsKeyDown(quint32 scanCode) {
   constexpr quint32 kCodes = 256, kBits = 8;
   Display* display = TheDisplay();
-  if (display == nullptr || scanCode >= kCodes) return false;
+  if (display == nullptr || scanCode >= kCodes) return true;
   char keys[kCodes / kBits];
   XQueryKeymap(display, keys);
   return ((static_cast<unsigned char>(keys[scanCode / kBits]) >> (scanCode % kBits)) & 1U) != 0;

@@ -7,5 +7,5 @@
 // Has the server tell a held key as presses and one release, not as pairs of both.
 void TellOneReleaseOfHeldKeys();
 
-// Whether the key of that scan code is down now; false where that can't be told.
+// Whether the key of that scan code is down now; true where that can't be told.
 bool IsKeyDown(quint32 scanCode);
