@@ -5,6 +5,7 @@
 #include "content/LinkedList.h"
 #include "coursescreen/Form1.h"
 #include "frame/ProgramState.h"
+#include "frame/Settings.h"
 #include "pages/view/TextControl.h"
 #include "platform/forms/ComboBox.h"
 #include "signin/Resume.h"
@@ -64,7 +65,7 @@ DemoLearner::~DemoLearner() {
 }
 
 void DemoLearner::SignIn() {
-  if (!Main()) qFatal("the program did not start");
+  if (!Main(LoadInstallation())) qFatal("the program did not start");
   ChooseFirstCourse(clock_);
   Gui::Script script;
   script.When(QStringLiteral("Welcome"),

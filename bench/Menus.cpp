@@ -6,6 +6,7 @@
 #include "Times.h"
 #include "coursescreen/Form1.h"
 #include "frame/ProgramState.h"
+#include "frame/Settings.h"
 #include "startup/Main.h"
 #include "startup/OneCopy.h"
 #include "support/Gui.h"
@@ -39,7 +40,7 @@ class Crowd {
     store_.AddLearner(QStringLiteral("Ida"), QStringLiteral("Lind"));
     FormLife::Begin({});
     messages_.Answer({MsgAnswer::Yes});  // a display of another size will do
-    if (!Main()) qFatal("the program did not start");
+    if (!Main(LoadInstallation())) qFatal("the program did not start");
     Gui::Script script;
     script.When(QStringLiteral("Welcome"),
                 [](Form& form) { Gui::Click(form, QStringLiteral("SignIn_Btn_2")); });
