@@ -6,7 +6,7 @@
 namespace {
 
 // Longer names are no words of the format; the rest of a too long one is read as text.
-constexpr size_t kLongestName = 32;
+constexpr size_t kLongestWord = 32;
 
 constexpr bool IsLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -73,7 +73,7 @@ RtfToken RtfTokenizer::ReadHex() {
 
 RtfToken RtfTokenizer::ReadWord() {
   const size_t start = position_;
-  while (position_ < bytes_.size() && IsLetter(bytes_[position_]) && position_ - start < kLongestName) {
+  while (position_ < bytes_.size() && IsLetter(bytes_[position_]) && position_ - start < kLongestWord) {
     ++position_;
   }
   RtfToken token{.Kind = RtfTokenKind::Word, .Text = bytes_.substr(start, position_ - start)};

@@ -9,7 +9,7 @@
 
 namespace {
 
-std::function<bool(QPrinter&, PrintDialog&)>& Answerer() {
+std::function<bool(QPrinter&, PrintDialog&)>& PrintAnswerer() {
   static std::function<bool(QPrinter&, PrintDialog&)> answerer;
   return answerer;
 }
@@ -41,9 +41,9 @@ bool Show(QPrinter& printer, PrintDialog& call) {
 }  // namespace
 
 bool PrintDialog::ShowPrinter(QPrinter& printer) {
-  return Answerer() ? Answerer()(printer, *this) : Show(printer, *this);
+  return PrintAnswerer() ? PrintAnswerer()(printer, *this) : Show(printer, *this);
 }
 
 void AnswerPrintDialogs(std::function<bool(QPrinter&, PrintDialog&)> answerer) {
-  Answerer() = std::move(answerer);
+  PrintAnswerer() = std::move(answerer);
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-std::function<QString(const SaveDialogCall&)>& Answerer() {
+std::function<QString(const SaveDialogCall&)>& SaveAnswerer() {
   static std::function<QString(const SaveDialogCall&)> answerer;
   return answerer;
 }
@@ -44,9 +44,9 @@ QString Show(const SaveDialogCall& call) {
 }  // namespace
 
 QString AskWhereToSave(const SaveDialogCall& call) {
-  return Answerer() ? Answerer()(call) : Show(call);
+  return SaveAnswerer() ? SaveAnswerer()(call) : Show(call);
 }
 
 void AnswerSaveDialogs(std::function<QString(const SaveDialogCall&)> answerer) {
-  Answerer() = std::move(answerer);
+  SaveAnswerer() = std::move(answerer);
 }

@@ -24,5 +24,6 @@ bool IsKeyDown(quint32 scanCode) {
   if (display == nullptr || scanCode >= kCodes) return true;
   char keys[kCodes / kBits];
   XQueryKeymap(display, keys);
-  return ((static_cast<unsigned char>(keys[scanCode / kBits]) >> (scanCode % kBits)) & 1U) != 0;
+  const unsigned bits = static_cast<unsigned char>(keys[scanCode / kBits]);
+  return ((bits >> (scanCode % kBits)) & 1U) != 0;
 }

@@ -93,7 +93,7 @@ class TextControlTest : public ::testing::Test {
   PageForm& form_ = FreshForm();
 };
 
-const QByteArray kLinks =
+const QByteArray kPageLinks =
     "Go to {\\field{\\*\\fldinst HYPERLINK \"rt0102\\\\\\\\0007.txmx\"}{\\fldrslt the {\\b next} page}} or "
     "{\\field{\\*\\fldinst HYPERLINK \\\\l \"More\"}{\\fldrslt further down}}.\\par";
 
@@ -112,7 +112,7 @@ TEST_F(TextControlTest, TellsOfAClickedLinkWithItsWholeTextAndShowsTheHandOverIt
   } rows[] = {{"next", {"click", "link 1 rt0102\\0007.txmx (the next page)"}, Qt::PointingHandCursor},
               {"further", {"click", "link 2 More (further down)"}, Qt::PointingHandCursor},
               {"Go to", {"click"}, Qt::ArrowCursor}};
-  Load(kLinks);
+  Load(kPageLinks);
   for (const auto& row : rows) {
     QTest::mouseMove(form_.windowHandle(), PlaceOf(row.Text));
     EXPECT_EQ(Page().viewport()->cursor().shape(), row.Pointer) << row.Text;
@@ -124,7 +124,7 @@ TEST_F(TextControlTest, TellsOfAClickedLinkWithItsWholeTextAndShowsTheHandOverIt
 TEST_F(TextControlTest, WalksTheLinksByTabFollowsThemByEnterAndLetsTabLeaveBehindTheLast) {
   auto* other = new TextBox(&form_, QStringLiteral("Text1"), 10);
   other->Widget()->show();
-  Load(kLinks);
+  Load(kPageLinks);
   const auto look = [this] {
     const auto selections = Page().extraSelections();
     return selections.isEmpty() ? QString() : selections.first().cursor.selectedText();
@@ -149,7 +149,7 @@ TEST_F(TextControlTest, WalksTheLinksByTabFollowsThemByEnterAndLetsTabLeaveBehin
 }
 
 TEST_F(TextControlTest, TellsAScreenReaderOfTheLinksOfThePage) {
-  Load(kLinks);
+  Load(kPageLinks);
   QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&Page());
   ASSERT_EQ(page->childCount(), 2);
   QAccessibleInterface* link = page->child(1);
@@ -167,14 +167,14 @@ TEST_F(TextControlTest, TellsAScreenReaderOfTheLinksOfThePage) {
   Load("no link");
   EXPECT_EQ(page->childCount(), 0);
   EXPECT_TRUE(Page().Links().isEmpty());
-  Load("x " + kLinks);
+  Load("x " + kPageLinks);
   Page().FocusLink(0);
   EXPECT_EQ(Page().textCursor().selectedText(), "the next page");
   EXPECT_EQ(Page().FocusedLink(), 0);
 }
 
 TEST_F(TextControlTest, TakesBackTheLinksThatAScreenReaderHasWhenTheSizeChanges) {
-  Load(kLinks);
+  Load(kPageLinks);
   QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&Page());
   const QAccessible::Id old = QAccessible::uniqueId(page->child(1));
   Page().SetFocus();
@@ -186,7 +186,7 @@ TEST_F(TextControlTest, TakesBackTheLinksThatAScreenReaderHasWhenTheSizeChanges)
 
 TEST_F(TextControlTest, LetsALinkReplaceThePageFromItsOwnEvent) {
   store_.Write("rt01/0002.txm", LeadIn() + "{\\rtf1 the second page}");
-  Load(kLinks);
+  Load(kPageLinks);
   form_.page->LinkClicked = [this](int, int, const QString&) { Page().Load("rt01\\0002.txm", 30, 3); };
   ClickAt(PlaceOf("next"));
   Gui::Settle();
@@ -418,7 +418,7 @@ TEST_F(TextControlTest, ChangesTheSizeOfAllPagesByCtrlAndAKey) {
 }
 
 TEST_F(TextControlTest, KeepsItsPlaceAndSelectionWhenTheSizeChanges) {
-  Load(LongPage() + kLinks);
+  Load(LongPage() + kPageLinks);
   Page().SetFocus();
   Page().FocusLink(1);
   Page().GoToPlace("more");

@@ -15,6 +15,8 @@ namespace {
 
 constexpr QSize kDesign(1024, 768);
 
+}  // namespace
+
 // As large as half the display.
 class SmallStage : public Form {
  public:
@@ -27,8 +29,6 @@ class SmallStage : public Form {
 };
 
 class FullScreenForm : public FormTest<SmallStage> {};
-
-}  // namespace
 
 TEST(DisplayScale, TheNarrowerSideTellsTheFactor) {
   struct Row {
