@@ -2,6 +2,7 @@
 
 #include <QHash>
 
+#include "texts/Descriptions.h"
 #include "texts/TextFile.h"
 
 // In a static library nothing else would pull the resource in. The macro must stand outside a namespace.
@@ -57,22 +58,6 @@ QString Finding::Remedy() const {
 void Findings::Add(const Finding& finding) {
   if (finding.Kind == Severity::Error) ++errors_;
   all_.append(finding);
-}
-
-// The text with %1, %2 ... replaced by the arguments, which may hold percent signs themselves.
-static QString FillIn(const QString& text, const QStringList& arguments) {
-  QString filled;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text.at(i);
-    const int number = c == u'%' && i + 1 < text.size() ? text.at(i + 1).digitValue() : -1;
-    if (number < 1 || number > arguments.size()) {
-      filled += c;
-      continue;
-    }
-    filled += arguments.at(number - 1);
-    ++i;
-  }
-  return filled;
 }
 
 QString KitText(const QString& key, const QStringList& arguments) {

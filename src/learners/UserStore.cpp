@@ -41,7 +41,10 @@ void SignIn(const QString& firstName, const QString& lastName, const QString& em
 }  // namespace
 
 bool PathExists(const QString& path) {
-  return FileExists(path);
+  const int error = FileError(path);
+  if (error != 0 && error != ENOENT)
+    throw RunTimeError(Describe("file-unreadable", RealPath(path), SystemReason(error)));
+  return error == 0;
 }
 
 QString LearnerFolder(const QString& firstName, const QString& lastName) {
@@ -109,7 +112,7 @@ QStringList ListUsers() {
   names.removeIf([&](const QString& name) {
     if (!LiesInData(place + name)) return true;
     // A hidden folder is the file system's own, unless a learner's name begins with a full stop.
-    return name.startsWith(u'.') && !PathExists(place + name + u'\\' + kUserFileName);
+    return name.startsWith(u'.') && !FileExists(place + name + u'\\' + kUserFileName);
   });
   return names;
 }

@@ -14,7 +14,8 @@ struct UserRecord {
   QString Email;
 };
 
-// The program's name for "is there such a file".
+// The program's name for "is there such a file". One that can't be looked at is a RunTimeError: a record
+// taken for missing would be started anew.
 bool PathExists(const QString& path);
 
 // The name of a learner's folder: first + blank + last name whenever either is there, else empty.

@@ -94,7 +94,7 @@ void SplashScreen::Form_Unload() {
 void SplashScreen::GoOnSignedIn() {
   // A step that fails is skipped: the first page stays on the screen in place of the resume page.
   bool hasRecord = false;
-  IgnoreErrors([&] { hasRecord = HasCourseRecord(); });
+  if (!IgnoreErrors([&] { hasRecord = HasCourseRecord(); })) return;
   if (hasRecord) {
     IgnoreErrors([] { OpenAtResumePage(MissingModule::StartOver); });
   } else {

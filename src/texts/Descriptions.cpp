@@ -23,21 +23,25 @@ QString Shortened(const QString& text) {
 
 }  // namespace
 
+QString FillIn(const QString& text, const QStringList& arguments, QString (*quoted)(const QString&)) {
+  QString filled;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar c = text.at(i);
+    const int number = c == u'%' && i + 1 < text.size() ? text.at(i + 1).digitValue() : -1;
+    if (number < 1 || number > arguments.size()) {
+      filled += c;
+      continue;
+    }
+    const QString& argument = arguments.at(number - 1);
+    filled += quoted != nullptr && filled.endsWith(u'"') ? quoted(argument) : argument;
+    ++i;
+  }
+  return filled;
+}
+
 QString DescribeList(const char* key, const QStringList& arguments) {
   const QString name = QString::fromLatin1(key);
   const auto found = Templates().constFind(name);
   if (found == Templates().cend()) return (QStringList(name) + arguments).join(u' ');
-  QString description;
-  for (qsizetype i = 0; i < found->size(); ++i) {
-    const QChar c = found->at(i);
-    const int number = c == u'%' && i + 1 < found->size() ? found->at(i + 1).digitValue() : -1;
-    if (number < 1 || number > arguments.size()) {
-      description += c;
-      continue;
-    }
-    const QString& argument = arguments.at(number - 1);
-    description += description.endsWith(u'"') ? Shortened(argument) : argument;
-    ++i;
-  }
-  return description;
+  return FillIn(*found, arguments, &Shortened);
 }

@@ -5,6 +5,11 @@
 #include <QString>
 #include <QStringList>
 
+// The text with %1, %2 ... replaced by the arguments, which may hold percent signs themselves; those between
+// quotes by what `quoted` makes of them.
+QString FillIn(const QString& text, const QStringList& arguments,
+               QString (*quoted)(const QString&) = nullptr);
+
 // The description with %1, %2 ... replaced by the arguments, which may hold percent signs themselves. An
 // argument between quotes is cut at 200 characters: a text at its end, a path in its middle.
 // A key that the file does not have gives the key and the arguments, so that no error is without words.

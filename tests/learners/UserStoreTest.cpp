@@ -63,3 +63,11 @@ TEST(UserStore, WhatKeepsTheDataFromBeingReadOrWrittenIsNamed) {
         << problem.toStdString();
   }
 }
+
+TEST(UserStore, ARecordThatCantBeLookedAtIsNotTakenForMissing) {
+  LearnerStore store;
+  EXPECT_FALSE(PathExists("Ann Lee"));
+  const FailingCall failing(SystemCall::Stat, EIO);
+  EXPECT_THROW(PathExists("Ann Lee"), RunTimeError);
+  EXPECT_EQ(failing.Count(), 1);
+}

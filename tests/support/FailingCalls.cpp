@@ -60,6 +60,11 @@ int access(const char* path, int mode) noexcept {
   return Real<int(const char*, int)>("access")(path, mode);
 }
 
+int stat(const char* path, struct stat* status) noexcept {
+  if (Fails(SystemCall::Stat)) return -1;
+  return Real<int(const char*, struct stat*)>("stat")(path, status);
+}
+
 int rename(const char* from, const char* to) noexcept {
   if (Fails(SystemCall::Rename)) return -1;
   return Real<int(const char*, const char*)>("rename")(from, to);

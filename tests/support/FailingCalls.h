@@ -4,7 +4,7 @@
 
 #include <functional>
 
-enum class SystemCall { None, Write, FileSync, FolderSync, Rename, MayWrite };
+enum class SystemCall { None, Write, FileSync, FolderSync, Rename, MayWrite, Stat };
 
 // While it lives, calls of that kind fail with the error number (not those on the standard streams).
 class FailingCall {

@@ -1,12 +1,14 @@
 #include "platform/files/Paths.h"
 
 #include <limits.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <algorithm>
+#include <cerrno>
 #include <functional>
 
 namespace {
@@ -185,6 +187,14 @@ bool IsFileName(const QString& name) {
 
 bool FileExists(const QString& programPath) {
   return !programPath.contains(QChar::Null) && QFileInfo(RealPath(programPath)).isFile();
+}
+
+int FileError(const QString& programPath) {
+  if (programPath.contains(QChar::Null)) return ENOENT;
+  struct stat status;
+  if (stat(QFile::encodeName(RealPath(programPath)).constData(), &status) != 0)
+    return errno == ENOTDIR ? ENOENT : errno;
+  return S_ISDIR(status.st_mode) ? ENOENT : 0;
 }
 
 bool ProgramFileExists(const QString& programPath) {

@@ -42,6 +42,8 @@ bool IsFileName(const QString& name);
 
 // True for an existing file that is no folder. A path that cannot be looked at does not exist.
 bool FileExists(const QString& programPath);
+// 0 for such a file, ENOENT for none, else the system's error number: whether there is one can't be told.
+int FileError(const QString& programPath);
 // The same for a file of a course: one that lies outside the program folder does not exist.
 bool ProgramFileExists(const QString& programPath);
 bool FolderExists(const QString& programPath);
