@@ -1,16 +1,12 @@
 // Taking a test: the states of the button, the verdict, the result page, leaving, and what is recorded.
-#include <QScrollBar>
-
 #include "assessment/TestScreens.h"
 #include "frame/ProgramState.h"
 #include "platform/forms/Announcement.h"
 #include "platform/forms/Frame.h"
-#include "platform/forms/Screen.h"
 #include "platform/forms/ToggleButton.h"
+#include "support/Play.h"
 
 namespace {
-
-using Look = SkinButton::Look;
 
 class QuestionFormTest : public TestScreensTest {
  protected:
@@ -27,41 +23,32 @@ TEST_F(QuestionFormTest, ARunGoesFromAnswerToNextToTheResultAndOn) {
   WriteTest("1", {Question("Which?", "0>>0>>1", "Green is right."), Question("And now?", "1>>0>>0")});
   ReadToTheTest();
   TakeTest([this](QuestionForm& form) {
-    EXPECT_EQ(Text(form, "Title"), "Exam");
-    EXPECT_EQ(Text(form, "Label7"), "Question 1 of 2");
-    EXPECT_EQ(Gui::Find<Label>(form, "Label7")->ForeColor(), 0xE2CBAF);
-    EXPECT_EQ(Text(form, "Label8"), "Which?");
-    EXPECT_EQ(State(form), "Answer");
-    Answer(form, {"Option1(2)"});
-    EXPECT_EQ(Text(form, "Label5"), "Correct!");
-    EXPECT_EQ(Text(form, "Label10"), "Green is right.");
+    // Which question, its text, the button, the verdict, its words, the explanation
+    const QString watched = "Label7 Label8 Label2 Label5 Label6 Label10";
+    EXPECT_EQ(Gui::Seen(form, "Title Label7:fore"), "Exam|e2cbaf");
+    Gui::Play(form, watched,
+              {{"", "Question 1 of 2|Which?|Answer|-|-|-"},
+               {"click Option1(2), click Q_But",
+                "Question 1 of 2|Which?|Next|Correct!|Explanation:|Green is right."}});
     EXPECT_EQ(heard, QStringList{"Correct!"});
-    EXPECT_EQ(State(form), "Next");
     EXPECT_TRUE(Gui::Find<OptionButton>(form, "Option1(2)")->Bold());
-    EXPECT_EQ(Gui::Find<OptionButton>(form, "Option1(0)")->ForeColor(), 0xC0C0C0);
-    Gui::Click(form, "Q_But");
-    EXPECT_EQ(Text(form, "Label7"), "Question 2 of 2");
-    EXPECT_FALSE(Shows(form, "Label5") || Shows(form, "Label6") || Shows(form, "Label10"));
-    EXPECT_EQ(Gui::Find<OptionButton>(form, "Option1(0)")->ForeColor(), 0x000000);
-    EXPECT_FALSE(Gui::Find<OptionButton>(form, "Option1(2)")->Value());
-    Answer(form, {"Option1(0)"});
-    EXPECT_FALSE(Shows(form, "Label6"));  // no explanation
-    EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
-    Gui::Click(form, "Q_But");
-    EXPECT_EQ(State(form), "Close");
-    EXPECT_EQ(
-        Text(form, "Label7"),
-        "Congratulations!  You have correctly answered 2 out of 2 questions from the module: Customers");
-    EXPECT_EQ(Gui::Find<Label>(form, "Label7")->ForeColor(), 0xFF6666);
-    EXPECT_FALSE(Shows(form, "Label8") || Shows(form, "Frame1"));
-    EXPECT_EQ(Text(form, "Label8"), "");
+    EXPECT_EQ(Gui::Seen(form, "Option1(0):fore"), "c0c0c0");
+    Gui::Play(form, watched, {{"click Q_But", "Question 2 of 2|And now?|Answer|-|-|-"}});
+    EXPECT_EQ(Gui::Seen(form, "Option1(0):fore Option1(2)"), "0|");
+    Gui::Play(form, watched,  // no explanation
+              {{"click Option1(0), click Q_But", "Question 2 of 2|And now?|Next|Correct!|-|-"}});
+    EXPECT_EQ(Recorded(), "");
+    Gui::Play(form, watched + " Frame1",
+              {{"click Q_But",
+                "Congratulations!  You have correctly answered 2 out of 2 questions from the module: "
+                "Customers|-|Close|-|-|-|-"}});
+    EXPECT_EQ(Gui::Seen(form, "Label7:fore"), "ff6666");
+    EXPECT_EQ(Gui::Find<Label>(form, "Label8")->Caption(), "");
     // It is on the disk before the page is left.
-    EXPECT_EQ(Record(), QStringList({"rt0101", "_Greeting_", "1", "100", "11", "2026-11-24", "100", "11",
-                                     "2026-11-24", "100"}));
-    Gui::Click(form, "Q_But");
+    EXPECT_EQ(Recorded(), "1,100,11,2026-11-24,100,11,2026-11-24,100");
+    Gui::Do(form, "click Q_But");
   });
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
-  EXPECT_EQ(Header(), "Goods : Returns");
+  EXPECT_EQ(PageText() + Header(), "rt0102 0001.txmGoods : Returns");
   EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
 }
 
@@ -70,24 +57,14 @@ TEST_F(QuestionFormTest, TheKeyboardAloneTakesAScoredTest) {
                   Question("Which two?", "1>>1>>0", "", "Again", "rt0102_0001.txm")});
   ReadToTheTest();
   TakeTest([](QuestionForm& form) {
-    EXPECT_EQ(form.ActiveControl()->Name(), "Option1(0)");
-    Gui::Key(form, Qt::Key_Space);
-    Gui::Key(form, Qt::Key_Down);
-    EXPECT_TRUE(Gui::Find<OptionButton>(form, "Option1(1)")->Value());
-    Gui::Key(form, Qt::Key_Return);
-    EXPECT_EQ(Text(form, "Label5"), "Correct!");
-    Gui::Key(form, Qt::Key_Return, Qt::ControlModifier);  // modifiers change nothing
+    Gui::Play(form, "focus Option1(1) Label5",
+              {{"", "Option1(0)||-"}, {"Space, Down", "Option1(1)|ticked|-"}});
+    Gui::Play(form, "Label5 Label2", {{"Return", "Correct!|Next"}, {"Ctrl+Return", "-|Answer"}});
     EXPECT_EQ(Gui::TabWalk(form, 5),
               QStringList({"Check1(0)", "Check1(1)", "Check1(2)", "Q_But", "Picture2"}));
-    Gui::Key(form, Qt::Key_Return);
-    EXPECT_EQ(Text(form, "Label5"), "Incorrect.");
-    Gui::Key(form, Qt::Key_Return);
-    EXPECT_EQ(State(form), "Close");
-    EXPECT_EQ(form.ActiveControl()->Name(), "Q_But");
-    Gui::Key(form, Qt::Key_Tab);
-    Gui::Key(form, Qt::Key_Tab);
-    EXPECT_EQ(form.ActiveControl()->Name(), "Label1(0)");
-    Gui::Key(form, Qt::Key_Return);  // follows the item
+    Gui::Play(form, "Label5", {{"Return", "Incorrect."}});
+    Gui::Play(form, "Label2 focus", {{"Return", "Close|Q_But"}, {"Tab x2", "Close|Label1(0)"}});
+    Gui::Do(form, "Return");  // follows the item
   });
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
   EXPECT_TRUE(Default<TestReview>().Shown());
@@ -97,12 +74,10 @@ TEST_F(QuestionFormTest, APracticeTestOfOneQuestionGoesStraightToCloseAndRecords
   WriteTest("2", {Question("Which?", "0>>1>>0", "", "Colours", "rt0102_0002.txm")});
   ReadToTheTest();
   TakeTest([](QuestionForm& form) {
-    Answer(form, {});
-    EXPECT_EQ(State(form), "Close");
-    EXPECT_EQ(Text(form, "Label7"), "Question 1 of 1");
-    Gui::Click(form, "Q_But");
+    Gui::Play(form, "Label2 Label7", {{"click Q_But", "Close|Question 1 of 1"}});
+    Gui::Do(form, "click Q_But");
   });
-  EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
+  EXPECT_EQ(Recorded(), "");
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
 }
 
@@ -112,66 +87,47 @@ TEST_F(QuestionFormTest, TheResultListsTheWrongOnesThatHaveALink) {
                   Question("Four?", "0>>1>>0", "", "", "rt0102_0001.txm")});
   ReadToTheTest();
   TakeTest([this](QuestionForm& form) {
-    for (int i = 0; i < 4; ++i) {
-      Answer(form, i == 2 ? QByteArrayList{"Check1(0)", "Check1(2)"} : QByteArrayList{});
-      Gui::Click(form, "Q_But");
-    }
-    EXPECT_EQ(Text(form, "Label7"),
-              "You have correctly answered 1 out of 4 questions from the module: Customers");
-    EXPECT_TRUE(Text(form, "Label8").startsWith("Below is a list of suggested review items."));
-    EXPECT_EQ(Text(form, "Label1(0)"), "Colours");
-    EXPECT_EQ(Text(form, "Label1(1)"), "");
-    EXPECT_EQ(form.findChild<QWidget*>("Label1(2)"), nullptr);
+    const QString wrong = "click Q_But, click Q_But, ";
+    Gui::Do(form, wrong + wrong + "click Check1(0), click Check1(2), " + wrong + wrong);
+    EXPECT_EQ(Gui::Seen(form, "Label7 Label1(0) Label1(1) Label1(2)"),
+              "You have correctly answered 1 out of 4 questions from the module: Customers|Colours||none");
+    EXPECT_TRUE(Gui::Seen(form, "Label8").startsWith("Below is a list of suggested review items."));
     EXPECT_EQ(gReviewItems.size(), 2);
     const auto* last = Gui::Find<Label>(form, "Label1(1)");
     EXPECT_GT(Gui::Find<Frame>(form, "Frame1")->Height(), last->Top() + last->Height());
-    Gui::MoveTo(form, "Label1(0)");
-    EXPECT_EQ(form.MousePointer(), kPointerHand);
-    Gui::MoveTo(form, "Label8");
-    EXPECT_EQ(form.MousePointer(), kPointerDefault);
-    EXPECT_EQ(Record().mid(2),
-              QStringList({"1", "25", "0010", "2026-11-24", "25", "0010", "2026-11-24", "25"}));
-    Gui::Click(form, "Q_But");
+    Gui::Play(form, "hand", {{"point Label1(0)", "hand"}, {"point Label8", ""}});
+    EXPECT_EQ(Recorded(), "1,25,0010,2026-11-24,25,0010,2026-11-24,25");
+    Gui::Do(form, "click Q_But");
   });
 }
 
 TEST_F(QuestionFormTest, ExitAsksAndOnlyYesLeavesWithoutARecord) {
   WriteTest("1", {Question("Which?", "0>>1>>0")});
-  const std::function<void(Form&)> ways[] = {[](Form& form) { Gui::Click(form, "Picture2"); },
-                                             [](Form& form) { Gui::Key(form, Qt::Key_Escape); },
-                                             [](Form& form) { form.close(); }};
-  for (const auto& leave : ways) {
+  for (const char* leave : {"click Picture2", "Esc", "close"}) {
     QDir(store.DataPath()).removeRecursively();
     ReadToTheTest();
     TakeTest([&](QuestionForm& form) {
-      leave(form);  // answered No
-      EXPECT_EQ(messages.Take(), QStringList{"Are you sure you want to exit this assessment?"});
-      EXPECT_TRUE(form.Shown());
+      const QString question = "Are you sure you want to exit this assessment?|";
+      Gui::Play(form, "said Label2", {{leave, question + "Answer"}});
       messages.Answer({MsgAnswer::Yes});
-      leave(form);
+      Gui::Play(form, "said Label2", {{leave, question + "gone"}});
     });
-    messages.Take();
     EXPECT_EQ(PageText(), "rt0102 0001.txm");
-    EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
-    EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
+    EXPECT_EQ(Recorded(), "");
     OneCopyAgain();
   }
 }
 
 TEST_F(QuestionFormTest, ATestThatCannotBeReadIsToldAndThePageStaysPlain) {
-  const QByteArray files[] = {"", "\"1\"\r\n", "\"1\"\r\n\"Which?\",\"Red\"",
-                              "\"1\"\r\n\"Which?\",\"\",\"\",\"\",\"\",\"\""};
-  for (const QByteArray& file : files) {
+  for (const QByteArray& file : {QByteArray(), QByteArray("\"1\"\r\n\"Which?\",\"Red\""),
+                                 QByteArray("\"1\"\r\n\"Which?\",\"\",\"\",\"\",\"\",\"\"")}) {
     SCOPED_TRACE(file.toStdString());
-    QFile::remove(store.Path("rt0101/rt0101_0003TST"));
     if (!file.isEmpty()) store.Write("rt0101/rt0101_0003TST", file);
-    Form1& screen = ReadToTheTest();
-    Gui::Click(screen, "NextBtn");
-    EXPECT_EQ(messages.Take(), QStringList{"Could not locate the assessment associated with this page."});
-    EXPECT_EQ(PageText(), "rt0101 0003.txm");
-    EXPECT_EQ(Record().mid(2), QStringList(8, QString()));
-    Gui::Click(screen, "NextBtn");
-    EXPECT_EQ(PageText(), "rt0102 0001.txm");
+    Gui::Play(
+        ReadToTheTest(), "page said",
+        {{"click NextBtn", "rt0101 0003.txm|Could not locate the assessment associated with this page."},
+         {"click NextBtn", "rt0102 0001.txm|"}});
+    EXPECT_EQ(Recorded(), "");
     QDir(store.DataPath()).removeRecursively();
     OneCopyAgain();
   }
@@ -183,38 +139,29 @@ TEST_F(QuestionFormTest, ATestAsTheLastPageOfTheCourseEndsThere) {
               "\"1\"\r\n" + Question("Which?", "0>>1>>0", "", "Look", "rt0101_0001.txm"));
   store.AddLearner("Ann", "Lee", kCourse, "\"rt0102\",\"0001.txm\"\r\n");
   Form1& screen = ReadAs("Ann", "Lee");
-  TakeTest([](QuestionForm& form) {
-    Answer(form, {});
-    Gui::Click(form, "Q_But");
-    Gui::Click(form, "Label1(0)");
-  });
-  EXPECT_EQ(PageText(), "rt0101 0001.txm");
-  EXPECT_EQ(Gui::Find<SkinButton>(screen, "NextBtn")->Enabled(), true);  // the review stands elsewhere
+  TakeTest([](QuestionForm& form) { Gui::Do(form, "click Q_But, click Q_But, click Label1(0)"); });
+  EXPECT_EQ(Gui::Seen(screen, "page NextBtn"), "rt0101 0001.txm|off");  // the review stands elsewhere
   script.When("QuestionForm", [](Form& form) { Gui::Click(form, "Q_But"); });
   Gui::Click(Default<TestReview>(), "Command1");
-  EXPECT_EQ(PageText(), "rt0102 0002.txm");
-  EXPECT_EQ(Gui::Find<SkinButton>(screen, "NextBtn")->Shown(), Look::Disabled);
-  EXPECT_EQ(FormLife::Active(), &screen);
+  EXPECT_EQ(Gui::Seen(screen, "page NextBtn active"), "rt0102 0002.txm|disabled|Form1");
 }
 
 TEST_F(QuestionFormTest, AResultThatCannotBeSavedIsToldAndSavedWhenTheLearnerLeaves) {
   WriteTest("1", {Question("Which?", "0>>1>>0")});
   ReadToTheTest();
   TakeTest([this](QuestionForm& form) {
-    Answer(form, {"Option1(1)"});
     const QString record = store.DataPath("Ann Lee/Cash desk");
     QFile::rename(record, record + ".aside");
     QDir().mkpath(record);  // a folder in the file's place
-    Gui::Click(form, "Q_But");
+    Gui::Do(form, "click Option1(1), click Q_But, click Q_But");
     EXPECT_TRUE(messages.Take().value(0).contains("Cash desk"));
-    EXPECT_EQ(State(form), "Close");
-    EXPECT_TRUE(Text(form, "Label7").startsWith("Congratulations!"));
+    EXPECT_TRUE(Gui::Seen(form, "Label2 Label7").startsWith("Close|Congratulations!"));
     QDir().rmdir(record);
     QFile::rename(record + ".aside", record);
-    Gui::Click(form, "Q_But");
+    Gui::Do(form, "click Q_But");
   });
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
-  EXPECT_EQ(Record().value(2) + Record().value(9), "1100");
+  EXPECT_EQ(Recorded().left(6), "1,100,");
   EXPECT_EQ(messages.Take(), QStringList());
 }
 
@@ -227,7 +174,7 @@ TEST_F(QuestionFormTest, ALongQuestionScrollsToItsVerdictAndTheNextBeginsAtTheTo
     const auto* page = Gui::Find<PictureBox>(form, "Picture4");
     const auto* viewport = Gui::Find<PictureBox>(form, "Picture3");
     EXPECT_DOUBLE_EQ(page->Top(), 0);
-    Answer(form, {});
+    Gui::Do(form, "click Q_But");
     EXPECT_TRUE(bar->Visible());
     EXPECT_EQ(bar->Value(), bar->Max());
     EXPECT_GT(bar->Max(), 0);

@@ -7,10 +7,9 @@
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "platform/forms/Screen.h"
+#include "support/Play.h"
 
 namespace {
-
-constexpr int kOpen = 0x0000FF, kVisited = 0x800080;
 
 class TestReviewTest : public TestScreensTest {
  protected:
@@ -21,11 +20,10 @@ class TestReviewTest : public TestScreensTest {
                     Question("Three?", "0>>1>>0", "", "Not here", "rt0999_0001.txm")});
   }
 
-  static void AnswerAllWrong(const Form& form) {
-    for (int i = 0; i < 6; ++i)
+  static void AnswerAllWrong(const Form& form, int questions = 3) {
+    for (int i = 0; i < 2 * questions; ++i)
       Gui::Click(form, "Q_But");
   }
-
   // All wrong, and the item opened from the result page.
   TestReview& Review(int item = 0) {
     ReadToTheTest();
@@ -35,8 +33,9 @@ class TestReviewTest : public TestScreensTest {
     });
     return Default<TestReview>();
   }
-  static int Colour(const Form& form, int item) {
-    return Gui::Find<Label>(form, QStringLiteral("Label1(%1)").arg(item))->ForeColor();
+  // The colours of the items; a visited one is purple, the open one red.
+  static QString Colours(const Form& form) {
+    return Gui::Seen(form, "Label1(0):fore Label1(1):fore Label1(2):fore");
   }
   // Whether a step of the wheel over a control, up (1) or down (-1), moves the form's bar.
   static bool Turns(const Form& form, const char* control, int direction) {
@@ -61,31 +60,20 @@ class TestReviewTest : public TestScreensTest {
 
 TEST_F(TestReviewTest, AnItemOpensItsPageUnderTheFloatingList) {
   TestReview& review = Review();
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
-  EXPECT_EQ(Header(), "Goods : Returns");
+  EXPECT_EQ(PageText() + Header(), "rt0102 0001.txmGoods : Returns");
   EXPECT_TRUE(Progress("Ann Lee", kCourse).contains("\"rt0102\",\"_Returns_\""));
-  EXPECT_TRUE(review.Shown());
   EXPECT_FALSE(Default<QuestionForm>().Shown());
   EXPECT_EQ(review.windowTitle(), "Assessment Review");
   const auto* caption = Gui::Find<Label>(review, "Command1Caption");
   EXPECT_LE(caption->fontMetrics().horizontalAdvance(caption->Caption()) + 2 * 6, caption->width());
-  EXPECT_EQ(Text(review, "Label1(1)"), "The way in");
-  EXPECT_EQ(Colour(review, 0), kOpen);
-  EXPECT_EQ(Colour(review, 1), 0xFF0000);
-  EXPECT_EQ(Colour(Default<QuestionForm>(), 0), kVisited);
-  EXPECT_FALSE(Gui::Find<VScrollBar>(review, "VScroll1")->Visible());
-  EXPECT_EQ(Gui::Find<VScrollBar>(review, "VScroll1")->Max(), 0);
-
-  Gui::Click(review, "Label1(1)");
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");
-  EXPECT_EQ(Colour(review, 0), kVisited);
-  EXPECT_EQ(Colour(review, 1), kOpen);
-  Gui::Click(review, "Label1(0)");  // once more: visited becomes open
-  EXPECT_EQ(Colour(review, 0), kOpen);
-  Gui::Click(review, "Label1(2)");
-  EXPECT_EQ(messages.Take(), QStringList{"Link points to a module not currently installed."});
-  EXPECT_EQ(Colour(review, 2), kOpen);
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
+  EXPECT_EQ(Gui::Seen(review, "Label1(1) VScroll1"), "The way in|-");
+  EXPECT_EQ(Colours(review), "ff|ff0000|ff0000");
+  EXPECT_EQ(Colours(Default<QuestionForm>()), "800080|ff6666|ff6666");
+  Gui::Play(review, "Label1(0):fore Label1(1):fore page said",
+            {{"click Label1(1)", "800080|ff|rt0101 0002.txm|"},
+             {"click Label1(0)", "ff|800080|rt0102 0001.txm|"},  // once more: visited becomes open
+             {"click Label1(2)",
+              "800080|800080|rt0102 0001.txm|Link points to a module not currently installed."}});
 }
 
 TEST_F(TestReviewTest, TheWindowSlidesIntoTheCornerWithinOneTick) {
@@ -124,43 +112,35 @@ TEST_F(TestReviewTest, ADraggedWindowKeepsItsPlaceUntilTheNextTest) {
 
 TEST_F(TestReviewTest, EveryWayBackLeadsToTheTestPageAndItsResult) {
   TestReview& review = Review();
-  const std::function<void()> ways[] = {[&] { Gui::Click(review, "Command1"); },
-                                        [&] { Gui::Key(review, Qt::Key_Escape); }, [&] { review.close(); }};
-  for (const auto& way : ways) {
+  for (const char* way : {"click Command1", "Esc", "close"}) {
     Gui::Click(Default<Form1>(), "NextBtn");  // the course screen is live
-    Back(way, [&](Form& form) {
-      EXPECT_EQ(PageText(), "rt0101 0003.txm");
-      EXPECT_EQ(gCurrentModule, 0);
-      EXPECT_EQ(State(form), "Close");
-      EXPECT_TRUE(Text(form, "Label7").startsWith("You have correctly answered 0 out of 3"));
-      EXPECT_FALSE(review.Shown());
-      EXPECT_EQ(Colour(review, 0), kVisited);
-      Gui::Click(form, "Label1(0)");
-    });
+    Back([&] { Gui::Do(review, way); },
+         [&](Form& form) {
+           EXPECT_TRUE(Gui::Seen(form, "page Label2 Label7")
+                           .startsWith("rt0101 0003.txm|Close|You have correctly answered 0 out of 3"));
+           EXPECT_EQ(gCurrentModule, 0);
+           EXPECT_FALSE(review.Shown());
+           EXPECT_TRUE(Colours(review).startsWith("800080|"));
+           Gui::Click(form, "Label1(0)");
+         });
     EXPECT_EQ(PageText(), "rt0102 0001.txm");
   }
   Back([&] { review.close(); }, [](Form& form) { Gui::Click(form, "Q_But"); });
   EXPECT_EQ(LoadedForm<TestReview>(), nullptr);
   EXPECT_EQ(LoadedForm<QuestionForm>(), nullptr);
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
-  EXPECT_EQ(Record().value(2), "1");  // one run, however often its result was looked at
+  EXPECT_EQ(Recorded().left(2), "1,");  // one run, however often its result was looked at
 }
 
 TEST_F(TestReviewTest, ATestPageReachedMeanwhileStartsNoTest) {
   TestReview& review = Review(1);  // the page before the test
-  Gui::Click(Default<Form1>(), "NextBtn");
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
-  EXPECT_FALSE(Default<QuestionForm>().Shown());
-  EXPECT_EQ(messages.Take(), QStringList());
-  EXPECT_EQ(Text(review, "Label1(0)"), "Returns");
-  Gui::Click(review, "Label1(0)");  // the list was read anew and is empty
-  EXPECT_EQ(messages.Take(), QStringList{"Link points to a module not currently installed."});
+  Gui::Play(Default<Form1>(), "page active said", {{"click NextBtn", "rt0101 0003.txm|Form1|"}});
+  Gui::Play(review, "said",  // the list was read anew and is empty
+            {{"click Label1(0)", "Link points to a module not currently installed."}});
   Back([&] { Gui::Click(review, "Command1"); },
        [](Form& form) {
-         EXPECT_EQ(State(form), "Close");
-         Gui::Click(form, "Q_But");
+         Gui::Play(form, "Label2", {{"", "Close"}, {"click Q_But", "gone"}});
        });
-  EXPECT_EQ(Record().value(2), "1");
+  EXPECT_EQ(Recorded().left(2), "1,");
   EXPECT_EQ(PageText(), "rt0102 0001.txm");
 }
 
@@ -178,15 +158,10 @@ TEST_F(TestReviewTest, TheCourseScreenHasTheKeysAndCheckProgressStartsNoTest) {
 TEST_F(TestReviewTest, TheCourseGoesOnBehindAReviewOfItsLastPage) {
   WriteTest("1", {Question("One?", "0>>1>>0", "", "Shelves", "rt0102_0002.txm")});
   ReadToTheTest();
-  TakeTest([](QuestionForm& form) {
-    for (int i = 0; i < 2; ++i)
-      Gui::Click(form, "Q_But");
-    Gui::Click(form, "Label1(0)");
-  });
-  EXPECT_FALSE(Gui::Find<SkinButton>(Default<Form1>(), "NextBtn")->Enabled());
+  TakeTest([](QuestionForm& form) { Gui::Do(form, "click Q_But, click Q_But, click Label1(0)"); });
+  EXPECT_EQ(LookOf("NextBtn"), SkinButton::Look::Disabled);
   Back([] { Gui::Click(Default<TestReview>(), "Command1"); }, [](Form& form) { Gui::Click(form, "Q_But"); });
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
-  EXPECT_TRUE(Gui::Find<SkinButton>(Default<Form1>(), "NextBtn")->Enabled());
+  EXPECT_EQ(Gui::Seen(Default<Form1>(), "page NextBtn"), "rt0102 0001.txm|off");
 }
 
 TEST_F(TestReviewTest, LeavingTheCourseTakesTheTestAlong) {
@@ -206,8 +181,7 @@ TEST_F(TestReviewTest, ALongListScrollsByItsCount) {
   WriteTest("1", questions);
   ReadToTheTest();
   TakeTest([](QuestionForm& form) {
-    for (int i = 0; i < 40; ++i)
-      Gui::Click(form, "Q_But");
+    AnswerAllWrong(form, 20);
     const auto* item = Gui::Find<Label>(form, "Label1(19)");
     QStringList order;
     for (int i = 0; i < 30 && !item->HasFocus(); ++i) {

@@ -1,13 +1,11 @@
 // The buttons of the course screen under the pointer, and their tool tip.
 #include "coursescreen/CourseScreenTest.h"
-#include "frame/ProgramState.h"
 #include "platform/forms/Screen.h"
+#include "support/Play.h"
 
 namespace {
 
-using Look = SkinButton::Look;
-
-constexpr int kLeave = 100, kRest = 700;  // ms
+constexpr int kRest = 700;  // ms
 
 class ButtonHoverTest : public CourseScreenTest {
  protected:
@@ -18,12 +16,14 @@ class ButtonHoverTest : public CourseScreenTest {
     clock.Advance(kRest);
     return Tip().Visible() ? Tip().accessibleName() : QString();
   }
-  static int TextColour(const char* label) { return Gui::Find<Label>(Default<Form1>(), label)->ForeColor(); }
 };
+
+// The page is where nothing lights up.
+const QString kAway = "point TXTextControl1, wait 100";
 
 TEST_F(ButtonHoverTest, EachButtonLightsUpAndHasItsTip) {
   Form1& screen = Read();
-  Gui::Key(screen, Qt::Key_Right);                         // there is a place to return to
+  Gui::Do(screen, "Right");                                // there is a place to return to
   const bool unlabelled = Screen::TwipsPerPixelX() != 15;  // the labels have no room there
   const std::pair<const char*, QString> rows[] = {{"NextBtn", "Next page"},
                                                   {"Prev", "Previous page"},
@@ -33,80 +33,47 @@ TEST_F(ButtonHoverTest, EachButtonLightsUpAndHasItsTip) {
                                                   {"toolBar_But", unlabelled ? "Toolbar" : ""},
                                                   {"Modules", unlabelled ? "Modules" : ""}};
   for (const auto& [name, tip] : rows) {
-    SCOPED_TRACE(name);
     EXPECT_EQ(TipOf(name), tip);
-    EXPECT_EQ(Button(name).Shown(), Look::On);
-    EXPECT_EQ(screen.MousePointer(), kPointerHand);
-    MoveAway();
-    clock.Advance(kLeave);
-    EXPECT_EQ(Button(name).Shown(), Look::Off);
-    EXPECT_EQ(screen.MousePointer(), kPointerDefault);
-    EXPECT_FALSE(Tip().Visible());
+    EXPECT_TRUE(screen.rect().contains(Tip().geometry()));  // also near the edges
+    Gui::Play(screen, QString(name) + " hand ToolTip",
+              {{"", tip.isEmpty() ? "on|hand|-" : "on|hand|shown"}, {kAway, "off||-"}});
   }
 }
 
 TEST_F(ButtonHoverTest, ALabelledButtonChangesTheColoursOfItsLabel) {
-  Read();
-  for (const auto& [button, label] : {std::pair{"toolBar_But", "ToolLabel"}, {"Modules", "ModLabel"}}) {
-    Gui::MoveTo(Default<Form1>(), label);
-    EXPECT_EQ(Button(button).Shown(), Look::On);
-    EXPECT_EQ(TextColour(label), 0x000000);
-    MoveAway();
-    clock.Advance(kLeave);
-    EXPECT_EQ(TextColour(label), 0xFFFFFF);
-  }
+  Form1& screen = Read();
+  Gui::Play(screen, "toolBar_But ToolLabel:fore Modules ModLabel:fore",
+            {{"point ToolLabel", "on|0|off|ffffff"},
+             {kAway, "off|ffffff|off|ffffff"},
+             {"point ModLabel", "off|ffffff|on|0"}});
 }
 
 TEST_F(ButtonHoverTest, AFastMoveLeavesNoNeighbourLit) {
-  Gui::Key(Read(), Qt::Key_Right);  // both page buttons are enabled there
-  for (const auto& [from, to] : {std::pair{"NextBtn", "Prev"},
-                                 {"Prev", "NextBtn"},
-                                 {"Return_Btn", "Prev"},
-                                 {"Modules", "Return_Btn"},
-                                 {"Exit_Pic", "Min_btn"},
-                                 {"Min_btn", "toolBar_But"},
-                                 {"toolBar_But", "Min_btn"}}) {
-    Gui::MoveTo(Default<Form1>(), from);
-    Gui::MoveTo(Default<Form1>(), to);
-    EXPECT_EQ(Button(from).Shown(), Look::Off) << from;
-    EXPECT_EQ(Button(to).Shown(), Look::On) << to;
-  }
+  Form1& screen = Read();
+  Gui::Play(screen, "NextBtn Prev Return_Btn Modules Exit_Pic Min_btn toolBar_But",
+            {{"Right, point NextBtn, point Prev", "off|on|off|off|off|off|off"},
+             {"point NextBtn", "on|off|off|off|off|off|off"},
+             {"point Return_Btn, point Prev", "off|on|off|off|off|off|off"},
+             {"point Modules, point Return_Btn", "off|off|on|off|off|off|off"},
+             {"point Exit_Pic, point Min_btn", "off|off|off|off|off|on|off"},
+             {"point toolBar_But", "off|off|off|off|off|off|on"},
+             {"point Min_btn", "off|off|off|off|off|on|off"}});
 }
 
 TEST_F(ButtonHoverTest, ADisabledButtonKeepsItsLookUnderThePointerAndBehindIt) {
   Form1& screen = Read();
   for (int page = 1; page < 5; ++page)
     Gui::Click(screen, "NextBtn");  // the last turn disables it, with the pointer on it
-  for (const char* name : {"away", "NextBtn", "Prev", "away"}) {
-    name == QLatin1String("away") ? MoveAway() : Gui::MoveTo(screen, name);
-    clock.Advance(kLeave);
-    EXPECT_TRUE(Button("NextBtn").Picture().endsWith("nextDis.jpg")) << name;
+  for (const QString& place :
+       {kAway, QString("point NextBtn, wait 100"), QString("point Prev, wait 100"), kAway}) {
+    Gui::Do(screen, place);
+    EXPECT_TRUE(Button("NextBtn").Picture().endsWith("nextDis.jpg")) << place.toStdString();
   }
 }
 
 TEST_F(ButtonHoverTest, TheTipWaitsForThePointerToRest) {
-  Form1& screen = Read();
-  Gui::MoveTo(screen, "NextBtn");
-  clock.Advance(kRest - 100);
-  Gui::MoveTo(screen, "NextBtn");  // it moved again
-  clock.Advance(kRest - 1);
-  EXPECT_FALSE(Tip().Visible());
-  clock.Advance(1);
-  EXPECT_TRUE(Tip().Visible());
-}
-
-TEST_F(ButtonHoverTest, TheTipStandsBelowItsControlAndNearTheEdgesAboveItOrEndingWithIt) {
-  Gui::Key(Read(), Qt::Key_Right);  // both page buttons are enabled there
-  TipOf("Exit_Pic");
-  const QRect exit = Button("Exit_Pic").geometry(), atTheRight = Tip().geometry();
-  EXPECT_EQ(atTheRight.right(), exit.right());
-  EXPECT_EQ(atTheRight.top(), exit.bottom() + 1 + Screen::PixelsY(40));
-  TipOf("Prev");
-  const QRect previous = Button("Prev").geometry(), atTheFoot = Tip().geometry();
-  EXPECT_EQ(atTheFoot.left(), previous.left());
-  EXPECT_EQ(atTheFoot.bottom(), previous.top() - 1 - Screen::PixelsY(40));
-  const QFontMetricsF metrics(Tip().font());
-  EXPECT_EQ(atTheFoot.width(), qRound(metrics.horizontalAdvance("   Previous page")));
+  Gui::Play(Read(), "ToolTip",  // it moves again meanwhile
+            {{"point NextBtn, wait 600, point NextBtn, wait 699", "-"}, {"wait 1", "shown"}});
 }
 
 TEST_F(ButtonHoverTest, TheLastReturnDisablesItsButtonAndTakesItsTipAway) {

@@ -3,12 +3,14 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QScrollBar>
+#include <array>
 
 #include "content/LinkedList.h"
 #include "coursescreen/CourseScreenTest.h"
 #include "frame/ProgramState.h"
 #include "frame/Screens.h"
 #include "platform/forms/ComboBox.h"
+#include "support/Play.h"
 
 namespace {
 
@@ -16,109 +18,96 @@ using Look = SkinButton::Look;
 
 class KeyboardTest : public CourseScreenTest {
  protected:
-  static Form1& Screen1() { return Default<Form1>(); }
   static void Send(QEvent::Type type, Qt::Key key, bool repeated) {
     QKeyEvent event(type, key, Qt::NoModifier, QString(), repeated);
-    QCoreApplication::sendEvent(Screen1().windowHandle(), &event);
+    QCoreApplication::sendEvent(Default<Form1>().windowHandle(), &event);
   }
 };
 
-TEST_F(KeyboardTest, AltAndALetterOpenTheTools) {
+TEST_F(KeyboardTest, AltAndALetterOpenTheToolsAndTabWalksThem) {
   store.Write("Repository/1/guide.doc", "the guide");
-  Read();
-  struct Row {
-    Qt::Key Letter;
-    const char* Form;
-  };
-  for (const Row& row : {Row{Qt::Key_G, "Glossary"}, Row{Qt::Key_H, "Status"}, Row{Qt::Key_R, "Repository"},
-                         Row{Qt::Key_E, "ProfileBox"}, Row{Qt::Key_A, "About"}}) {
-    script.When(row.Form, [](Form& form) {
-      Gui::Key(Screen1(), Qt::Key_Right);  // the screen beneath takes no key
+  Form1& screen = Read();
+  leavesProgress = false;
+  const std::array<QString, 3> rows[] = {
+      {"G", "Glossary", "MSFlexGrid2 MSFlexGrid1 Glos_Print Glos_Close"},
+      {"H", "Status", "MSFlexGrid1(0) MSFlexGrid1(1) Text1 Text2 Prog_Help Prog_Cancel"},
+      {"R", "Repository", "List1 View_Btn Print_Btn Detach_Btn Help_Btn Cancel_Btn"},
+      {"E", "ProfileBox", "FirstNameField LastNameField EmailField OkayBut CancelBut"},
+      {"A", "About", "Text1 Picture1"}};
+  for (const auto& [letter, name, order] : rows) {
+    script.When(name, [&, order = order](Form& form) {
+      Gui::Do(screen, "Right");  // the screen beneath takes no key
+      EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+      EXPECT_EQ(Gui::TabWalk(form, static_cast<int>(order.count(' ')) + 2).join(' '),
+                order + ' ' + order.section(' ', 0, 0));
       form.close();
     });
-    Gui::Click(Screen1(), "Modules");
-    Gui::Key(Screen1(), row.Letter);  // nothing without Alt
-    Gui::Key(Screen1(), row.Letter, Qt::AltModifier);
-    EXPECT_TRUE(script.Done()) << row.Form;
-    EXPECT_EQ(FormLife::Active(), &Screen1()) << row.Form;
-    // Only the glossary closes the menus.
-    EXPECT_EQ(Gui::Find(Screen1(), "Main_Menu_frm")->isVisible(), row.Letter != Qt::Key_G) << row.Form;
-    if (row.Letter != Qt::Key_G) Gui::Click(Screen1(), "Modules");
+    // Nothing without Alt; only the glossary closes the menus.
+    const bool closes = name == "Glossary";
+    Gui::Play(screen, "active Main_Menu_frm page",
+              {{"click Modules, " + letter + ", Alt+" + letter,
+                QString("Form1|%1|rt0101 0001.txm").arg(closes ? "-" : "shown")}});
+    EXPECT_TRUE(script.Done()) << name.toStdString();
+    if (!closes) Gui::Do(screen, "click Modules");
   }
-  EXPECT_EQ(PageText(), "rt0101 0001.txm");
-  Gui::Key(Screen1(), Qt::Key_C, Qt::AltModifier);  // there is no other course
-  EXPECT_EQ(FormLife::Active(), &Screen1());
   gAllModules = 1;
   messages.Take();
-  Gui::Key(Screen1(), Qt::Key_R, Qt::AltModifier);
+  Gui::Do(screen, "Alt+C, Alt+R");  // there is no other course
+  EXPECT_EQ(FormLife::Active(), &screen);
   EXPECT_EQ(messages.Take().size(), 1);
-  Gui::Key(Screen1(), Qt::Key_M, Qt::AltModifier);
-  EXPECT_TRUE(Screen1().isMinimized());
+  Gui::Do(screen, "Alt+M");
+  EXPECT_TRUE(screen.isMinimized());
 }
 
 TEST_F(KeyboardTest, TheArrowsTurnAndReturnByWhatIsHeld) {
-  Read();
-  struct Row {
-    Qt::Key Arrow;
-    Qt::KeyboardModifiers Held;
-    const char* Page;
-  };
-  const Row rows[] = {
-      {Qt::Key_Left, {}, "0001"},  // disabled
-      {Qt::Key_Left, Qt::AltModifier, "0001"},
-      {Qt::Key_Right, Qt::AltModifier, "0001"},
-      {Qt::Key_Right, Qt::ShiftModifier, "0001"},
-      {Qt::Key_Right, {}, "0002"},
-      {Qt::Key_Right, {}, "0003"},
-      {Qt::Key_Left, Qt::ShiftModifier, "0002"},
-      {Qt::Key_Left, Qt::AltModifier, "0001"},
-      {Qt::Key_Left, Qt::ShiftModifier, "0001"},
-      {Qt::Key_Right, {}, "0002"},
-      {Qt::Key_Left, {}, "0001"},
-  };
-  for (const Row& row : rows) {
-    Gui::Click(Screen1(), "Modules");
-    const bool turns = PageText() != QStringLiteral("rt0101 %1.txm").arg(QLatin1String(row.Page));
-    Gui::Key(Screen1(), row.Arrow, row.Held);
-    EXPECT_EQ(PageText(), QStringLiteral("rt0101 %1.txm").arg(QLatin1String(row.Page)));
-    EXPECT_EQ(Gui::Find(Screen1(), "Main_Menu_frm")->isVisible(), !(turns && row.Held == Qt::NoModifier));
+  Form1& screen = Read();
+  for (const auto& [keys, page, menu] : {std::tuple{"Left", "0001", "shown"},  // disabled
+                                         {"Alt+Left", "0001", "shown"},
+                                         {"Alt+Right", "0001", "shown"},
+                                         {"Shift+Right", "0001", "shown"},
+                                         {"Right", "0002", "-"},
+                                         {"Right", "0003", "-"},
+                                         {"Shift+Left", "0002", "shown"},
+                                         {"Alt+Left", "0001", "shown"},
+                                         {"Right", "0002", "-"},
+                                         {"Left", "0001", "-"}}) {
+    Gui::Play(screen, "page Main_Menu_frm",
+              {{QString("click Modules, ") + keys, QString("rt0101 %1.txm|%2").arg(page, menu)}});
     for (const char* button : {"NextBtn", "Prev", "Return_Btn"})
-      EXPECT_NE(Button(button).Shown(), Look::On) << button;
-    if (Gui::Find(Screen1(), "Main_Menu_frm")->isVisible()) Gui::Click(Screen1(), "Modules");
+      EXPECT_NE(LookOf(button), Look::On) << button;
+    if (menu != QLatin1String("-")) Gui::Do(screen, "click Modules");
   }
 }
 
 TEST_F(KeyboardTest, AltMayBeLetGoOfBeforeItsKey) {
-  Read();
-  Gui::Key(Screen1(), Qt::Key_Right);
-  QTest::keyPress(Screen1().windowHandle(), Qt::Key_Left, Qt::AltModifier);
-  QTest::keyRelease(Screen1().windowHandle(), Qt::Key_Left);
+  Form1& screen = Read();
+  Gui::Do(screen, "Right");
+  QTest::keyPress(screen.windowHandle(), Qt::Key_Left, Qt::AltModifier);
+  QTest::keyRelease(screen.windowHandle(), Qt::Key_Left);
   EXPECT_EQ(PageText(), "rt0101 0001.txm");
   EXPECT_FALSE(Button("Return_Btn").Enabled());  // a return, and not a page back
 }
 
 TEST_F(KeyboardTest, ThePageScrollsAndGrowsWhereverTheFocusIs) {
   Form1& screen = Read();
-  store.Write("rt0101/0002.txm",
-              QByteArray(30, ' ') + "{\\rtf1 " + QByteArray("a\\par ").repeated(300) + "}");
-  Gui::Key(screen, Qt::Key_Right);
-  TextControl& page = PageView();
-  const QScrollBar& bar = *page.verticalScrollBar();
-  for (Control* control : {static_cast<Control*>(&page), static_cast<Control*>(&Button("Modules"))}) {
-    control->SetFocus();
-    const double height = page.document()->size().height();
-    Gui::Key(screen, Qt::Key_PageDown);
-    EXPECT_GT(bar.value(), 0);
-    Gui::Key(screen, Qt::Key_End);
-    EXPECT_EQ(bar.value(), bar.maximum());
-    Gui::Key(screen, Qt::Key_PageUp);
-    EXPECT_LT(bar.value(), bar.maximum());
-    Gui::Key(screen, Qt::Key_Home);
-    EXPECT_EQ(bar.value(), 0);
-    Gui::Key(screen, Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_GT(page.document()->size().height(), height);
-    Gui::Key(screen, Qt::Key_0, Qt::ControlModifier);
-    EXPECT_EQ(page.document()->size().height(), height);
+  store.Write("rt0101/0002.txm", PageFile(QString("a\\par ").repeated(300)));
+  Gui::Do(screen, "Right");
+  const QScrollBar& bar = *PageView().verticalScrollBar();
+  const auto valueBehind = [&](const char* keys) {
+    Gui::Do(screen, keys);
+    return bar.value();
+  };
+  for (const char* control : {"focus TXTextControl1", "focus Modules"}) {
+    const int end = bar.maximum();
+    Gui::Do(screen, control);
+    EXPECT_GT(valueBehind("PgDown"), 0);
+    EXPECT_EQ(valueBehind("End"), end);
+    EXPECT_LT(valueBehind("PgUp"), end);
+    EXPECT_EQ(valueBehind("Home"), 0);
+    Gui::Do(screen, "Ctrl++");
+    EXPECT_GT(bar.maximum(), end);
+    Gui::Do(screen, "Ctrl+0");
+    EXPECT_EQ(bar.maximum(), end);
   }
   EXPECT_EQ(gPageList.GetCurrentPageName(), "0002.txm");
 }
@@ -158,22 +147,13 @@ TEST_F(KeyboardTest, EscapeInTheExitQuestionAnswersNoAndDoesNotAskAgain) {
 
 TEST_F(KeyboardTest, TabReachesEveryControlAndEnterAndSpacePressIt) {
   Form1& screen = Read();
-  Gui::Key(screen, Qt::Key_Right);
-  Gui::Find(screen, "TXTextControl1")->setFocus();
+  Gui::Do(screen, "Right, focus TXTextControl1");
   EXPECT_EQ(Gui::TabWalk(screen, 8), QStringList({"TXTextControl1", "Exit_Pic", "Min_btn", "toolBar_But",
                                                   "Modules", "Return_Btn", "Prev", "NextBtn"}));
-  Button("NextBtn").setFocus();
-  Gui::Key(screen, Qt::Key_Return);
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
-  EXPECT_EQ(Button("NextBtn").Shown(), Look::Off);  // the pointer is elsewhere
-  Button("Prev").setFocus();
-  Gui::Key(screen, Qt::Key_Space);
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");
-  EXPECT_EQ(Button("Prev").Shown(), Look::Off);
-  Button("Return_Btn").setFocus();
-  Gui::Key(screen, Qt::Key_Return);
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
-  EXPECT_EQ(Button("Return_Btn").Shown(), Look::Off);
+  Gui::Play(screen, "page NextBtn Prev Return_Btn",  // the pointer is elsewhere: nothing is lit
+            {{"focus NextBtn, Return", "rt0101 0003.txm|off|off|off"},
+             {"focus Prev, Space", "rt0101 0002.txm|off|off|off"},
+             {"focus Return_Btn, Return", "rt0101 0003.txm|off|off|off"}});
 }
 
 }  // namespace

@@ -3,15 +3,11 @@
 
 #include "coursescreen/SlideMenu.h"
 #include "frame/ProgramState.h"
-#include "learners/ProfileBox.h"
-#include "platform/forms/Screen.h"
-#include "platform/grid/FlexGrid.h"
 #include "reference/Glossary.h"
+#include "support/Play.h"
 #include "support/Program.h"
 
 namespace {
-
-using Look = SkinButton::Look;
 
 class MenusTest : public ProgramTest {
  protected:
@@ -32,165 +28,102 @@ class MenusTest : public ProgramTest {
   }
 
   static Form1& Screen1() { return Default<Form1>(); }
-  static QRect PlaceOf(const char* name) { return Gui::Find(Screen1(), name)->geometry(); }
-  static bool Visible(const char* name) { return Gui::Find(Screen1(), name)->isVisible(); }
-  static QStringList Lit(const QString& slice, int count) {
-    QStringList lit;
-    for (int i = 0; i < count; ++i) {
-      const QString name = slice + QStringLiteral("(%1)").arg(i);
-      const auto* row = dynamic_cast<SkinButton*>(Screen1().findChild<QWidget*>(name));
-      if (row != nullptr && row->Shown() == Look::On) lit.append(name);
+  static QRect PlaceOf(const QString& name) { return Gui::Find(Screen1(), name)->geometry(); }
+  static void Do(const QString& steps) { Gui::Do(Screen1(), steps); }
+  // What stands open, and which row of each is lit.
+  static QString Open() {
+    QStringList open;
+    for (const auto& [window, slice] : {std::pair{"Main_Menu_frm", "MenuSlice"},
+                                        {"Main_Topic_frm", "TopicSlice"},
+                                        {"Main_Tool_frm", "toolBar_Slice"}}) {
+      if (!Gui::Find(Screen1(), window)->isVisible()) continue;
+      QString lit = QString(window).section('_', 1, 1);
+      for (int row = 0; row < 20; ++row) {
+        const QString name = QString("%1(%2)").arg(slice).arg(row);
+        if (Gui::Seen(Screen1(), name) == "on") lit += ' ' + QString::number(row);
+      }
+      open.append(lit);
     }
-    return lit;
+    return open.join(", ");
   }
-  static void Click(const QString& name) { Gui::Click(Screen1(), name); }
-  static void Point(const QString& name) { Gui::MoveTo(Screen1(), name); }
-  static void Key(Qt::Key key) { Gui::Key(Screen1(), key); }
-  static void Press(const char* name) {
-    Point(name);
-    QTest::mousePress(Screen1().windowHandle(), Qt::LeftButton, {}, Middle(name));
+  static void Expect(std::initializer_list<Gui::Step> steps) {
+    for (const Gui::Step& step : steps) {
+      Do(step.Does);
+      EXPECT_EQ(Open(), step.Sees) << "behind: " << step.Does.toStdString();
+    }
   }
-  static void Release(const char* name) {
-    QTest::mouseRelease(Screen1().windowHandle(), Qt::LeftButton, {}, Middle(name));
-  }
-  void OpenTopicsOf(int module) {
-    Click("Modules");
-    Point(QStringLiteral("MenuSlice(%1)").arg(module));
-    clock.Advance(500);
-  }
-
- private:
-  static QPoint Middle(const char* name) {
-    const QWidget* widget = Gui::Find(Screen1(), name);
-    return widget->mapTo(&Screen1(), widget->rect().center());
+  static void OpenTopicsOf(int module) {
+    Do(QString("click Modules, point MenuSlice(%1), wait 500").arg(module));
   }
 };
 
 // Pixels, the same on every display: a row is 33 high with a gap of 4, and the button's top lies at 735.
-struct Windows {
-  int Rows;
-  int ModuleHeight, TopicHeight;
-  bool Scrolls;
-};
-
-class WindowsTest : public MenusTest, public ::testing::WithParamInterface<Windows> {};
-
-TEST_P(WindowsTest, StandOnTheirLowerEdgesAndScrollBeyondTenRows) {
-  const Windows& expected = GetParam();
-  Read(expected.Rows, expected.Rows);
-  OpenTopicsOf(0);
-  const int bottom = 735 - 18 - 8;
-  EXPECT_EQ(PlaceOf("Main_Menu_frm"), QRect(0, bottom - expected.ModuleHeight, 347, expected.ModuleHeight));
-  const int edge = bottom - expected.ModuleHeight + 37;  // of the module's row
-  EXPECT_EQ(PlaceOf("Main_Topic_frm"), QRect(346, edge - expected.TopicHeight, 335, expected.TopicHeight));
-  EXPECT_EQ(Visible("MenuScrlDwn"), expected.Scrolls);
-  EXPECT_EQ(Visible("TopicScrlDwn"), expected.Scrolls);
-  EXPECT_FALSE(Visible("MenuScrlUp") || Visible("TopicScrlup"));
-  const int lowest = std::min(expected.Rows, SlideMenu::kWindowRows) - 1;
-  const QString last = QStringLiteral("(%1)").arg(lowest);
-  EXPECT_EQ(PlaceOf(qPrintable("MenuSlice" + last)), QRect(0, 37 * lowest, 347, 33));
-  EXPECT_EQ(PlaceOf(qPrintable("TopicSlice" + last)), QRect(0, 37 * lowest, 326, 33));
-  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2" + last)->geometry(),
-            Gui::Find<Label>(Screen1(), "Label2(0)")->geometry());
+TEST_F(MenusTest, TheWindowsStandOnTheirLowerEdgesAndScrollBeyondTenRows) {
+  for (const auto& [rows, height] : {std::pair{1, 37}, {2, 74}, {10, 370}, {11, 366}}) {
+    SCOPED_TRACE(rows);
+    Read(rows, rows);
+    OpenTopicsOf(0);
+    const int bottom = 735 - 18 - 8, edge = bottom - height + 37;  // of the module's row
+    EXPECT_EQ(PlaceOf("Main_Menu_frm"), QRect(0, bottom - height, 347, height));
+    EXPECT_EQ(PlaceOf("Main_Topic_frm"), QRect(346, edge - height, 335, height));
+    EXPECT_EQ(Gui::Seen(Screen1(), "MenuScrlDwn TopicScrlDwn MenuScrlUp TopicScrlup"),
+              rows > SlideMenu::kWindowRows ? "off|off|-|-" : "-|-|-|-");
+    const int lowest = std::min(rows, SlideMenu::kWindowRows) - 1;
+    const QString last = QString("(%1)").arg(lowest);
+    EXPECT_EQ(PlaceOf("MenuSlice" + last), QRect(0, 37 * lowest, 347, 33));
+    OneCopyAgain();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Menus, WindowsTest,
-                         ::testing::Values(Windows{1, 37, 37, false}, Windows{2, 74, 74, false},
-                                           Windows{10, 370, 370, false}, Windows{11, 366, 366, true}),
-                         [](const auto& row) { return "Of" + std::to_string(row.param.Rows); });
 
 TEST_F(MenusTest, WhateverIsClickedClosesWhatIsOpen) {
   Read(3);
   // What is clicked, and the menu that it opens.
-  const std::pair<const char*, QString> rows[] = {{"NextBtn", {}},
-                                                  {"Prev", {}},
-                                                  {"Label1", {}},
-                                                  {"CourseNameLbl", {}},
-                                                  {"TXTextControl1", {}},
-                                                  {"Return_Btn", {}},
-                                                  {"Modules", "Main_Menu_frm"},
-                                                  {"toolBar_But", "Main_Tool_frm"}};
-  const auto open = [] {
-    QStringList windows{"Main_Menu_frm", "Main_Topic_frm", "Main_Tool_frm"};
-    windows.removeIf([](const QString& name) { return !Gui::Find(Screen1(), name)->isVisible(); });
-    return windows.join(' ');
-  };
-  for (const auto& [clicked, window] : rows) {
+  for (const auto& [clicked, window] : {std::pair{"NextBtn", ""},
+                                        {"Prev", ""},
+                                        {"Label1", ""},
+                                        {"CourseNameLbl", ""},
+                                        {"TXTextControl1", ""},
+                                        {"Return_Btn", ""},
+                                        {"Modules", "Menu"},
+                                        {"toolBar_But", "Tool"}}) {
     SCOPED_TRACE(clicked);
+    const QString click = QString("click ") + clicked;
+    const bool tools = window == QLatin1String("Tool");
     OpenTopicsOf(0);
-    EXPECT_EQ(open(), "Main_Menu_frm Main_Topic_frm");
-    Click(clicked);
-    EXPECT_EQ(open(), window == "Main_Menu_frm" ? "" : window);
-    EXPECT_EQ(LookOf("Modules"), Look::Off);
-    if (window != "Main_Tool_frm") Click("toolBar_But");
-    EXPECT_EQ(open(), "Main_Tool_frm");
-    Click(clicked);
-    EXPECT_EQ(open(), window == "Main_Tool_frm" ? "" : window);
-    if (window == "Main_Menu_frm") Click(clicked);
+    Expect({{"", "Menu 0, Topic"}, {click, tools ? "Tool" : ""}});
+    Expect({{tools ? "" : "click toolBar_But", "Tool"}, {click, tools ? "" : window}});
+    if (!tools && *window != '\0') Do(click);
   }
 }
 
 TEST_F(MenusTest, TopicsOpenForTheModuleThatThePointerRestsOn) {
   Read(3);
-  Click("Modules");
-  Point("MenuSlice(0)");
-  clock.Advance(499);
-  Point("MenuSlice(2)");  // the wait begins anew
-  clock.Advance(499);
-  EXPECT_FALSE(Visible("Main_Topic_frm"));
-  clock.Advance(1);
-  EXPECT_TRUE(Visible("Main_Topic_frm"));
-  EXPECT_EQ(Lit("MenuSlice", 3), QStringList{"MenuSlice(2)"});
-  Click("MenuSlice(1)");  // modules lead nowhere
+  Expect({{"click Modules, point MenuSlice(0), wait 499, point MenuSlice(2), wait 499",
+           "Menu 2"},  // begins anew
+          {"wait 1", "Menu 2, Topic"},
+          {"click MenuSlice(1)", "Menu 1, Topic"},  // modules lead nowhere
+          {"click Modules", ""},
+          {"click Modules, point MenuSlice(1), point Picture2, wait 500",
+           "Menu 1, Topic"},  // it has left the row
+          {"click Modules", ""},
+          {"click Modules, point MenuSlice(1), click Modules, wait 500", ""}});  // not behind a closed menu
   EXPECT_EQ(PageText(), "rt0000 0001.txm");
 }
 
 TEST_F(MenusTest, ADiagonalWayToATopicOverAnotherModuleLeavesTheTopicsOpen) {
   Read(3);
   OpenTopicsOf(2);
-  Point("MenuSlice(1)");
-  clock.Advance(300);
-  Point("TopicSlice(1)");
-  clock.Advance(1000);
-  EXPECT_EQ(Lit("TopicSlice", 2), QStringList{"TopicSlice(1)"});
-  EXPECT_EQ(Lit("MenuSlice", 3), QStringList{"MenuSlice(2)"});
-}
-
-TEST_F(MenusTest, TopicsOpenThoughThePointerHasLeftTheRowAndNotBehindAClosedMenu) {
-  Read(3);
-  Click("Modules");
-  Point("MenuSlice(1)");
-  Point("Picture2");
-  clock.Advance(500);
-  EXPECT_TRUE(Visible("Main_Topic_frm"));
-  Click("Modules");
-  Click("Modules");
-  Point("MenuSlice(1)");
-  Click("Modules");
-  clock.Advance(500);
-  EXPECT_FALSE(Visible("Main_Topic_frm"));
-}
-
-TEST_F(MenusTest, TabLeavesAnOpenMenuForThePage) {
-  Read(3);
-  Click("toolBar_But");
-  Point("toolBar_Slice(4)");
-  Key(Qt::Key_Tab);
-  EXPECT_FALSE(Visible("Main_Tool_frm"));
-  Key(Qt::Key_Return);
-  EXPECT_EQ(LoadedForm<ProfileBox>(), nullptr);
+  Expect({{"point MenuSlice(1), wait 300, point TopicSlice(1), wait 1000", "Menu 2, Topic 1"}});
 }
 
 TEST_F(MenusTest, UpBeginsAtTheLastModuleAndScrollsBackToTheFirst) {
   Read(12);
-  Click("Modules");
+  Do("click Modules");
   for (int module = 11; module >= 0; --module) {
-    Key(Qt::Key_Up);
-    EXPECT_EQ(Lit("MenuSlice", 12), QStringList{QStringLiteral("MenuSlice(%1)").arg(module)});
-    const QWidget* row = Gui::Find(Screen1(), QStringLiteral("MenuSlice(%1)").arg(module));
+    Expect({{"Up", QString("Menu %1").arg(module)}});
+    const QWidget* row = Gui::Find(Screen1(), QString("MenuSlice(%1)").arg(module));
     EXPECT_EQ(row->visibleRegion().boundingRect(), row->rect()) << module;
   }
-  EXPECT_FALSE(Visible("MenuScrlUp"));
 }
 
 TEST_F(MenusTest, AModuleWithoutTopicsOpensNothing) {
@@ -199,104 +132,61 @@ TEST_F(MenusTest, AModuleWithoutTopicsOpensNothing) {
   store.AddCourse("Cash desk", "rt0101rt0103");
   ReadAs("Ann", "Lee");
   OpenTopicsOf(0);
-  EXPECT_TRUE(Visible("Main_Topic_frm"));
-  Point("MenuSlice(1)");
-  clock.Advance(500);
-  EXPECT_FALSE(Visible("Main_Topic_frm"));
-  clock.Advance(5000);
+  Expect({{"", "Menu 0, Topic"}, {"point MenuSlice(1), wait 500", "Menu 1"}, {"wait 5000", "Menu 1"}});
   EXPECT_EQ(messages.Take(), QStringList());
 }
 
 TEST_F(MenusTest, ATopicIsReachedByItsNameAndTheWayBackIsKept) {
   Read(3, 4);
   OpenTopicsOf(1);
-  Point("TopicSlice(1)");
-  EXPECT_EQ(Lit("TopicSlice", 2), QStringList{"TopicSlice(1)"});
-  EXPECT_EQ(Lit("MenuSlice", 3), QStringList{"MenuSlice(1)"});
-  Click("TopicSlice(1)");
-  EXPECT_EQ(PageText(), "rt0001 0002.txm");
-  EXPECT_EQ(Header(), "Module 1 : Topic 1");
+  Expect({{"point TopicSlice(1)", "Menu 1, Topic 1"}, {"click TopicSlice(1)", ""}});
+  EXPECT_EQ(Gui::Seen(Screen1(), "page Label1 Prev"), "rt0001 0002.txm|Module 1 : Topic 1|off");
   EXPECT_TRUE(Progress("Ann Lee", "Cash desk").contains("\"rt0001\",\"_Topic 1_\""));
-  EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
-  EXPECT_TRUE(Lit("TopicSlice", 2).isEmpty() && Lit("MenuSlice", 3).isEmpty());
-  EXPECT_EQ(LookOf("Prev"), Look::Off);
-  Click("Return_Btn");
-  EXPECT_EQ(PageText(), "rt0000 0001.txm");
+  Gui::Play(Screen1(), "page", {{"click Return_Btn", "rt0000 0001.txm"}});
 }
 
 TEST_F(MenusTest, ElevenModulesTakeOneStepAndTheArrowGoesWithTheSecondPress) {
   Read(11);
-  Click("Modules");
-  const auto press = [](const char* arrow) {
-    Press(arrow);
-    Release(arrow);
-  };
-  press("MenuScrlDwn");
-  EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
-  EXPECT_EQ(PlaceOf("MenuSlice(10)"), QRect(0, 370, 347, 33));
-  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2(10)")->Caption(), "Module 10");
-  EXPECT_TRUE(Visible("MenuScrlDwn") && Visible("MenuScrlUp"));
-  press("MenuScrlDwn");
-  EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
-  EXPECT_FALSE(Visible("MenuScrlDwn"));
-  press("MenuScrlUp");
-  EXPECT_EQ(PlaceOf("MenuFrame").top(), 0);
-  EXPECT_TRUE(Visible("MenuScrlDwn"));
-  EXPECT_FALSE(Visible("MenuScrlUp"));
+  Do("click Modules");
+  const std::tuple<QString, int, QString> rows[] = {
+      {"MenuScrlDwn", -37, "on|off"}, {"MenuScrlDwn", -37, "-|off"}, {"MenuScrlUp", 0, "off|-"}};
+  for (const auto& [arrow, top, arrows] : rows) {
+    Gui::Play(Screen1(), "MenuScrlDwn MenuScrlUp", {{"press " + arrow + ", release " + arrow, arrows}});
+    EXPECT_EQ(PlaceOf("MenuFrame").top(), top);
+  }
+  EXPECT_EQ(Gui::Seen(Screen1(), "Label2(9)"), "Module 9");
 }
 
-struct HeldArrow {
-  const char *Down, *Up, *Frame;
-  int Repeat;  // ms
-};
-
-class HeldArrowTest : public MenusTest, public ::testing::WithParamInterface<HeldArrow> {};
-
-TEST_P(HeldArrowTest, ScrollsOnUntilTheEndOrTheRelease) {
-  const HeldArrow& arrow = GetParam();
+TEST_F(MenusTest, AHeldArrowScrollsOnUntilTheEndOrTheRelease) {
   Read(20, 20);
   OpenTopicsOf(0);
-  const auto steps = [&arrow] { return -PlaceOf(arrow.Frame).top() / 37; };
-  Press(arrow.Down);
-  EXPECT_EQ(LookOf(arrow.Down), Look::On);
-  EXPECT_EQ(steps(), 1);
-  clock.Advance(499);
-  EXPECT_EQ(steps(), 1);
-  clock.Advance(1);
-  EXPECT_EQ(steps(), 2);
-  clock.Advance(2 * arrow.Repeat);
-  EXPECT_EQ(steps(), 4);
-  Release(arrow.Down);
-  clock.Advance(2000);
-  EXPECT_EQ(steps(), 4);
-  Press(arrow.Down);
-  clock.Advance(5000);
-  EXPECT_EQ(steps(), 10);  // the last row is at the lower edge
-  EXPECT_FALSE(Visible(arrow.Down));
-  EXPECT_TRUE(Visible(arrow.Up));
-  Release(arrow.Frame);
-  Press(arrow.Up);
-  clock.Advance(5000);
-  EXPECT_EQ(steps(), 0);
-  EXPECT_FALSE(Visible(arrow.Up));
-  EXPECT_TRUE(Visible(arrow.Down));
-  Release(arrow.Frame);
-  clock.Advance(5000);
-  EXPECT_EQ(steps(), 0);
+  const struct {
+    QString Down, Up, Frame;
+    int Repeat;  // ms
+  } arrows[] = {{"TopicScrlDwn", "TopicScrlup", "TopicFrame", 90},
+                {"MenuScrlDwn", "MenuScrlUp", "MenuFrame", 200}};
+  for (const auto& arrow : arrows) {
+    const auto stepsBehind = [&arrow](const QString& steps) {
+      Do(steps);
+      return -PlaceOf(arrow.Frame).top() / 37;
+    };
+    EXPECT_EQ(stepsBehind("press " + arrow.Down), 1);
+    EXPECT_EQ(LookOf(arrow.Down), SkinButton::Look::On);
+    EXPECT_EQ(stepsBehind("wait 499"), 1);
+    EXPECT_EQ(stepsBehind("wait 1"), 2);
+    EXPECT_EQ(stepsBehind(QString("wait %1").arg(2 * arrow.Repeat)), 4);
+    EXPECT_EQ(stepsBehind("release " + arrow.Down + ", wait 2000"), 4);
+    EXPECT_EQ(stepsBehind("press " + arrow.Down + ", wait 5000"), 10);  // the last row is at the lower edge
+    EXPECT_EQ(Gui::Seen(Screen1(), arrow.Down + ' ' + arrow.Up), "-|off");
+    EXPECT_EQ(stepsBehind("release " + arrow.Frame + ", press " + arrow.Up + ", wait 5000"), 0);
+    EXPECT_EQ(stepsBehind("release " + arrow.Frame + ", wait 5000"), 0);
+    EXPECT_EQ(Gui::Seen(Screen1(), arrow.Down + ' ' + arrow.Up), "off|-");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Menus, HeldArrowTest,
-                         ::testing::Values(HeldArrow{"MenuScrlDwn", "MenuScrlUp", "MenuFrame", 200},
-                                           HeldArrow{"TopicScrlDwn", "TopicScrlup", "TopicFrame", 90}),
-                         [](const auto& row) { return std::string(row.param.Frame); });
 
 TEST_F(MenusTest, TopicsOfAScrolledModuleStandAtItsRow) {
   Read(20);
-  Click("Modules");
-  Press("MenuScrlDwn");
-  Release("MenuScrlDwn");
-  Point("MenuSlice(5)");
-  clock.Advance(500);
+  Do("click Modules, press MenuScrlDwn, release MenuScrlDwn, point MenuSlice(5), wait 500");
   const QWidget* slice = Gui::Find(Screen1(), "MenuSlice(5)");
   const int rowBottom = slice->mapTo(&Screen1(), QPoint(0, slice->height())).y() + 4;
   EXPECT_EQ(PlaceOf("Main_Topic_frm").bottom() + 1, rowBottom);
@@ -304,56 +194,26 @@ TEST_F(MenusTest, TopicsOfAScrolledModuleStandAtItsRow) {
 
 TEST_F(MenusTest, TheKeysWorkTheMenusWithTheStatesOfTheMouse) {
   Read(12, 12);
-  Gui::Find(Screen1(), "Modules")->setFocus();
-  Key(Qt::Key_Return);
-  EXPECT_TRUE(Visible("Main_Menu_frm"));
-  for (int i = 0; i < 11; ++i)
-    Key(Qt::Key_Down);
-  EXPECT_EQ(Lit("MenuSlice", 12), QStringList{"MenuSlice(10)"});
-  EXPECT_EQ(PlaceOf("MenuFrame").top(), -37);
-  clock.Advance(500);
-  EXPECT_TRUE(Visible("Main_Topic_frm"));
-  Key(Qt::Key_Down);  // still among the modules
-  EXPECT_EQ(Lit("MenuSlice", 12), QStringList{"MenuSlice(11)"});
-  Key(Qt::Key_Return);
-  Key(Qt::Key_Down);
-  EXPECT_EQ(Lit("TopicSlice", 2), QStringList{"TopicSlice(1)"});
-  Key(Qt::Key_Escape);
-  EXPECT_FALSE(Visible("Main_Topic_frm"));
-  EXPECT_TRUE(Visible("Main_Menu_frm"));
-  Key(Qt::Key_Return);
-  Key(Qt::Key_Down);
-  Key(Qt::Key_Return);
+  Expect({{"focus Modules, Return", "Menu"},
+          {"Down x11", "Menu 10"},
+          {"wait 500", "Menu 10, Topic"},
+          {"Down", "Menu 11"},  // still among the modules, which have scrolled
+          {"Return, Down", "Menu 11, Topic 1"},
+          {"Esc", "Menu 11"},
+          {"Return, Down", "Menu 11, Topic 1"},
+          {"Return", ""}});
   EXPECT_EQ(PageText(), "rt0011 0002.txm");
-  EXPECT_FALSE(Visible("Main_Menu_frm"));
-}
-
-TEST_F(MenusTest, EscapeClosesAnOpenMenuAndAsksOnlyBehindIt) {
-  Read(2);
-  Gui::Find(Screen1(), "toolBar_But")->setFocus();
-  Key(Qt::Key_Space);
-  EXPECT_TRUE(Visible("Main_Tool_frm"));
-  Key(Qt::Key_Escape);
-  EXPECT_FALSE(Visible("Main_Tool_frm"));
-  EXPECT_TRUE(Gui::Find(Screen1(), "toolBar_But")->hasFocus());
-  EXPECT_EQ(messages.Take(), QStringList());
-  Key(Qt::Key_Escape);
-  EXPECT_EQ(messages.Take().size(), 1);
+  Expect({{"focus toolBar_But, Space", "Tool"}, {"Esc", ""}});
+  Gui::Play(Screen1(), "focus said",
+            {{"", "toolBar_But|"}, {"Esc", "toolBar_But|Are you sure you want to exit this course?"}});
+  Expect({{"click toolBar_But, point toolBar_Slice(4), Tab", ""}});  // Tab leaves the menu for the page
+  Gui::Play(Screen1(), "active", {{"Return", "Form1"}});
 }
 
 TEST_F(MenusTest, ARowHidesTheTipOfTheButtonThatThePointerCameFrom) {
   Read(2);
-  Click("Modules");
-  Point("NextBtn");
-  clock.Advance(700);
-  EXPECT_TRUE(Visible("ToolTip"));
-  Point("MenuSlice(0)");
-  EXPECT_FALSE(Visible("ToolTip"));
-}
-
-TEST_F(MenusTest, RowsAreMenuItemsWithTheirNames) {
-  Read(2);
-  Click("Modules");
+  Gui::Play(Screen1(), "ToolTip",
+            {{"click Modules, point NextBtn, wait 700", "shown"}, {"point MenuSlice(0)", "-"}});
   QAccessibleInterface* row = QAccessible::queryAccessibleInterface(Gui::Find(Screen1(), "MenuSlice(1)"));
   EXPECT_EQ(row->role(), QAccessible::MenuItem);
   EXPECT_EQ(row->text(QAccessible::Name), "Module 1");
@@ -364,13 +224,10 @@ TEST_F(MenusTest, TheSameScreenTakesTheRowsOfANewCourse) {
   OpenTopicsOf(0);
   gCourses.first().Modules.resize(2);
   screen.InitNewCourse();
-  EXPECT_FALSE(Visible("Main_Menu_frm") || Visible("Main_Topic_frm"));
-  EXPECT_EQ(screen.findChild<QWidget*>("MenuSlice(2)"), nullptr);
-  EXPECT_EQ(screen.findChild<QWidget*>("TopicSlice(1)"), nullptr);
+  EXPECT_EQ(Open() + Gui::Seen(screen, "MenuSlice(2) TopicSlice(1)"), "none|none");
   OpenTopicsOf(1);
   EXPECT_EQ(PlaceOf("Main_Menu_frm").height(), 74);
-  Click("TopicSlice(1)");
-  EXPECT_EQ(PageText(), "rt0001 0002.txm");
+  Gui::Play(screen, "page", {{"click TopicSlice(1)", "rt0001 0002.txm"}});
 }
 
 // The toolbar's items.
@@ -386,16 +243,10 @@ class ToolbarTest : public MenusTest {
 
 TEST_F(ToolbarTest, WithOneCourseThereIsNoneToChangeTo) {
   ReadOneOf(1);
-  Click("toolBar_But");
-  Point("toolBar_Slice(4)");
-  Point("toolBar_Slice(5)");
-  Click("toolBar_Slice(5)");
-  EXPECT_TRUE(Visible("Main_Tool_frm"));
-  EXPECT_EQ(LookOf("toolBar_Slice(5)"), Look::Disabled);
-  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label3(5)")->ForeColor(), 0x808080);
-  EXPECT_EQ(Lit("toolBar_Slice", 7), QStringList{"toolBar_Slice(4)"});
-  Key(Qt::Key_Down);  // steps over it
-  EXPECT_EQ(Lit("toolBar_Slice", 7), QStringList{"toolBar_Slice(6)"});
+  Expect({{"click toolBar_But, point toolBar_Slice(4), point toolBar_Slice(5), click toolBar_Slice(5)",
+           "Tool 4"},
+          {"Down", "Tool 6"}});  // steps over it
+  EXPECT_EQ(Gui::Seen(Screen1(), "toolBar_Slice(5) Label3(5):fore"), "disabled|808080");
 }
 
 TEST_F(ToolbarTest, TheOtherItemsOpenTheirScreensOverTheCourse) {
@@ -406,14 +257,13 @@ TEST_F(ToolbarTest, TheOtherItemsOpenTheirScreensOverTheCourse) {
                                     {"toolBar_Slice(4)", "ProfileBox"},
                                     {"toolBar_Slice(6)", "About"}}) {
     script.When(name, [](Form& form) {
-      EXPECT_FALSE(Visible("Main_Tool_frm"));
+      EXPECT_EQ(Open(), "");
       if (form.Name() == "ProfileBox") {
-        EXPECT_EQ(Gui::Find<TextBox>(form, "LastNameField")->Text(), "Lee");
+        EXPECT_EQ(Gui::Seen(form, "LastNameField"), "Lee");
       }
       form.close();
     });
-    Click("toolBar_But");
-    Click(slice);
+    Do(QString("click toolBar_But, click ") + slice);
     EXPECT_TRUE(script.Done()) << name;
   }
   EXPECT_EQ(messages.Take(), QStringList());
@@ -422,46 +272,35 @@ TEST_F(ToolbarTest, TheOtherItemsOpenTheirScreensOverTheCourse) {
 TEST_F(ToolbarTest, AnotherCourseComesUpAndTheFirstOneGoesOnWhereItWasLeft) {
   store.Write("Glossary/Glossary Warehouse.txt", "^W%Wall~An end.^Z");
   ReadOneOf(2);
-  const auto firstLetter = [] {
-    return Gui::Find<FlexGrid>(*LoadedForm<Glossary>(), "MSFlexGrid2")->TextMatrix(0, 0);
-  };
-  EXPECT_EQ(firstLetter(), "");
-  Click("NextBtn");
   const auto change = [this](int course) {
-    Click("toolBar_But");
-    Click("toolBar_Slice(5)");
-    ASSERT_EQ(FormLife::Active()->Name(), "CourseSelection");
+    Gui::Play(Screen1(), "active", {{"click toolBar_But, click toolBar_Slice(5)", "CourseSelection"}});
     ChooseCourse(course);
     PassSplash();
     Gui::Settle();
+    // The page and the letters of the glossary.
+    return PageText() + Default<Glossary>().Document().Text().left(1);
   };
-  change(1);
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
-  EXPECT_EQ(firstLetter(), "W");
-  Click("Modules");
+  Do("click NextBtn");
+  EXPECT_EQ(change(1), "rt0102 0001.txmW");
+  Do("click Modules");
   EXPECT_EQ(PlaceOf("Main_Menu_frm").height(), 37);
-  EXPECT_EQ(Gui::Find<Label>(Screen1(), "Label2(0)")->Caption(), "Goods");
-  change(0);
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");
-  EXPECT_EQ(firstLetter(), "");
-  Click("NextBtn");
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
+  EXPECT_EQ(Gui::Seen(Screen1(), "Label2(0)"), "Goods");
+  EXPECT_EQ(change(0), "rt0101 0002.txm");
+  Gui::Play(Screen1(), "page", {{"click NextBtn", "rt0101 0003.txm"}});
   EXPECT_TRUE(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0003.txm\""));
 }
 
 TEST_F(ToolbarTest, ACancelledChoiceLeadsBackToTheCourse) {
   Form1& screen = ReadOneOf(2);
-  Click("toolBar_But");
-  Click("toolBar_Slice(5)");
+  const QString change = "click toolBar_But, click toolBar_Slice(5)";
+  Do(change);
   Form* choice = FormLife::Active();
   FormLife::SetActive(&screen);
-  Click("toolBar_But");
-  Click("toolBar_Slice(5)");
+  Do(change);
   EXPECT_EQ(FormLife::Active(), choice);  // comes forward again
   Gui::Click(*choice, "Cancel");
-  EXPECT_EQ(FormLife::Active(), &screen);
-  Click("NextBtn");
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  Gui::Play(screen, "active page",
+            {{"", "Form1|rt0101 0001.txm"}, {"click NextBtn", "Form1|rt0101 0002.txm"}});
 }
 
 }  // namespace

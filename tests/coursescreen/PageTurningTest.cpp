@@ -5,62 +5,43 @@
 #include "coursescreen/StackControl.h"
 #include "frame/ProgramState.h"
 #include "platform/RunTimeError.h"
+#include "support/Play.h"
 #include "support/ProgressLines.h"
 
 namespace {
 
-using Look = SkinButton::Look;
+using PageTurningTest = CourseScreenTest;
 
-class PageTurningTest : public CourseScreenTest {
- protected:
-  static void Click(const char* button, int times = 1) {
-    for (int i = 0; i < times; ++i)
-      Gui::Click(Default<Form1>(), button);
-  }
-  static void Next(int times = 1) { Click("NextBtn", times); }
-  static void Previous(int times = 1) { Click("Prev", times); }
-};
+const QString kNext = "click NextBtn", kPrevious = "click Prev", kReturn = "click Return_Btn";
 
 TEST_F(PageTurningTest, NextWalksThePagesAcrossTheModulesToTheEnd) {
-  Read();
-  QStringList seen{PageText()};
-  for (int i = 0; i < 6; ++i) {  // two more than there are pages
-    Next();
-    seen.append(PageText());
-  }
-  EXPECT_EQ(seen, QStringList({"rt0101 0001.txm", "rt0101 0002.txm", "rt0101 0003.txm", "rt0102 0001.txm",
-                               "rt0102 0002.txm", "rt0102 0002.txm", "rt0102 0002.txm"}));
-  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
-  EXPECT_EQ(Header(), "Goods : Returns");
-  EXPECT_EQ(Gui::Find<Label>(Default<Form1>(), "CourseNameLbl")->Caption(), "Cash desk");
+  Gui::Play(Read(), "page NextBtn Label1 CourseNameLbl",
+            {{kNext, "rt0101 0002.txm|on|Customers : Greeting|Cash desk"},
+             {kNext, "rt0101 0003.txm|on|Customers : Paying|Cash desk"},
+             {kNext, "rt0102 0001.txm|on|Goods : Returns|Cash desk"},
+             {kNext, "rt0102 0002.txm|disabled|Goods : Returns|Cash desk"},
+             {kNext, "rt0102 0002.txm|disabled|Goods : Returns|Cash desk"}});
   EXPECT_EQ(Progress("Ann Lee", "Cash desk"), ResumeBytes("rt0102", "0002.txm") +
                                                   ModuleBytes("rt0101", "_Greeting__Paying_") +
                                                   ModuleBytes("rt0102", "_Returns_"));
 }
 
 TEST_F(PageTurningTest, PreviousGoesBackToTheLastPageOfTheModuleBeforeAndStopsAtTheStart) {
-  Read();
-  Next(3);
-  Previous();
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
-  EXPECT_EQ(LookOf("NextBtn"), Look::Off);
-  Previous(3);  // one more than there are
-  EXPECT_EQ(PageText(), "rt0101 0001.txm");
-  EXPECT_EQ(LookOf("Prev"), Look::Disabled);
-  EXPECT_EQ(messages.Take(), QStringList());
+  Gui::Play(Read(), "page Prev said",
+            {{kNext + ", " + kNext + ", " + kNext, "rt0102 0001.txm|off|"},
+             {kPrevious, "rt0101 0003.txm|on|"},
+             {kPrevious + ", " + kPrevious + ", " + kPrevious, "rt0101 0001.txm|disabled|"}});
 }
 
 TEST_F(PageTurningTest, GoingBackStepsOverTestPagesAndGoingForwardShowsThem) {
   store.AddModule("rt0101", "Customers",
                   {"0001.txm*Topic*Greeting", "0002.txm*Test*", "0003.txm*Test*", "0004.txm*Page*"});
   store.AddModule("rt0102", "Goods", {"0001.txm*Topic*Returns"});
-  ReadAs("Ann", "Lee");
-  Next();
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");  // its questions are not there: a plain page
-  EXPECT_EQ(messages.Take(), QStringList{"Could not locate the assessment associated with this page."});
-  Next(2);
-  Previous();
-  EXPECT_EQ(PageText(), "rt0101 0001.txm");
+  const QString missing = "Could not locate the assessment associated with this page.";
+  Gui::Play(Read(), "page said",  // its questions are not there: a plain page
+            {{kNext, "rt0101 0002.txm|" + missing},
+             {kNext + ", " + kNext, "rt0101 0004.txm|" + missing},
+             {kPrevious, "rt0101 0001.txm|"}});
   EXPECT_EQ(gReturnStack.size(), 6);  // every step left a place
 }
 
@@ -68,69 +49,50 @@ TEST_F(PageTurningTest, ATestPageAtTheVeryStartDoesNotStopTheProgram) {
   store.AddModule("rt0101", "Customers", {"0001.txm*Test*", "0002.txm*Topic*Greeting"});
   store.AddModule("rt0102", "Goods", {"0001.txm*Topic*Returns"});
   store.AddLearner("Ann", "Lee", "Cash desk", "\"rt0101\",\"0002.txm\"\r\n");
-  ReadAs("Ann", "Lee");
-  Previous();
-  EXPECT_EQ(PageText(), "rt0101 0001.txm");
-  EXPECT_EQ(LookOf("Prev"), Look::Disabled);
-  Next();
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");
+  Gui::Play(Read(), "page Prev", {{kPrevious, "rt0101 0001.txm|disabled"}, {kNext, "rt0101 0002.txm|off"}});
 }
 
 TEST_F(PageTurningTest, ReturnGoesBackStepByStepAndRunsOut) {
-  Read();
-  EXPECT_EQ(LookOf("Return_Btn"), Look::Disabled);
-  Next(3);
-  Previous();
-  QStringList seen;
-  while (LookOf("Return_Btn") != Look::Disabled) {
-    Gui::Click(Default<Form1>(), "Return_Btn");
-    seen.append(PageText());
-  }
-  EXPECT_EQ(seen, QStringList({"rt0102 0001.txm", "rt0101 0003.txm", "rt0101 0002.txm", "rt0101 0001.txm"}));
-  EXPECT_EQ(Header(), "Customers : Greeting");
-  EXPECT_EQ(LookOf("Prev"), Look::Disabled);  // a return sets both buttons by the place
+  // A return sets both buttons by the place.
+  Gui::Play(Read(), "page Return_Btn Prev",
+            {{"", "rt0101 0001.txm|disabled|disabled"},
+             {kNext + ", " + kNext + ", " + kNext + ", " + kPrevious, "rt0101 0003.txm|off|on"},
+             {kReturn, "rt0102 0001.txm|on|off"},
+             {kReturn, "rt0101 0003.txm|on|off"},
+             {kReturn, "rt0101 0002.txm|on|off"},
+             {kReturn, "rt0101 0001.txm|disabled|disabled"}});
   EXPECT_THROW(PopReturnPoint(), RunTimeError);
 }
 
 TEST_F(PageTurningTest, TheStackKeepsTheOldestHundredAndOnePlaces) {
-  Read();
-  for (int i = 0; i < 60; ++i) {
-    Next();
-    Previous();
-  }
+  Form1& screen = Read();
+  for (int i = 0; i < 60; ++i)
+    Gui::Do(screen, kNext + ", " + kPrevious);
   EXPECT_EQ(gReturnStack.size(), 101);
   EXPECT_EQ(gReturnStack.last().PageName, "0001.txm");
 }
 
 TEST_F(PageTurningTest, APageThatCannotBeReadIsToldOnceAndNextGoesPastIt) {
-  Read();
+  Form1& screen = Read();
   const QByteArray leadIn(30, '#');
   for (const QByteArray& page : {QByteArray("short"), leadIn + "MZ\x90 no page", leadIn, QByteArray()}) {
     QFile::remove(store.Path("rt0101/0002.txm"));
     if (!page.isEmpty()) store.Write("rt0101/0002.txm", page);
-    Next();
-    const QStringList said = messages.Take();
-    ASSERT_EQ(said.size(), 1) << page.toStdString();
-    EXPECT_TRUE(said.first().contains("0002.txm")) << said.first().toStdString();
-    EXPECT_EQ(PageText(), "rt0101 0001.txm");
+    Gui::Play(screen, "page", {{kNext, "rt0101 0001.txm"}});
+    EXPECT_TRUE(messages.Take().join("|").contains("0002.txm")) << page.toStdString();
     EXPECT_TRUE(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0001.txm\""));
-    Next();
-    EXPECT_EQ(PageText(), "rt0101 0003.txm");
-    Previous(2);
-    EXPECT_EQ(PageText(), "rt0101 0001.txm");
-    EXPECT_EQ(messages.Take(), QStringList());
+    Gui::Play(screen, "page said",
+              {{kNext, "rt0101 0003.txm|"}, {kPrevious + ", " + kPrevious, "rt0101 0001.txm|"}});
   }
 }
 
 TEST_F(PageTurningTest, AModuleWhoseFirstOrLastPageIsMissingIsReadToItsEnd) {
   QFile::remove(store.Path("rt0102/0001.txm"));
   QFile::remove(store.Path("rt0102/0002.txm"));
-  Read();
-  Next(5);
+  Gui::Play(
+      Read(), "page NextBtn Label1",
+      {{kNext + ", " + kNext + ", " + kNext + ", " + kNext, "rt0101 0003.txm|disabled|Customers : Paying"}});
   EXPECT_EQ(messages.Take().size(), 2);
-  EXPECT_EQ(PageText(), "rt0101 0003.txm");
-  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
-  EXPECT_EQ(Header(), "Customers : Paying");
   EXPECT_EQ(Progress("Ann Lee", "Cash desk"),
             ResumeBytes("rt0101", "0003.txm") + ModuleBytes("rt0101", "_Greeting__Paying_"));
 }
@@ -140,65 +102,53 @@ TEST_F(PageTurningTest, AMissingPictureOfTheSkinStopsNoTurn) {
                               "backDis.jpg", "ReturnOn.jpg", "ReturnOff.jpg", "ReturnButtonDisabled.jpg"}) {
     QFile::remove(store.Path("GUIimages/" + QLatin1String(picture)));
   }
-  Read();
-  Next(4);
-  EXPECT_EQ(PageText(), "rt0102 0002.txm");
-  Previous();
-  EXPECT_EQ(PageText(), "rt0102 0001.txm");
-  Click("Return_Btn");
-  EXPECT_EQ(PageText(), "rt0102 0002.txm");
-  EXPECT_EQ(messages.Take(), QStringList());
+  Gui::Play(Read(), "page said",
+            {{kNext + ", " + kNext + ", " + kNext + ", " + kNext, "rt0102 0002.txm|"},
+             {kPrevious, "rt0102 0001.txm|"},
+             {kReturn, "rt0102 0002.txm|"}});
 }
 
 TEST_F(PageTurningTest, ACourseOfOnePageEndsThere) {
   QDir(store.Path("rt0102")).removeRecursively();
   store.AddModule("rt0101", "Customers", {"0001.txm*Topic*Greeting"});
   Form1& screen = Read();
-  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);  // the sign-in has seen to that
+  const QString watched = "page NextBtn said", shown = "rt0101 0001.txm|disabled|";
+  EXPECT_EQ(Gui::Seen(screen, watched), shown);  // the sign-in has seen to that
   screen.NextPage();
-  EXPECT_EQ(messages.Take(), QStringList{"The course \"Cash desk\" ends here."});
-  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
-  Previous();
-  EXPECT_EQ(LookOf("NextBtn"), Look::Disabled);
-  EXPECT_EQ(LookOf("Prev"), Look::Disabled);
-  EXPECT_EQ(PageText(), "rt0101 0001.txm");
-  EXPECT_EQ(messages.Take(), QStringList());
+  Gui::Play(screen, watched + " Prev",
+            {{"", shown + "The course \"Cash desk\" ends here.|off"}, {kPrevious, shown + "|disabled"}});
 }
 
 TEST_F(PageTurningTest, AMapWithABadLineIsToldWhenItsModuleOpens) {
   store.Write("rt0102/Map.txt", "map\r\nGoods\r\nmap\r\n0001.txm\r\n");
-  ReadAs("Ann", "Lee");
+  Form1& screen = Read();
   messages.Take();  // the catalogue told it already
-  Next(3);
+  Gui::Do(screen, kNext + ", " + kNext + ", " + kNext);
   EXPECT_TRUE(messages.Take().value(0).contains("0001.txm"));
   EXPECT_EQ(PageText(), "rt0101 0003.txm");  // the old page stays on the screen
 }
 
 TEST_F(PageTurningTest, AFailedSaveIsToldAndThePageTurnsAllTheSame) {
-  Read();
+  Form1& screen = Read();
   QFile::remove(store.DataPath("Ann Lee/Cash desk"));
   QDir().mkpath(store.DataPath("Ann Lee/Cash desk"));  // a folder in the file's place
-  Next();
+  Gui::Play(screen, "page", {{kNext, "rt0101 0002.txm"}});
   EXPECT_TRUE(messages.Take().value(0).contains("Cash desk"));
-  EXPECT_EQ(PageText(), "rt0101 0002.txm");
 }
 
 TEST_F(PageTurningTest, LeavingAsksRecordsAndEnds) {
   const QByteArray record = ResumeBytes("rt0101", "0001.txm") + ModuleBytes("rt0101", "");
-  const std::function<void(Form1&)> ways[] = {[](Form1& screen) { Gui::Key(screen, Qt::Key_Escape); },
-                                              [](Form1& screen) { Gui::Click(screen, "Exit_Pic"); },
-                                              [](Form1& screen) { screen.close(); }};
-  for (const auto& leave : ways) {
+  for (const char* leave : {"Esc", "click Exit_Pic", "close"}) {
     for (const bool damaged : {false, true}) {
       QDir(store.DataPath()).removeRecursively();
       Form1& screen = Read();
-      Next();
+      Gui::Do(screen, kNext);
       store.Write(store.DataPath("Ann Lee/Cash desk"), damaged ? QByteArray("\"rt0101\"") : record);
       messages.Take();
-      leave(screen);  // answered No
+      Gui::Do(screen, leave);  // answered No
       EXPECT_TRUE(screen.Shown());
       messages.Answer({MsgAnswer::Yes});
-      leave(screen);
+      Gui::Do(screen, leave);
       EXPECT_EQ(quits, 1);
       EXPECT_EQ(messages.Take().value(2).contains("Cash desk"), damaged);
       EXPECT_EQ(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0002.txm\""), !damaged);
