@@ -16,6 +16,7 @@
 #include "platform/forms/TextBox.h"
 #include "support/Gui.h"
 #include "support/Messages.h"
+#include "support/Play.h"
 #include "support/Store.h"
 
 namespace {
@@ -74,6 +75,13 @@ class TextControlTest : public ::testing::Test {
     QTextCursor cursor = Page().document()->find(text);
     cursor.setPosition(cursor.selectionStart() + 1);
     return Page().viewport()->mapTo(&form_, Page().cursorRect(cursor).center());
+  }
+
+  // How far a text begins below the upper edge, in pixels.
+  int TopOf(const QString& text) {
+    QTextCursor there = Page().document()->find(text);
+    there.setPosition(there.selectionStart());
+    return Page().cursorRect(there).top();
   }
 
   void ClickAt(QPoint point) {
@@ -177,8 +185,7 @@ TEST_F(TextControlTest, TakesBackTheLinksThatAScreenReaderHasWhenTheSizeChanges)
   Load(kPageLinks);
   QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&Page());
   const QAccessible::Id old = QAccessible::uniqueId(page->child(1));
-  Page().SetFocus();
-  Gui::Key(form_, Qt::Key_Plus, Qt::ControlModifier);
+  Gui::Do(form_, "focus TXTextControl1, Ctrl++");
   EXPECT_EQ(QAccessible::accessibleInterface(old), nullptr);
   ASSERT_EQ(page->childCount(), 2);
   EXPECT_EQ(page->child(1)->text(QAccessible::Name), "further down");
@@ -230,21 +237,14 @@ TEST_F(TextControlTest, ShowsPicturesOfAnHtmlPageOnlyFromTheProgramFolder) {
   }
 }
 
-TEST_F(TextControlTest, GoesBackToTheTopWithANewPage) {
-  Load(LongPage());
-  Page().verticalScrollBar()->setValue(100);
-  Load(LongPage());
-  EXPECT_EQ(Page().verticalScrollBar()->value(), 0);
-}
-
-TEST_F(TextControlTest, GoesToANamedPlaceInAnyCase) {
+TEST_F(TextControlTest, GoesToANamedPlaceInAnyCaseAndBackToTheTopWithANewPage) {
   Load(LongPage());
   Page().GoToPlace("no such place");
   EXPECT_EQ(Page().verticalScrollBar()->value(), 0);
   Page().GoToPlace("more");
-  QTextCursor there = Page().document()->find("here it is");
-  there.setPosition(there.selectionStart());
-  EXPECT_EQ(Page().cursorRect(there).top(), 0);
+  EXPECT_EQ(TopOf("here it is"), 0);
+  Load(LongPage());
+  EXPECT_EQ(Page().verticalScrollBar()->value(), 0);
 }
 
 const QByteArray kObjects =
@@ -311,11 +311,10 @@ TEST_F(TextControlTest, PaintsAnObjectExactlyWhereItSaysItStands) {
   Load("{\\*\\background{\\shp{\\*\\shpinst{\\sp{\\sn fillColor}{\\sv 255}}}}}" + kObjects);
   const QImage shown = Page().viewport()->grab().toImage();
   const QRect box = Page().ObjectRect(2);
-  EXPECT_EQ(shown.pixelColor(box.center()), QColor(Qt::white));
-  EXPECT_EQ(shown.pixelColor(box.left() + 1, box.top() + 1), QColor(Qt::white));
-  EXPECT_EQ(shown.pixelColor(box.right() - 1, box.bottom() - 1), QColor(Qt::white));
-  EXPECT_EQ(shown.pixelColor(box.right() + 3, box.center().y()), QColor(Qt::red));
-  EXPECT_EQ(shown.pixelColor(box.center().x(), box.bottom() + 3), QColor(Qt::red));
+  for (const QPoint& inside : {box.topLeft() + QPoint(1, 1), box.bottomRight() - QPoint(1, 1)})
+    EXPECT_EQ(shown.pixelColor(inside), QColor(Qt::white));
+  for (const QPoint& outside : {box.topLeft() - QPoint(3, 0), box.bottomRight() + QPoint(3, 3)})
+    EXPECT_EQ(shown.pixelColor(outside), QColor(Qt::red));
 }
 
 TEST_F(TextControlTest, MakesAnObjectCurrentByAClickOrByItsProperty) {
@@ -352,16 +351,11 @@ TEST_F(TextControlTest, FitsAPageWidthToTheControl) {
 
 TEST_F(TextControlTest, CopiesTheWordsOfADraggedSelectionAlone) {
   Load("first words\\par " + kObjects + " last words\\par");
-  const auto point = [this](const QString& word) {
-    QTextCursor cursor = Page().document()->find(word);
-    cursor.setPosition(cursor.selectionStart());
-    return Page().viewport()->mapTo(&form_, Page().cursorRect(cursor).center());
-  };
-  QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, point("words"));
-  QTest::mouseMove(form_.windowHandle(), point("last"));
-  QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, point("last"));
+  QTest::mousePress(form_.windowHandle(), Qt::LeftButton, {}, PlaceOf("words"));
+  QTest::mouseMove(form_.windowHandle(), PlaceOf("last"));
+  QTest::mouseRelease(form_.windowHandle(), Qt::LeftButton, {}, PlaceOf("last"));
   Gui::Key(form_, Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("words\ntop\n\nx\n"));
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("ords\ntop\n\nx\nl"));
   EXPECT_FALSE(QApplication::clipboard()->mimeData()->hasHtml());
   Gui::Type(form_, "typed");
   EXPECT_FALSE(Page().PlainText().contains("typed"));
@@ -398,19 +392,16 @@ TEST_F(TextControlTest, ChangesTheSizeOfAllPagesByCtrlAndAKey) {
   const QRect object = Page().ObjectRect(1);
   TakeLog();
   Page().SetFocus();
-  const struct {
-    Qt::Key Key;
-    int Times;
-    double Percent;
-  } rows[] = {{Qt::Key_Plus, 1, 110}, {Qt::Key_Equal, 2, 150}, {Qt::Key_Plus, 9, 300},
-              {Qt::Key_0, 1, 100},    {Qt::Key_Minus, 1, 90},  {Qt::Key_Minus, 9, 50}};
-  for (const auto& row : rows) {
-    for (int i = 0; i < row.Times; ++i)
-      Gui::Key(form_, row.Key, Qt::ControlModifier);
-    const double part = row.Percent / 100;
-    EXPECT_NEAR(SizeOf("x"), own * part, 0.3) << row.Percent;
-    EXPECT_NEAR(Page().ObjectRect(1).width(), object.width() * part, 1) << row.Percent;
-    EXPECT_EQ(other->ObjectRect(1).size(), Page().ObjectRect(1).size()) << row.Percent;
+  for (const auto& [keys, percent] : {std::pair{"Ctrl++", 110},
+                                      {"Ctrl+= x2", 150},
+                                      {"Ctrl++ x9", 300},
+                                      {"Ctrl+0", 100},
+                                      {"Ctrl+-", 90},
+                                      {"Ctrl+- x9", 50}}) {
+    Gui::Do(form_, keys);
+    EXPECT_NEAR(SizeOf("x"), own * percent / 100, 0.3) << percent;
+    EXPECT_NEAR(Page().ObjectRect(1).width(), object.width() * percent / 100.0, 1) << percent;
+    EXPECT_EQ(other->ObjectRect(1).size(), Page().ObjectRect(1).size()) << percent;
   }
   EXPECT_EQ(TakeLog(), QStringList());
   Load("\\fs24 x\\par");
@@ -422,15 +413,10 @@ TEST_F(TextControlTest, KeepsItsPlaceAndSelectionWhenTheSizeChanges) {
   Page().SetFocus();
   Page().FocusLink(1);
   Page().GoToPlace("more");
-  const auto top = [this] {
-    QTextCursor there = Page().document()->find("here it is");
-    there.setPosition(there.selectionStart());
-    return Page().cursorRect(there).top();
-  };
-  ASSERT_EQ(top(), 0);
-  for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_0}) {
-    Gui::Key(form_, key, Qt::ControlModifier);
-    EXPECT_NEAR(top(), 0, 1);
+  ASSERT_EQ(TopOf("here it is"), 0);
+  for (const char* key : {"Ctrl++", "Ctrl++", "Ctrl++", "Ctrl+-", "Ctrl+0"}) {
+    Gui::Do(form_, key);
+    EXPECT_NEAR(TopOf("here it is"), 0, 1);
     EXPECT_EQ(Page().FocusedLink(), 1);
   }
 }
@@ -440,9 +426,7 @@ TEST_F(TextControlTest, GrowsItsLettersAndNotItsTables) {
   const auto width = [this] { return Page().document()->size().width(); };
   const double own = width();
   const double margin = Page().document()->find("x").blockFormat().rightMargin();
-  Page().SetFocus();
-  for (int i = 0; i < 4; ++i)
-    Gui::Key(form_, Qt::Key_Plus, Qt::ControlModifier);
+  Gui::Do(form_, "focus TXTextControl1, Ctrl++ x4");
   EXPECT_NEAR(width(), own, 1);
   EXPECT_FALSE(Page().horizontalScrollBar()->isVisible());
   EXPECT_NEAR(Page().document()->find("x").blockFormat().rightMargin(), margin, 0.1);
@@ -473,8 +457,7 @@ TEST_F(TextControlTest, ChangesTheSizeByCtrlAndTheWheel) {
     EXPECT_EQ(Page().document() == shown, row.IsSamePage) << row.Turn.x() << ' ' << row.Turn.y();
   }
   const QTextDocument* shown = Page().document();
-  Page().SetFocus();
-  Gui::Key(form_, Qt::Key_Minus, Qt::ControlModifier);
+  Gui::Do(form_, "focus TXTextControl1, Ctrl+-");
   EXPECT_EQ(Page().document(), shown);
 }
 
