@@ -8,6 +8,7 @@
 #include "frame/Look.h"
 #include "frame/Settings.h"
 #include "platform/files/Paths.h"
+#include "platform/files/StoreLock.h"
 #include "platform/forms/DisplayScale.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/HeldKeys.h"
@@ -20,6 +21,10 @@ int main(int argc, char** argv) {
   const bool choosesX11 =
       qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
   if (choosesX11) qputenv("QT_QPA_PLATFORM", "xcb");
+  // No course is changed under a learner: whoever installs one looks for this lock. Without it reading goes
+  // on.
+  StoreLock courses;
+  courses.Take(ProgramFolder(), StoreLock::Use::Read);
   const QStringList problems = LoadInstallation();
   DisplayScale scale(ReadSettings().Scale, choosesX11 ? AskDisplaySize() : QSize(), kDesignSize);
   // A quarter of the start's work is reading the system's font configuration. It is done while Qt connects

@@ -16,6 +16,7 @@
 #include "coursekit/build/CourseOutput.h"
 #include "coursekit/build/PageNames.h"
 #include "coursekit/check/StoreCheck.h"
+#include "coursekit/install/Install.h"
 #include "coursekit/sources/CourseFile.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
@@ -131,12 +132,40 @@ KitExit New(const QString& folder, std::ostream& out) {
   return KitExit::Good;
 }
 
+QString RealFolder(const QString& path) {
+  return QFileInfo(RequireFolder(path)).canonicalFilePath();
+}
+
+KitExit Install(QString from, const QString& store, std::ostream& out, std::ostream& err) {
+  while (from.size() > 1 && from.endsWith(u'/'))
+    from.chop(1);
+  Findings findings;
+  const QString course = InstallCourse(from, RealFolder(store), findings);
+  Print(findings, from, err);
+  if (course.isEmpty()) return KitExit::ErrorsFound;
+  out << Bytes(KitText("installed", {course, store})) << '\n';
+  return KitExit::Good;
+}
+
+KitExit Remove(const QString& course, const QString& store, std::ostream& out) {
+  RemoveCourse(course, RealFolder(store));
+  out << Bytes(KitText("removed", {course, store})) << '\n';
+  return KitExit::Good;
+}
+
+KitExit List(const QString& store, std::ostream& out, std::ostream& err) {
+  for (const StoreCourse& course : ListCourses(RealFolder(store)))
+    out << Bytes(KitText("listed", {course.Name, course.Modules.join(u' '), course.Registry})) << '\n';
+  if (IsInstallCutShort(RealFolder(store))) err << Bytes(KitText("install-cut-short")) << '\n';
+  return KitExit::Good;
+}
+
 }  // namespace
 
 KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
   CLI::App app(Bytes(KitText("help")), "tallowmere-course");
   app.require_subcommand(1);
-  std::string source, output, folder;
+  std::string source, output, folder, store, course;
   CLI::App* make = app.add_subcommand("new", Bytes(KitText("help-new")));
   make->add_option("FOLDER", folder, Bytes(KitText("help-folder")))->required();
   CLI::App* build = app.add_subcommand("build", Bytes(KitText("help-build")));
@@ -144,6 +173,13 @@ KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostre
   build->add_option("-o,--output", output, Bytes(KitText("help-output")));
   CLI::App* check = app.add_subcommand("check", Bytes(KitText("help-check")));
   check->add_option("FOLDER", folder, Bytes(KitText("help-checked")))->required();
+  CLI::App* install = app.add_subcommand("install", Bytes(KitText("help-install")));
+  install->add_option("COURSE", folder, Bytes(KitText("help-installed")))->required();
+  CLI::App* remove = app.add_subcommand("remove", Bytes(KitText("help-remove")));
+  remove->add_option("COURSE", course, Bytes(KitText("help-removed")))->required();
+  CLI::App* list = app.add_subcommand("list", Bytes(KitText("help-list")));
+  for (CLI::App* verb : {install, remove, list})
+    verb->add_option("--store", store, Bytes(KitText("help-store")))->required();
   try {
     std::reverse(arguments.begin(), arguments.end());  // as CLI11 takes them
     app.parse(arguments);
@@ -153,6 +189,10 @@ KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostre
   try {
     if (make->parsed()) return New(QString::fromStdString(folder), out);
     if (check->parsed()) return Check(QString::fromStdString(folder), out, err);
+    const QString storeFolder = QString::fromStdString(store);
+    if (install->parsed()) return Install(QString::fromStdString(folder), storeFolder, out, err);
+    if (remove->parsed()) return Remove(QString::fromStdString(course), storeFolder, out);
+    if (list->parsed()) return List(storeFolder, out, err);
     return Build(QString::fromStdString(source), QString::fromStdString(output), out, err);
   } catch (const RunTimeError& error) {
     err << Bytes(KitText("error")) << ": " << Bytes(error.Description()) << '\n';

@@ -5,7 +5,6 @@
 #include <archive_entry.h>
 #include <gtest/gtest.h>
 
-#include <QDirIterator>
 #include <sstream>
 
 #include "Sources.h"
@@ -30,16 +29,6 @@ QByteArray BytesAt(const QString& path) {
   QFile file(path);
   file.open(QIODevice::ReadOnly);
   return file.readAll();
-}
-
-// The files below a folder with their bytes; those of a zip.
-QMap<QString, QByteArray> InFolder(const QString& folder) {
-  QMap<QString, QByteArray> files;
-  for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
-    const QString path = it.next();
-    files.insert(path.mid(folder.size() + 1), BytesAt(path));
-  }
-  return files;
 }
 
 QMap<QString, QByteArray> InZip(const QString& path) {
@@ -69,8 +58,8 @@ TEST(Commands, ANewCourseBuildsIntoAFolderAndIntoAFileAlike) {
   EXPECT_TRUE(QFile::exists(source + "/page-names.txt"));
   ASSERT_EQ(Type({"build", source, "-o", file}).Exit, 0);
   const QByteArray bytes = BytesAt(file);
-  EXPECT_EQ(InFolder(folder), InZip(file));
-  EXPECT_TRUE(InFolder(folder).contains("rt0101/0001.txm"));
+  EXPECT_EQ(FilesBelow(folder), InZip(file));
+  EXPECT_TRUE(FilesBelow(folder).contains("rt0101/0001.txm"));
 
   // Again, under another clock and another language.
   qputenv("TZ", "Asia/Tokyo");
@@ -80,7 +69,7 @@ TEST(Commands, ANewCourseBuildsIntoAFolderAndIntoAFileAlike) {
   EXPECT_EQ(BytesAt(file), bytes);
   WriteFileAt(source + "/rt0101/4.md", "# More\n");
   ASSERT_EQ(Type({"build", source, "-o", folder}).Exit, 0);
-  EXPECT_TRUE(InFolder(folder).contains("rt0101/0004.txm"));
+  EXPECT_TRUE(FilesBelow(folder).contains("rt0101/0004.txm"));
   EXPECT_EQ(QDir(place.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
             QStringList({"c.tallowcourse", "first", "out"}));
 }
@@ -122,7 +111,7 @@ TEST(Commands, WhatGoesWrongIsToldAndLeavesThingsAsTheyWere) {
   }
   EXPECT_FALSE(QFile::exists(sources.Beside("out")));
   EXPECT_FALSE(QFile::exists(source + "/page-names.txt"));
-  EXPECT_EQ(InFolder(sources.Beside("mine")).keys(), QStringList("letter.txt"));
+  EXPECT_EQ(FilesBelow(sources.Beside("mine")).keys(), QStringList("letter.txt"));
   for (const QStringList& help :
        {QStringList{"--help"}, QStringList{"new", "--help"}, QStringList{"build", "--help"}}) {
     EXPECT_EQ(Type(help).Exit, 0);

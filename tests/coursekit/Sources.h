@@ -3,9 +3,11 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QMap>
 #include <QTemporaryDir>
 
 #include "coursekit/build/CourseBuilder.h"
@@ -26,6 +28,17 @@ inline QByteArray Picture(const char* format = "png") {
   buffer.open(QIODevice::WriteOnly);
   picture.save(&buffer, format);
   return bytes;
+}
+
+// The files below a folder with their bytes.
+inline QMap<QString, QByteArray> FilesBelow(const QString& folder) {
+  QMap<QString, QByteArray> files;
+  for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
+    QFile file(it.next());
+    file.open(QIODevice::ReadOnly);
+    files.insert(file.fileName().mid(folder.size() + 1), file.readAll());
+  }
+  return files;
 }
 
 class Sources {

@@ -2,7 +2,6 @@
 
 #include <archive.h>
 #include <archive_entry.h>
-#include <locale.h>
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +9,7 @@
 #include <memory>
 
 #include "coursekit/Findings.h"
+#include "coursekit/build/Utf8Names.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 
@@ -57,21 +57,6 @@ void WriteFiles(const BuiltCourse& course, const QString& folder) {
       Fail("output-unwritten", path, target.errorString());
   }
 }
-
-// The names of files in a zip are UTF-8 whatever the machine's language is.
-class Utf8Names {
- public:
-  Utf8Names() : names_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), former_(uselocale(names_)) {}
-  ~Utf8Names() {
-    uselocale(former_);
-    if (names_ != nullptr) freelocale(names_);
-  }
-  Utf8Names(const Utf8Names&) = delete;
-  Utf8Names& operator=(const Utf8Names&) = delete;
-
- private:
-  locale_t names_, former_;
-};
 
 class ZipWriter {
  public:

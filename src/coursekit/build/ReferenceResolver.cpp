@@ -119,7 +119,9 @@ QString ReferenceResolver::Copy(const QString& store, const QString& file, const
   }
   QString& name = copies_[store + found];
   if (!name.isEmpty()) return name;
-  const QString wanted = isMovie ? MovieName(found) : QFileInfo(found).fileName();
+  QString wanted = isMovie ? MovieName(found) : QFileInfo(found).fileName();
+  // All courses of a store share this folder.
+  if (store == u"About/") wanted = QStringLiteral("Trademark %1_%2").arg(plan_.Course.Name, wanted);
   const QFileInfo parts(wanted);
   name = wanted;
   // Files of two folders may bear one name, and on other systems names in other letters are the same.

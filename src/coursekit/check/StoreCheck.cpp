@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "content/REGISTRY.h"
+#include "coursekit/StoreInForce.h"
 #include "coursekit/check/ModuleCheck.h"
 #include "coursekit/sources/CourseFile.h"
 #include "frame/ProgramState.h"
@@ -20,28 +21,6 @@ namespace {
 constexpr qsizetype kIdLength = 6;
 const QString kRegistry = QStringLiteral("registry");
 const QString kModuleString = QStringLiteral("ModuleString"), kRepNum = QStringLiteral("RepNum");
-
-// Sets the process on a store for as long as it lives.
-class StoreInForce {
- public:
-  explicit StoreInForce(const QString& folder) {
-    SetProgramFolder(folder);
-    problems_ = LoadInstallation({folder + u'/' + kRegistry});
-    SetProgramPaths();
-  }
-  ~StoreInForce() {
-    LocalMachine().Clear();
-    ResetProgramState();
-    SetProgramFolder({});
-  }
-  StoreInForce(const StoreInForce&) = delete;
-  StoreInForce& operator=(const StoreInForce&) = delete;
-
-  const QStringList& Problems() const { return problems_; }
-
- private:
-  QStringList problems_;
-};
 
 class StoreCheck {
  public:
