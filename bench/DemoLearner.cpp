@@ -110,7 +110,7 @@ void DemoLearner::OpenCourse(int course) {
   gCurrentCourse = course;
   screen_->InitNewCourse();
   screen_->Pages().UpdatePageButtons();
-  if (!HasCourseRecord()) StartCourseRecord();
+  EnterCourse();
 }
 
 QByteArray DemoLearner::Record() const {

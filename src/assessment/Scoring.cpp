@@ -51,7 +51,7 @@ QString GetTestDate() {
   return Clock::Current().Now().date().toString(Qt::ISODate);
 }
 
-void RecordTestResult(int score, const QString& answerPattern) {
+TestFields TestResult(int score, const QString& answerPattern) {
   const QString moduleId = CurrentModule().ModuleId;
   const QString text = QString::number(score);
   const QString date = GetTestDate();
@@ -64,5 +64,9 @@ void RecordTestResult(int score, const QString& answerPattern) {
   for (int line = 0; line < gProgModuleId.size(); ++line) {
     if (gProgModuleId.at(line) == moduleId) fields = WithEarlierRuns(run, line);
   }
-  RecordModuleProgress(moduleId, TopicOfPage(), gUserFirstName, gUserLastName, fields);
+  return fields;
+}
+
+void RecordTestResult(const TestFields& result) {
+  RecordModuleProgress(CurrentModule().ModuleId, TopicOfPage(), gUserFirstName, gUserLastName, result);
 }

@@ -71,6 +71,7 @@ bool TestRun::MoveBack() {
 void TestRun::RecordResult() {
   const bool finished = questionCount_ > 0 && currentQuestion_ >= questionCount_;
   if (recorded_ || !finished || practice_) return;
-  RecordTestResult(ScoreInPercent(correctAnswers_, questionCount_), answerPattern_);
+  if (!result_) result_ = TestResult(ScoreInPercent(correctAnswers_, questionCount_), answerPattern_);
+  RecordTestResult(*result_);
   recorded_ = true;
 }

@@ -4,8 +4,10 @@
 
 #include <QList>
 #include <QString>
+#include <optional>
 
 #include "assessment/TestFile.h"
+#include "learners/ProgressFile.h"
 #include "platform/RunTimeError.h"
 
 // A page to read again, of a question that was answered wrongly.
@@ -66,6 +68,7 @@ class TestRun {
   int correctAnswers_ = 0;
   int reviewCount_ = 0;
   QString answerPattern_;
-  bool practice_ = false;  // of this run: a test page that is met in a review replaces gTestType
+  bool practice_ = false;             // of this run: a test page that is met in a review replaces gTestType
+  std::optional<TestFields> result_;  // of the first try to record: a save may fail behind its rename
   bool recorded_ = false;
 };

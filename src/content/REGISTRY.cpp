@@ -101,10 +101,15 @@ CatalogueResult LoadInstalledCourses(const QString& rootKey, QList<CourseRecord>
   if (root == nullptr) return CatalogueResult::NoRootKey;
   const QStringList names = Registry::EnumSubkeys(*root);
   courses.clear();
+  const QString allModules = LoadStringResource(kResAllModules);
   Modules known;
   for (const QString& name : names) {
     CourseRecord course;
     course.CourseName = name;
+    if (name.compare(allModules, Qt::CaseInsensitive) == 0) {  // one progress file for two courses
+      problems.append(Describe("course-name-taken", name));
+      continue;
+    }
     course.AllInstalled = true;
     LoadCourse(known, rootKey + u'\\' + name, course, problems);
     courses.append(course);

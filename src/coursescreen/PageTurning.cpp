@@ -97,8 +97,15 @@ QString PageTurning::LoadModule(int module, const std::function<void()>& chooseP
   return pageName;
 }
 
-void PageTurning::OpenModuleAtPage(int module, const QString& pageName) {
-  OpenModule(module, [&pageName] { gPageList.SetPageAsCurrent(pageName); });
+bool PageTurning::ListModuleAtPage(int module, const QString& pageName) {
+  bool listed = false;
+  IgnoreErrors([&] {
+    OpenModule(module, [&] {
+      gPageList.SetPageAsCurrent(pageName);
+      listed = true;
+    });
+  });
+  return listed;
 }
 
 QString PageTurning::LoadModuleFirstPage(int module, bool lastPage) {
@@ -115,7 +122,8 @@ QString PageTurning::LoadModuleAtPage(int module, const QString& pageName) {
   QString shown;
   if (pageName.isEmpty()) {
     movies_.RemoveMovieControl();
-    if (!TellErrors([module] { ReadMap(module); })) shown_ = false;
+    shown_ = false;
+    TellErrors([module] { ReadMap(module); });
   } else {
     shown = LoadModule(module, [&pageName] { gPageList.SetPageAsCurrent(pageName); });
   }

@@ -27,8 +27,9 @@ class PageTurning {
   // Clears PageName of gReturnPoint. With an empty name the list alone is read.
   QString LoadModuleAtPage(int module, const QString& pageName);
 
-  // The same without a message: the error goes to the caller.
-  void OpenModuleAtPage(int module, const QString& pageName);
+  // The same without a message. False when the list could not be made; a page that can't be shown leaves the
+  // old one on the screen, is not recorded, and the next turn goes past it.
+  bool ListModuleAtPage(int module, const QString& pageName);
 
   // Puts module and topic into the header and writes the learner's progress. On a page without a topic
   // the header stays, and the page is recorded with an empty one. A page that could not be shown is not

@@ -18,7 +18,7 @@ QByteArray LineBytes(const ProgressLine& line) {
 }  // namespace
 
 ProgressRecords ProgressRecords::Load(const QString& path) {
-  return FromBytes(ReadFile(path, kTextFileLimit), path);
+  return FromBytes(ReadFile(path, kTextFileLimit), RealPath(path));
 }
 
 ProgressRecords ProgressRecords::FromBytes(const QByteArray& bytes, const QString& path) {

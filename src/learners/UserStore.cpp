@@ -102,6 +102,9 @@ QString DataFolderProblem() {
     fails(UserDataPath(), FolderUse::List, "data-unreadable");
   }
   if (problem.isEmpty()) fails(deepest, FolderUse::Change, "data-unwritable");
+  // A new learner's folder is made in the one above.
+  if (problem.isEmpty() && deepest == UserDataPath())
+    fails(gDriveRoot + kProductFolder, FolderUse::Change, "data-unwritable");
   return problem;
 }
 

@@ -159,6 +159,7 @@ void Status::InsertFormText() {
 
 void Status::ShowStatusForm() {
   try {
+    ClearProgressArrays();  // with nobody signed in nothing is read
     ReadProgressFile();
     Clear_Form();
     FillModuleGrid();

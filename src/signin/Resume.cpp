@@ -6,6 +6,7 @@
 #include "learners/ProgressFile.h"
 #include "learners/UserStore.h"
 #include "platform/RunTimeError.h"
+#include "platform/files/FileBytes.h"
 #include "texts/Descriptions.h"
 
 namespace {
@@ -33,14 +34,15 @@ void TakeNamesFromFolder(UserRecord& user, const QString& folder) {
   }
 }
 
-// Shows the resume page in the current module. Starting over, a page that can't be read is no reason for
-// a message: the course's first page comes in its place.
+// Shows the resume page in the current module. Starting over, a page that can't be read is no reason for a
+// message: the first page stays on the screen, and the learner's place is kept. A module that can't be read
+// gives way to the course's first page.
 void OpenPage(PageTurning& pages, const QString& page, MissingModule missing) {
   if (missing == MissingModule::Keep) {
     pages.LoadModuleAtPage(gCurrentModule, page);
     return;
   }
-  if (IgnoreErrors([&] { pages.OpenModuleAtPage(gCurrentModule, page); })) return;
+  if (pages.ListModuleAtPage(gCurrentModule, page)) return;
   gCurrentModule = 0;
   pages.LoadModuleFirstPage(0);
 }
@@ -90,8 +92,22 @@ void SignInFromFolder(const QString& folder) {
     gUserFirstName = user.FirstName;
     gUserLastName = user.LastName;
     gUserEmail = user.Email;
-    if (!HasCourseRecord()) StartCourseRecord();
   });
+  EnterCourse();
+}
+
+bool EnterCourse() {
+  bool hasRecord = false;
+  OrSignOut([&hasRecord] {
+    const QString path = ProgressPath(SignedInFolder(), CurrentCourse().CourseName);
+    hasRecord = PathExists(path);
+    if (hasRecord) {
+      ReadFile(path, kTextFileLimit);  // one that can't be read now may be written later, at another place
+    } else {
+      StartCourseRecord();
+    }
+  });
+  return hasRecord;
 }
 
 void SignInAndResume(const QString& folder) {
@@ -109,10 +125,6 @@ void StartCourseRecord() {
   WriteResumeLine();
   Default<Form1>().Pages().RecordCurrentPage();
   SetButtonsAtTheEnds();
-}
-
-bool HasCourseRecord() {
-  return PathExists(ProgressPath(SignedInFolder(), CurrentCourse().CourseName));
 }
 
 void OpenAtResumePage(MissingModule missing) {

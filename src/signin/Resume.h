@@ -18,8 +18,9 @@ void SignOut();
 // a resume line and the line of the current module. Replaces what was there.
 void StartCourseRecord();
 
-// Whether the signed-in learner has a record of the current course.
-bool HasCourseRecord();
+// Begins the record of the current course for the signed-in learner where there is none; true where there was
+// one. RunTimeError that names the file when one can't be read or written; nobody is signed in then.
+bool EnterCourse();
 
 // What happens when the module of the resume line is not in the course any more.
 enum class MissingModule {
@@ -28,5 +29,6 @@ enum class MissingModule {
 };
 
 // Opens the course at the resume page, records that page, and sets the page buttons at the ends of the
-// course. RunTimeError that names the progress file when it can't be read.
+// course. Starting over, what fails is skipped without a word, else it is a RunTimeError that names the
+// progress file when it can't be read.
 void OpenAtResumePage(MissingModule missing);

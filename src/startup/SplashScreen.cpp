@@ -92,14 +92,12 @@ void SplashScreen::Form_Unload() {
 }
 
 void SplashScreen::GoOnSignedIn() {
-  // A step that fails is skipped: the first page stays on the screen in place of the resume page.
+  // A record that can't be read or begun is told, and nobody is signed in: it would be written at another
+  // place.
   bool hasRecord = false;
-  if (!IgnoreErrors([&] { hasRecord = HasCourseRecord(); })) return;
-  if (hasRecord) {
-    IgnoreErrors([] { OpenAtResumePage(MissingModule::StartOver); });
-  } else {
-    IgnoreErrors([] { StartCourseRecord(); });
-  }
+  if (!TellErrors([&hasRecord] { hasRecord = EnterCourse(); }) || !hasRecord) return;
+  // A step that fails here is skipped: the first page stays on the screen in place of the resume page.
+  IgnoreErrors([] { OpenAtResumePage(MissingModule::StartOver); });
 }
 
 void SplashScreen::AskWhoItIs(const QStringList& userNames) {

@@ -1,5 +1,6 @@
 // The module, topic and toolbar menus of the course screen.
 #include <QAccessible>
+#include <QDir>
 
 #include "coursescreen/SlideMenu.h"
 #include "frame/ProgramState.h"
@@ -287,7 +288,22 @@ TEST_F(ToolbarTest, AnotherCourseComesUpAndTheFirstOneGoesOnWhereItWasLeft) {
   EXPECT_EQ(Gui::Seen(Screen1(), "Label2(0)"), "Goods");
   EXPECT_EQ(change(0), "rt0101 0002.txm");
   Gui::Play(Screen1(), "page", {{"click NextBtn", "rt0101 0003.txm"}});
-  EXPECT_TRUE(Progress("Ann Lee", "Cash desk").startsWith("\"rt0101\",\"0003.txm\""));
+  const QString path = store.DataPath("Ann Lee/Cash desk");
+  const QByteArray record = store.Read(path);
+  EXPECT_TRUE(record.startsWith("\"rt0101\",\"0003.txm\""));
+  // A resume page that is gone costs nobody the place.
+  change(1);
+  QFile::remove(store.Path("rt0101/0003.txm"));
+  change(0);
+  EXPECT_EQ(store.Read(path), record);
+  EXPECT_EQ(messages.Take(), QStringList());
+  // Where the record can't be made nobody goes on signed in.
+  change(1);
+  QFile::remove(path);
+  QDir().mkpath(path + "/x");
+  change(0);
+  EXPECT_EQ(messages.Take().size(), 1);
+  EXPECT_EQ(gUserFirstName, "");
 }
 
 TEST_F(ToolbarTest, ACancelledChoiceLeadsBackToTheCourse) {

@@ -37,7 +37,11 @@ constexpr qint64 kPiece = 256 * 1024;  // bytes of a file that are copied at a t
 
 QByteArray ReadRealFile(const QString& path, qint64 limit) {
   const QFileInfo info(path);
-  if (!info.exists()) throw RunTimeError(Describe("file-missing", path));
+  if (!info.exists()) {
+    const int error = FileError(path);
+    if (error != 0 && error != ENOENT) FailToRead(path, SystemReason(error));
+    throw RunTimeError(Describe("file-missing", path));
+  }
   // Opening a pipe or a device could wait for ever.
   if (!info.isFile()) throw RunTimeError(Describe("file-no-file", path));
   QFile file(path);
@@ -60,7 +64,7 @@ QByteArray ReadRealFile(const QString& path, qint64 limit) {
 // Puts the folder's entries on the disk. 0 or the error. Some file systems have nothing to flush there.
 int FlushFolder(const QString& folder) {
   const int handle = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return errno;
+  if (handle < 0) return errno == EACCES ? 0 : errno;  // a folder that may only be written to
   const int error = fsync(handle) == 0 ? 0 : errno;
   close(handle);
   return error == EINVAL || error == ENOTSUP ? 0 : error;
