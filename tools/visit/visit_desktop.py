@@ -20,6 +20,7 @@ WINDOW_MANAGERS = {
 }
 DESIGN = (1024, 768)  # pixels of the display that the screens are designed for
 PATIENCE = 20.0  # seconds until something that was waited for counts as not coming
+STILL = 0.4  # seconds without a change
 
 
 class Desktop:
@@ -116,6 +117,18 @@ class Desktop:
         path = self.pictures / f"{number:03}-{name}.png"
         self.run("import", "-window", "root", str(path))
         return path
+
+    def still_picture(self, name: str) -> Path:
+        """The same once the screen stands still: what was covered is painted again behind the window that goes."""
+        seen = [""]
+
+        def stands() -> bool:
+            seen.append(self.ask("identify", "-format", "%#", str(self.picture(name))))
+            time.sleep(STILL)
+            return seen[-1] == seen[-2]
+
+        wait_for(stands, "a screen that stands still")
+        return self.picture(name)
 
     def visible(self) -> list[tuple[str, tuple[int, int]]]:
         """Number and size of every visible window of the program; what fills the display has the design's size."""

@@ -61,7 +61,7 @@ class Printing:
         self.desktop.await_window(*WAIT_WINDOW, what="the wait window")
         self.desktop.picture(f"{picture}-wait")
         self.await_end_of(WAIT_WINDOW, "the wait window")
-        screen = self.desktop.picture(f"{picture}-screen")
+        screen = self.desktop.still_picture(f"{picture}-screen")
         return self.cups.await_printed(arrives_at, known), screen
 
     def open_repository(self) -> Window:
