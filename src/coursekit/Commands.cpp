@@ -15,7 +15,9 @@
 #include "coursekit/build/CourseBuilder.h"
 #include "coursekit/build/CourseOutput.h"
 #include "coursekit/build/PageNames.h"
+#include "coursekit/check/LearnersCheck.h"
 #include "coursekit/check/StoreCheck.h"
+#include "coursekit/install/CourseParcel.h"
 #include "coursekit/install/Install.h"
 #include "coursekit/sources/CourseFile.h"
 #include "platform/RunTimeError.h"
@@ -53,7 +55,9 @@ std::string Bytes(const QString& text) {
 void Print(const Findings& findings, const QString& source, std::ostream& err) {
   const QString folder = source.endsWith(u'/') ? source : source + u'/';
   for (const Finding& finding : findings.All()) {
-    err << (finding.Place.File.isEmpty() ? std::string() : Bytes(folder)) << Bytes(finding.Line()) << '\n';
+    const QString& file = finding.Place.File;
+    const bool isBelow = !file.isEmpty() && !file.startsWith(u'/');
+    err << (isBelow ? Bytes(folder) : std::string()) << Bytes(finding.Line()) << '\n';
     if (!finding.Seen().isEmpty()) err << "    " << Bytes(KitText("seen", {finding.Seen()})) << '\n';
     if (!finding.Remedy().isEmpty()) err << "    " << Bytes(KitText("do", {finding.Remedy()})) << '\n';
   }
@@ -94,14 +98,12 @@ KitExit Build(const QString& source, QString output, std::ostream& out, std::ost
   return KitExit::Good;
 }
 
-// Sources are checked as they stand, and then as the course that comes of them.
-void CheckSources(const QString& source, Findings& findings, std::ostream& err) {
+// Sources are checked as they stand, and then as the course that comes of them in the folder `built`.
+void CheckSources(const QString& source, const QString& built, Findings& findings, std::ostream& err) {
   ProgressBar bar(err);
   const std::optional<BuiltCourse> course =
       BuildCourse(SourceFolder(source), findings, [&bar](int done, int all) { bar.Show(done, all); });
   if (!course) return;
-  const QTemporaryDir place;
-  const QString built = place.filePath(QStringLiteral("course"));
   WriteCourseFolder(*course, built);
   Findings installed;
   CheckStore(built, installed);
@@ -112,13 +114,26 @@ void CheckSources(const QString& source, Findings& findings, std::ostream& err) 
   }
 }
 
-KitExit Check(const QString& folder, std::ostream& out, std::ostream& err) {
-  RequireFolder(folder);
+// `what` is a folder of sources, a store or a built folder, or a course file.
+KitExit Check(const QString& what, const QString& learners, std::ostream& out, std::ostream& err) {
+  const QFileInfo info(what);
+  if (!info.isFile()) RequireFolder(what);
   Findings findings;
-  const bool isSource = QFileInfo(folder + u'/' + QString::fromLatin1(kCourseFile)).isFile();
-  isSource ? CheckSources(folder, findings, err)
-           : CheckStore(QFileInfo(folder).canonicalFilePath(), findings);
-  Print(findings, folder, err);
+  const QTemporaryDir place;
+  QString store = place.filePath(QStringLiteral("course"));
+  if (QFileInfo(what + u'/' + QString::fromLatin1(kCourseFile)).isFile()) {
+    CheckSources(what, store, findings, err);
+  } else if (info.isFile()) {
+    QDir().mkpath(store);
+    UnpackCourse(what, store);
+    CheckStore(store, findings);
+  } else {
+    store = info.canonicalFilePath();
+    CheckStore(store, findings);
+  }
+  if (!learners.isEmpty() && QFileInfo(store).isDir())
+    CheckLearners(store, QFileInfo(RequireFolder(learners)).canonicalFilePath(), findings);
+  Print(findings, what, err);
   const auto warnings =
       std::count_if(findings.All().begin(), findings.All().end(),
                     [](const Finding& finding) { return finding.Kind == Severity::Warning; });
@@ -165,7 +180,7 @@ KitExit List(const QString& store, std::ostream& out, std::ostream& err) {
 KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
   CLI::App app(Bytes(KitText("help")), "tallowmere-course");
   app.require_subcommand(1);
-  std::string source, output, folder, store, course;
+  std::string source, output, folder, store, course, learners;
   CLI::App* make = app.add_subcommand("new", Bytes(KitText("help-new")));
   make->add_option("FOLDER", folder, Bytes(KitText("help-folder")))->required();
   CLI::App* build = app.add_subcommand("build", Bytes(KitText("help-build")));
@@ -173,6 +188,7 @@ KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostre
   build->add_option("-o,--output", output, Bytes(KitText("help-output")));
   CLI::App* check = app.add_subcommand("check", Bytes(KitText("help-check")));
   check->add_option("FOLDER", folder, Bytes(KitText("help-checked")))->required();
+  check->add_option("--learners", learners, Bytes(KitText("help-learners")));
   CLI::App* install = app.add_subcommand("install", Bytes(KitText("help-install")));
   install->add_option("COURSE", folder, Bytes(KitText("help-installed")))->required();
   CLI::App* remove = app.add_subcommand("remove", Bytes(KitText("help-remove")));
@@ -188,7 +204,8 @@ KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostre
   }
   try {
     if (make->parsed()) return New(QString::fromStdString(folder), out);
-    if (check->parsed()) return Check(QString::fromStdString(folder), out, err);
+    if (check->parsed())
+      return Check(QString::fromStdString(folder), QString::fromStdString(learners), out, err);
     const QString storeFolder = QString::fromStdString(store);
     if (install->parsed()) return Install(QString::fromStdString(folder), storeFolder, out, err);
     if (remove->parsed()) return Remove(QString::fromStdString(course), storeFolder, out);

@@ -9,22 +9,19 @@
 #include <QStringList>
 #include <functional>
 
+#include "pages/common/PageLink.h"
+
 // The bytes of the picture of that name beside the page; a RunTimeError when there is none.
 using PictureBytes = std::function<QByteArray(const QString& name)>;
 
 inline constexpr int kLeadInSize = 30;  // bytes in front of a page
 
 struct PageFacts {
-  struct Link {
-    QString Text;
-    int Kind = 0;  // PageLink::kFile or kPlace
-    QString Target;
-  };
-
   QString Error;         // why the player can't show the page; empty when it can
   QSet<QString> Places;  // in lower case
-  QList<Link> Links;
+  QList<PageLink> Links;
   QStringList Movies;           // data texts of the page's objects
+  QStringList Pictures;         // names of the files that were found
   QStringList MissingPictures;  // names as the page has them, of pictures that can't be had
 };
 

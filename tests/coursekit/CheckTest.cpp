@@ -3,6 +3,7 @@
 
 #include "Sources.h"
 #include "coursekit/build/CourseOutput.h"
+#include "coursekit/check/LearnersCheck.h"
 #include "coursekit/check/StoreCheck.h"
 
 namespace {
@@ -84,6 +85,17 @@ TEST(Check, NoMistakeOfAnInstalledCourseIsMetWithSilence) {
        "store-test-type rt0101/rt0101_0003TST 3"},
       {"rt0101/rt0101_0003TST", q + "\"1>>0\",\"\",\"L\",\"rt0101_0009.txm\"",
        "store-review rt0101/rt0101_0003TST 1"},
+      {"rt0101/stray.txt", "x", "file-unused rt0101/stray.txt"},
+      {"rt0101/Movies/film.wmv", "x", "file-unused rt0101/Movies/film.wmv"},
+      {"Repository/rt0101/Hidden/more.txt", "x", "file-unused Repository/rt0101/Hidden/more.txt"},
+      {"rt0101/Map.txt", Map("0001.txm*Topic*Till\r\n0002.txm*Topic*Till and more\r\n0003.txm*Test*\r\n"),
+       "topic-inside rt0101/Map.txt Till, Till and more"},
+      {"rt0101/0002.txm", Page("<a href='rt0101\\0003.txm_'>x</a>"),
+       "link-to-test rt0101/0002.txm rt0101/0003.txm"},
+      {"registry/User.reg",
+       QByteArray("REGEDIT4\r\n") + QByteArray(kKey).replace("Till", "User") +
+           "\\Modules]\r\n\"ModuleString\"=\"rt0101\"\r\n\"RepNum\"=\"rt0101\"\r\n",
+       "store-course-taken registry User"},
       {"Glossary/Glossary Till.txt", "^A\r\n%A\r\n~a\r\n", "store-glossary-open Glossary/Glossary Till.txt"},
       {"Glossary/Glossary Till.txt", "A: a\r\n", "store-glossary-empty Glossary/Glossary Till.txt"},
   };
@@ -104,5 +116,32 @@ TEST(Check, NoMistakeOfAnInstalledCourseIsMetWithSilence) {
         << row.File << ": " << row.Said << " was " << sources.Said().join('\n').toStdString();
     for (const Finding& finding : sources.said.All())
       EXPECT_NE(KitText(finding.Key, finding.Arguments), "") << finding.Key.toStdString();
+  }
+}
+
+TEST(Check, RecordsThatANewVersionTouchesAreTold) {
+  const struct {
+    QByteArray Record;
+    const char* Said;
+  } rows[] = {
+      {"\"rt0101\",\"0002.txm\"\r\n\"rt0101\",\"_Start_\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n", ""},
+      {"\"rt0109\",\"0002.txm\"\r\n", "learner-module-gone %1 rt0109"},
+      {"\"rt0101\",\"0009.txm\"\r\n", "learner-page-gone %1 rt0101/0009.txm"},
+      {"\"rt0101\",\"0001.txm\"\r\n\"rt0101\",\"_Start__End_\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n",
+       "learner-topic-gone %1 End, rt0101"},
+      {"\"rt0101\",\"0001.txm\"\r\n\"rt0101\",\"__\",\"1\",\"50\",\"10\",\"\",\"50\",\"10\",\"\",\"50\"\r\n",
+       "learner-test-gone %1 rt0101"},
+      {"\"rt0101", "learner-unreadable %1"},
+  };
+  Sources sources;
+  WriteCourseFolder(*sources.Build(), sources.Beside("built"));
+  const QString record = sources.Beside("data/UserData/Ann Lee/Till");
+  for (const auto& row : rows) {
+    WriteFileAt(record, row.Record);
+    sources.said = {};
+    CheckLearners(sources.Beside("built"), sources.Beside("data"), sources.said);
+    const QString wanted = QString(row.Said).replace("%1", record), said = sources.Said().join('\n');
+    EXPECT_TRUE(wanted.isEmpty() ? said.isEmpty() : said.startsWith(wanted))
+        << row.Said << " was " << said.toStdString();
   }
 }

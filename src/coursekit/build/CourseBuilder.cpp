@@ -126,7 +126,7 @@ class CourseBuilder {
 
   // Links of a page to places, by what the player finds on the pages they lead to.
   void CheckPlaces(const QString& path, const PlannedPage& page) {
-    for (const PageFacts::Link& link : facts_[path].Links) {
+    for (const PageLink& link : facts_[path].Links) {
       if (link.Kind == PageLink::kPlace) {
         CheckPlace(path, link.Target.toLower(), page);
         continue;

@@ -37,6 +37,9 @@ class ModuleCheck {
       CheckLinks(page.key(), page.value());
     for (const ModuleRecord& module : course_.Modules)
       CheckTests(module.ModuleId);
+    for (const ModuleRecord& module : course_.Modules)
+      CheckUnused(module.ModuleId);
+    CheckHidden();
   }
 
  private:
@@ -44,10 +47,58 @@ class ModuleCheck {
     QString Name, Type, Topic;
   };
 
+  // What stands in a module's folder and is none of its own.
+  void CheckUnused(const QString& id) {
+    QSet<QString> known = {QStringLiteral("map.txt")};
+    for (const Page& page : maps_.value(id)) {
+      known.insert(page.Name.toCaseFolded());
+      if (page.Type == kTestType) known.insert(TestName(id, page.Name).toCaseFolded());
+      const PageFacts facts = facts_.value(id + u'/' + page.Name);
+      for (const QString& picture : facts.Pictures)
+        known.insert(picture.toCaseFolded());
+      for (const QString& movie : facts.Movies)
+        known.insert(QLatin1String("movies/") + movie.section(u',', 0, 0).toCaseFolded());
+    }
+    for (const QString& folder : {QString(), QStringLiteral("Movies/")}) {
+      for (const QString& file : ListFiles(id + u'/' + folder)) {
+        if (!known.contains((folder + file).toCaseFolded()))
+          findings_.Warn("file-unused", {id + u'/' + folder + file});
+      }
+    }
+  }
+
+  // Hidden attachments are in no list: links alone lead to them.
+  void CheckHidden() {
+    const QString folder = Attachment(course_, QStringLiteral("Hidden"));
+    if (folder.isEmpty() || course_.RepNum.isEmpty()) return;
+    QSet<QString> linked;
+    for (const PageFacts& facts : std::as_const(facts_)) {
+      for (const PageLink& link : facts.Links) {
+        linked.insert(link.Target.toCaseFolded());
+        linked.insert(QUrl::fromPercentEncoding(link.Target.toUtf8()).toCaseFolded());
+      }
+    }
+    for (const QString& file : ListFiles(folder)) {
+      if (!linked.contains(file.toCaseFolded()))
+        findings_.Warn("file-unused",
+                       {QLatin1String("Repository/") + course_.RepNum + QLatin1String("/Hidden/") + file});
+    }
+  }
+
+  static QString TestName(const QString& id, const QString& page) {
+    return id + u'_' + page.chopped(std::min<qsizetype>(4, page.size())) + QLatin1String("TST");
+  }
+
   // Whether the course has a page of that name.
   bool HasPage(const QString& module, const QString& page) const {
     const QList<Page> pages = maps_.value(module);
     return std::any_of(pages.begin(), pages.end(), [&page](const Page& its) { return its.Name == page; });
+  }
+
+  bool IsTestPage(const QString& module, const QString& page) const {
+    const QList<Page> pages = maps_.value(module);
+    return std::any_of(pages.begin(), pages.end(),
+                       [&page](const Page& its) { return its.Name == page && its.Type == kTestType; });
   }
 
   void CheckMap(const QString& id) {
@@ -90,6 +141,12 @@ class ModuleCheck {
       if (page.Topic.contains(u'_')) findings_.Error("topic-part", place, page.Topic);
       seen.append(page.Topic);
     }
+    // The player looks for a topic's name anywhere in the list of those viewed.
+    for (const QString& topic : std::as_const(seen)) {
+      for (const QString& other : std::as_const(seen)) {
+        if (other != topic && other.contains(topic)) findings_.Warn("topic-inside", place, topic, other);
+      }
+    }
   }
 
   void CheckPage(const QString& id, const QString& name) {
@@ -128,11 +185,22 @@ class ModuleCheck {
       findings_.Error("movie-missing", place, name);
     } else if (name.endsWith(QLatin1String(".dcr"), Qt::CaseInsensitive)) {
       findings_.Error("movie-no-player", place, name);
+    } else if (HasPlayerFolder() && !HasPlayer(name)) {
+      findings_.Error("movie-player-absent", place, name);
     }
   }
 
+  // A built course has no players and comes into a store that may have them.
+  static bool HasPlayerFolder() { return FolderExists(QStringLiteral("players")); }
+  static bool HasPlayer(const QString& movie) {
+    QString player;
+    movie.endsWith(QLatin1String(".swf"), Qt::CaseInsensitive) ? GetFlashVersion(player)
+                                                               : GetMediaPlayerVersion(player);
+    return !player.isEmpty();
+  }
+
   void CheckLinks(const QString& path, const PageFacts& facts) {
-    for (const PageFacts::Link& link : facts.Links) {
+    for (const PageLink& link : facts.Links) {
       const SourcePlace place{path};
       const LinkTarget target = ReadLinkTarget(link.Target);
       if (link.Kind == PageLink::kPlace) {
@@ -154,6 +222,8 @@ class ModuleCheck {
       findings_.Error("store-link-module", place, target.Text, target.Module);
     } else if (!HasPage(target.Module, target.Page)) {
       findings_.Error("link-no-such-page", place, target.Text);
+    } else if (IsTestPage(target.Module, target.Page)) {
+      findings_.Warn("link-to-test", place, to);
     } else if (!target.Place.isEmpty() && !facts_[to].Places.contains(target.Place)) {
       findings_.Error("place-missing", place, target.Place);
     }
@@ -173,7 +243,7 @@ class ModuleCheck {
     QString scored;
     for (const Page& page : maps_.value(id)) {
       if (page.Type != kTestType) continue;
-      const QString path = id + u'/' + id + u'_' + page.Name.chopped(4) + QLatin1String("TST");
+      const QString path = id + u'/' + TestName(id, page.Name);
       if (!ProgramFileExists(path)) {
         findings_.Error("store-test-missing", {path}, page.Name);
         continue;

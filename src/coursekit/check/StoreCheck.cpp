@@ -10,6 +10,7 @@
 #include "coursekit/sources/CourseFile.h"
 #include "frame/ProgramState.h"
 #include "frame/Settings.h"
+#include "learners/ProgressFile.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/registry/Registry.h"
@@ -80,6 +81,8 @@ class StoreCheck {
         findings_.Error("store-module-missing", {kRegistry}, course.CourseName, id);
       seen.insert(id);
     }
+    if (!IgnoreErrors([&] { ProgressPath(QStringLiteral("x"), course.CourseName); }))
+      findings_.Error("store-course-taken", {kRegistry}, course.CourseName);
     CheckModules(course, findings_);
     CheckRepository(course);
     CheckGlossary(course);

@@ -136,9 +136,7 @@ class Finisher {
     }
     if (href != lastHref_ || position != end_) ++links_;
     lastHref_ = href;
-    const bool isPlace = href.startsWith(u'#');
-    const QString target = isPlace ? QUrl::fromPercentEncoding(href.mid(1).toUtf8()) : href;
-    format.setAnchorHref(HrefOfLink({isPlace ? PageLink::kPlace : PageLink::kFile, target}));
+    format.setAnchorHref(HrefOfLink(LinkOfHtml(href)));
     format.setProperty(kLinkNumberProperty, links_);
     // Without a style a link has the desktop's colour, which need not suit the page's paper.
     const bool isPlain = !format.hasProperty(QTextFormat::ForegroundBrush) ||
@@ -262,6 +260,11 @@ class Finisher {
 };
 
 }  // namespace
+
+PageLink LinkOfHtml(const QString& href) {
+  if (!href.startsWith(u'#')) return {PageLink::kFile, href};
+  return {PageLink::kPlace, QUrl::fromPercentEncoding(href.mid(1).toUtf8())};
+}
 
 void FinishHtml(RichPage& page, const PageMetrics& metrics, const FilteredHtml& filtered) {
   HideSkippedItems(*page.Document);

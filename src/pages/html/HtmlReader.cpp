@@ -9,6 +9,7 @@
 #include "pages/common/PicturePixels.h"
 #include "pages/html/HtmlFilter.h"
 #include "pages/html/HtmlFinisher.h"
+#include "pages/html/HtmlTag.h"
 #include "platform/RunTimeError.h"
 #include "texts/Descriptions.h"
 
@@ -97,14 +98,48 @@ RichPage ReadOnce(const QByteArray& bytes, const PageMetrics& metrics,
   return page;
 }
 
+void RefuseLarge(const QByteArray& bytes, const QString& what) {
+  if (bytes.size() <= kHtmlLimit) return;
+  throw RunTimeError(
+      Describe("file-too-large", what, QString::number(bytes.size()), QString::number(kHtmlLimit)));
+}
+
+// Of the filtered text, whose tags are all written in one way.
+QList<PageLink> LinksIn(const QString& html) {
+  QList<PageLink> links;
+  for (qsizetype at = html.indexOf(QLatin1String("<a ")); at >= 0;
+       at = html.indexOf(QLatin1String("<a "), at)) {
+    const qsizetype end = html.indexOf(u'>', at) + 1;
+    const QString href =
+        ParseHtmlTag(QStringView(html).mid(at, end - at)).Value(QStringLiteral("href")).trimmed();
+    if (!href.isEmpty()) links.append(LinkOfHtml(href));
+    at = end;
+  }
+  return links;
+}
+
 }  // namespace
+
+HtmlReferences ReadHtmlReferences(const QByteArray& bytes, const QString& what, PictureLoader loader) {
+  RefuseLarge(bytes, what);
+  HtmlReferences found;
+  Pictures pictures(std::move(loader));
+  const FilteredHtml filtered = FilterHtml(DecodeHtml(bytes), [&](const QString& name) {
+    const int number = pictures.NumberOf(name);
+    if (number < 0 && !found.MissingPictures.contains(name)) found.MissingPictures.append(name);
+    return number;
+  });
+  found.Links = LinksIn(filtered.Html);
+  for (const QStringList& names : filtered.Places + QList<QStringList>{filtered.EndNames}) {
+    for (const QString& name : names)
+      found.Places.insert(name.toLower());
+  }
+  return found;
+}
 
 RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
                   PictureLoader loader) {
-  if (bytes.size() > kHtmlLimit) {
-    throw RunTimeError(
-        Describe("file-too-large", what, QString::number(bytes.size()), QString::number(kHtmlLimit)));
-  }
+  RefuseLarge(bytes, what);
   const auto pictures = std::make_shared<Pictures>(std::move(loader));
   return ReadBounded(metrics, [&](const PageMetrics& used) { return ReadOnce(bytes, used, pictures); });
 }

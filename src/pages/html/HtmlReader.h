@@ -2,9 +2,13 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
+#include "pages/common/PageLink.h"
 #include "pages/common/RichText.h"
 #include "pages/html/HtmlCharset.h"
 
@@ -17,5 +21,14 @@ using PictureLoader = std::function<QByteArray(const QString& name)>;
 // A pixel of the page is 15 twips. Longer pages than the limit are a run-time error naming `what`.
 RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QString& what,
                   PictureLoader loader = {});
+
+// What a page refers to, had without making a document of it. Places are in lower case; missing pictures are
+// named as the page has them.
+struct HtmlReferences {
+  QSet<QString> Places;
+  QList<PageLink> Links;
+  QStringList MissingPictures;
+};
+HtmlReferences ReadHtmlReferences(const QByteArray& bytes, const QString& what, PictureLoader loader = {});
 
 inline constexpr qint64 kHtmlLimit = 16 * 1024 * 1024;  // bytes; pictures may be among them
