@@ -25,12 +25,6 @@ Ran Type(const QStringList& arguments) {
   return {static_cast<int>(exit), QString::fromStdString(out.str()), QString::fromStdString(err.str())};
 }
 
-QByteArray BytesAt(const QString& path) {
-  QFile file(path);
-  file.open(QIODevice::ReadOnly);
-  return file.readAll();
-}
-
 QMap<QString, QByteArray> InZip(const QString& path) {
   QMap<QString, QByteArray> files;
   archive* zip = archive_read_new();

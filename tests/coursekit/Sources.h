@@ -1,42 +1,25 @@
 // A course's sources in a temporary folder, fresh for each test, and what the kit says of them.
 #pragma once
 
-#include <QBuffer>
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
 #include <QMap>
 #include <QTemporaryDir>
 
 #include "coursekit/build/CourseBuilder.h"
+#include "support/Files.h"
+#include "support/Pictures.h"
 #include "support/Print.h"
 
-inline void WriteFileAt(const QString& path, const QByteArray& bytes) {
-  QDir().mkpath(QFileInfo(path).path());
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-    qFatal("cannot write %s", qPrintable(path));
-}
-
 inline QByteArray Picture(const char* format = "png") {
-  QImage picture(4, 3, QImage::Format_RGB32);
-  picture.fill(Qt::red);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  picture.save(&buffer, format);
-  return bytes;
+  return RedPicture({4, 3}, format);
 }
 
 // The files below a folder with their bytes.
 inline QMap<QString, QByteArray> FilesBelow(const QString& folder) {
   QMap<QString, QByteArray> files;
   for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
-    QFile file(it.next());
-    file.open(QIODevice::ReadOnly);
-    files.insert(file.fileName().mid(folder.size() + 1), file.readAll());
+    const QString path = it.next();
+    files.insert(path.mid(folder.size() + 1), BytesAt(path));
   }
   return files;
 }

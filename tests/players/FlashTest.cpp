@@ -210,16 +210,13 @@ TEST_F(FlashTest, WhenItsHelpersHaveDiedTheNextMoviePlaysOrThePlayerIsMissing) {
       EXPECT_TRUE(Gui::Await([process] { return CommandLine(process).isEmpty(); }));
     }
   };
-  const struct {
-    const char* Type;
-    bool Plays;
-  } rows[] = {{"none", true}, {"type=renderer", true}, {"type=zygote", false}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.Type);
-    kill(row.Type);
+  for (const auto& [type, plays] :
+       {std::pair{"none", true}, {"type=renderer", true}, {"type=zygote", false}}) {
+    SCOPED_TRACE(type);
+    kill(type);
     Gui::Key(screen, Qt::Key_Right);
-    EXPECT_EQ(messages.Take().size(), row.Plays ? 0 : 1);
-    EXPECT_TRUE(!row.Plays || Gui::Await([&] { return Gui::Find(screen, "ShockwaveFlash1")->isVisible(); }));
+    EXPECT_EQ(messages.Take().size(), plays ? 0 : 1);
+    EXPECT_TRUE(!plays || Gui::Await([&] { return Gui::Find(screen, "ShockwaveFlash1")->isVisible(); }));
     EXPECT_TRUE(PageText().contains("Watch:"));
     Gui::Key(screen, Qt::Key_Left);
   }

@@ -50,22 +50,13 @@ TEST_F(HelpTest, TheKeysToReadByNeedNoFocusOnThePage) {
     auto* page = Gui::Find<TextControl>(help, "TXTextControl1");
     EXPECT_FALSE(page->HasFocus());
     const QScrollBar& bar = *page->verticalScrollBar();
-    const auto valueBehind = [&](const char* keys) {
-      Gui::Do(help, keys);
-      return bar.value();
-    };
-    const int end = bar.maximum(), pageLength = valueBehind("PgDown");
-    EXPECT_GT(pageLength, 0);
-    EXPECT_EQ(valueBehind("PgDown, PgUp"), pageLength);
-    EXPECT_EQ(valueBehind("End"), end);
-    EXPECT_EQ(valueBehind("Home"), 0);
-    Gui::Do(help, "Ctrl++");
+    const int end = bar.maximum();
+    Gui::Do(help, "End");
+    EXPECT_EQ(bar.value(), end);
+    Gui::Do(help, "Home, Ctrl++");
+    EXPECT_EQ(bar.value(), 0);
     EXPECT_GT(bar.maximum(), end);
-    Gui::Do(help, "Ctrl+-, Ctrl+-");
-    EXPECT_LT(bar.maximum(), end);
-    Gui::Do(help, "Ctrl+0");
-    EXPECT_EQ(bar.maximum(), end);
-    Gui::Do(help, "click Command1");
+    Gui::Do(help, "Ctrl+0, click Command1");
   });
   OpenHelp(File("Long"), owner);
 }

@@ -3,37 +3,18 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-#include <QBuffer>
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QImage>
 #include <array>
 #include <cstring>
 
+#include "support/Files.h"
+#include "support/Pictures.h"
 #include "support/Store.h"
 
 namespace {
 
 constexpr uint32_t kEvents = IN_OPEN | IN_ACCESS | IN_MODIFY | IN_ATTRIB | IN_CREATE | IN_DELETE | IN_MOVE |
                              IN_DELETE_SELF | IN_MOVE_SELF;
-
-void WriteFile(const QString& path, const QByteArray& bytes) {
-  QDir().mkpath(QFileInfo(path).path());
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-    qFatal("cannot write %s", qPrintable(path));
-}
-
-QByteArray RedPicture() {
-  QImage image(40, 40, QImage::Format_RGB32);
-  image.fill(Qt::red);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, "png");
-  return bytes;
-}
 
 }  // namespace
 
@@ -48,7 +29,7 @@ Outside::Outside(const QString& folder) : folder_(folder) {
       {"sheet.txt", marker},
       {"sheet_1.txm", PageFile(QString::fromLatin1(marker))},
       {"sheet.css", "p { background-color: #ff0000 }"},
-      {"red.png", RedPicture()},
+      {"red.png", RedPicture({40, 40}, "png")},
       {"User", user},
       {"Cash desk", "\"rt0101\",\"0001.txm\"\r\n\"rt0101\",\"_" + marker + "_\"" +
                         QByteArray(",\"\"").repeated(8) + "\r\n"},
@@ -57,7 +38,7 @@ Outside::Outside(const QString& folder) : folder_(folder) {
       {"codepage.cnv", marker},
   };
   for (const auto& [name, bytes] : files)
-    WriteFile(folder_ + QLatin1Char('/') + QLatin1String(name), bytes);
+    WriteFileAt(folder_ + QLatin1Char('/') + QLatin1String(name), bytes);
   watch_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
   Watch(folder_);
   QDirIterator folders(folder_, QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);

@@ -1,13 +1,11 @@
 #include "support/Store.h"
 
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 #include <filesystem>
 
 #include "frame/ProgramState.h"
 #include "platform/files/Paths.h"
+#include "support/Files.h"
 
 namespace {
 
@@ -51,16 +49,11 @@ QString Store::DataPath(const QString& name) const {
 }
 
 void Store::Write(const QString& name, const QByteArray& bytes) const {
-  const QString path = QFileInfo(name).isAbsolute() ? name : Path(name);
-  QDir().mkpath(QFileInfo(path).path());
-  QFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-    qFatal("cannot write %s", qPrintable(path));
+  WriteFileAt(QFileInfo(name).isAbsolute() ? name : Path(name), bytes);
 }
 
 QByteArray Store::Read(const QString& name) const {
-  QFile file(QFileInfo(name).isAbsolute() ? name : Path(name));
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  return BytesAt(QFileInfo(name).isAbsolute() ? name : Path(name));
 }
 
 void Store::AddModule(const QString& id, const QString& name, const QStringList& lines) const {

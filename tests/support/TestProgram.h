@@ -4,14 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include "platform/RunTimeError.h"
 #include "platform/files/CodePage.h"
 #include "platform/files/Paths.h"
 #include "support/Errors.h"
+#include "support/Files.h"
 
 // A fresh program folder, in force until it goes.
 class TestProgram {
@@ -29,12 +28,7 @@ class TestProgram {
 
   void MakeDir(const QString& relative) const { QDir(Folder()).mkpath(relative); }
   // Makes the folders on the way too.
-  void Write(const QString& relative, const QByteArray& bytes) const {
-    MakeDir(QFileInfo(relative).path());
-    QFile file(Path(relative));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << relative.toStdString();
-    file.write(bytes);
-  }
+  void Write(const QString& relative, const QByteArray& bytes) const { WriteFileAt(Path(relative), bytes); }
   QByteArray Read(const QString& relative) const {
     QFile file(Path(relative));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");

@@ -15,7 +15,7 @@ RichPage Html(const QByteArray& bytes, PictureLoader loader = {}) {
   return ReadHtml(bytes, {}, "page.htm", std::move(loader));
 }
 
-const QByteArray kPicture = PictureBytes({30, 20}, "png");
+const QByteArray kPicture = RedPicture({30, 20}, "png");
 
 TEST(HtmlText, ComesOut) {
   const std::pair<QByteArray, QString> rows[] = {
@@ -103,10 +103,7 @@ QString LookOf(const RichPage& page) {
 }
 
 TEST(HtmlLooks, FollowTheStyles) {
-  const struct {
-    QByteArray Html;
-    const char* Look;
-  } rows[] = {
+  const std::pair<QByteArray, const char*> rows[] = {
       {"<p style='margin-left:.5in;text-indent:-18.0pt'>x", "48 -24 #000000 #ffffff 0"},
       {"<p style='font-size:0.25in'>x", "0 0 #000000 #ffffff 18"},
       {"<p style='font-family:&quot;A; B&quot;;color:red'>x", "0 0 #ff0000 #ffffff 0"},
@@ -122,8 +119,8 @@ TEST(HtmlLooks, FollowTheStyles) {
       {"<body link=navy text=red><a href=b>x</a>", "0 0 #000080 #ffffff 0"},
       {"<style>a{color:red}</style><body link=navy><a href=b>x</a>", "0 0 #ff0000 #ffffff 0"},
       {"<p style='color:windowtext;background-color:nonsense'>x", "0 0 #000000 #ffffff 0"}};
-  for (const auto& row : rows)
-    EXPECT_EQ(LookOf(Html(row.Html)), QLatin1String(row.Look)) << row.Html.toStdString();
+  for (const auto& [html, look] : rows)
+    EXPECT_EQ(LookOf(Html(html)), QLatin1String(look)) << html.toStdString();
 }
 
 TEST(HtmlLooks, TakeABorderInAnyOrder) {
@@ -150,22 +147,19 @@ TEST(HtmlLooks, GrowWithTheScale) {
 }
 
 TEST(HtmlLists, BeginWithTheNumberTheyName) {
-  const struct {
-    const char* List;
-    const char* Number;
-  } rows[] = {{"<ol>", "1."},
-              {"<ol start=4>", "4."},
-              {"<ol type=a start=4>", "d."},
-              {"<ol start='-2'>", "1."},
-              {"<ol start=x>", "1."},
-              {"<ol start=99999999>", "1."}};
+  const std::pair<const char*, const char*> rows[] = {{"<ol>", "1."},
+                                                      {"<ol start=4>", "4."},
+                                                      {"<ol type=a start=4>", "d."},
+                                                      {"<ol start='-2'>", "1."},
+                                                      {"<ol start=x>", "1."},
+                                                      {"<ol start=99999999>", "1."}};
   const double own = Html("<ol><li>x<li>y</ol>").Document->size().height();
-  for (const auto& row : rows) {
-    const RichPage page = Html(row.List + QByteArray("<li>x<li>y</ol>"));
+  for (const auto& [list, number] : rows) {
+    const RichPage page = Html(list + QByteArray("<li>x<li>y</ol>"));
     const QTextBlock block = BlockOf(page, "x");
-    EXPECT_EQ(block.textList()->itemText(block), QLatin1String(row.Number)) << row.List;
-    EXPECT_EQ(page.Document->size().height(), own) << row.List;
-    EXPECT_EQ(page.Document->toPlainText().trimmed(), "x\ny") << row.List;
+    EXPECT_EQ(block.textList()->itemText(block), QLatin1String(number)) << list;
+    EXPECT_EQ(page.Document->size().height(), own) << list;
+    EXPECT_EQ(page.Document->toPlainText().trimmed(), "x\ny") << list;
   }
 }
 
@@ -180,21 +174,18 @@ TEST(HtmlLists, GoOnWithTheirNumbersAsTextWhenTheyAreLong) {
 }
 
 TEST(HtmlPictures, AreBoxesWhereTheyAndTheirWordsAreMissing) {
-  const struct {
-    const char* Picture;
-    QSize Size;
-    bool IsBox;
-  } rows[] = {{"<img src=n>", {32, 32}, true},
-              {"<img src=n width=60 height=20>", {60, 20}, true},
-              {"<img>", {32, 32}, true},
-              {"<img src=n width=60 height=20 alt=''>", {60, 20}, false}};
-  for (const auto& row : rows) {
-    const RichPage page = Html(row.Picture);
+  const std::tuple<const char*, QSize, bool> rows[] = {
+      {"<img src=n>", {32, 32}, true},
+      {"<img src=n width=60 height=20>", {60, 20}, true},
+      {"<img>", {32, 32}, true},
+      {"<img src=n width=60 height=20 alt=''>", {60, 20}, false}};
+  for (const auto& [picture, size, isBox] : rows) {
+    const RichPage page = Html(picture);
     const QTextImageFormat shown = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
-    EXPECT_EQ(QSizeF(shown.width(), shown.height()), QSizeF(row.Size)) << row.Picture;
+    EXPECT_EQ(QSizeF(shown.width(), shown.height()), QSizeF(size)) << picture;
     const auto image = page.Document->resource(QTextDocument::ImageResource, shown.name()).value<QImage>();
-    EXPECT_EQ(image.pixelColor(0, 0) == QColor(0x999999), row.IsBox) << row.Picture;
-    EXPECT_EQ(image.size(), row.IsBox ? row.Size : QSize(1, 1)) << row.Picture;
+    EXPECT_EQ(image.pixelColor(0, 0) == QColor(0x999999), isBox) << picture;
+    EXPECT_EQ(image.size(), isBox ? size : QSize(1, 1)) << picture;
   }
 }
 
@@ -224,42 +215,37 @@ TEST(HtmlPictures, ComeFromTheLoaderAlone) {
 
 TEST(HtmlPictures, AreShownFromAddressesOfData) {
   const QByteArray code = kPicture.toBase64();
-  const struct {
-    QByteArray Source;
-    bool IsShown;
-  } rows[] = {{"data:image/png;base64," + code, true},
-              {" DATA:;Base64," + code.toPercentEncoding(), true},
-              {"data:image/png;base64,\n" + code.left(40) + "\n " + code.mid(40), true},
-              {"data:image/png," + kPicture.toPercentEncoding(), true},
-              {"data:image/png;base64", false},
-              {"data:text/html;base64,PGI+", false}};
-  for (const auto& row : rows) {
+  const std::pair<QByteArray, bool> rows[] = {
+      {"data:image/png;base64," + code, true},
+      {" DATA:;Base64," + code.toPercentEncoding(), true},
+      {"data:image/png;base64,\n" + code.left(40) + "\n " + code.mid(40), true},
+      {"data:image/png," + kPicture.toPercentEncoding(), true},
+      {"data:image/png;base64", false},
+      {"data:text/html;base64,PGI+", false}};
+  for (const auto& [source, isShown] : rows) {
     const RichPage page =
-        Html("<img alt='' src='" + row.Source + "'>", [](const QString&) { return QByteArray(); });
+        Html("<img alt='' src='" + source + "'>", [](const QString&) { return QByteArray(); });
     const QTextImageFormat shown = FormatOf(page, QString(QChar::ObjectReplacementCharacter)).toImageFormat();
-    EXPECT_EQ(shown.width(), row.IsShown ? 30 : 1) << row.Source.toStdString();
+    EXPECT_EQ(shown.width(), isShown ? 30 : 1) << source.toStdString();
   }
 }
 
 TEST(HtmlEntities, AreResolvedAlikeInTextAndAttributes) {
-  const struct {
-    const char* Written;
-    QString Meant;
-  } rows[] = {{"K&auml;se", "K\u00E4se"},
-              {"K&#228;se", u"K\u00E4se"_qs},
-              {"K&#xE4;se", "K\u00E4se"},
-              {"&yuml;&times;&Agrave;", u"\u00FF\u00D7\u00C0"_qs},
-              {"a&#150;b", "a\u2013b"},
-              {"&#x1F600;", u"\U0001F600"_qs},
-              {"a&amp;auml;b", "a&auml;b"},
-              {"a&b&c=d", "a&b&c=d"},
-              {"&copy 2004&reg.", u"\u00A9 2004\u00AE."_qs},
-              {"&#169 &#0000169;&frac12&hellip;", u"\u00A9 \u00A9\u00BD\u2026"_qs},
-              {"?a=1&copy=2&copyright &euro x", "?a=1&copy=2&copyright &euro x"},
-              {"a&;b&none;c&&amp;", "a&;b&none;c&&"}};
-  for (const auto& row : rows) {
+  const std::pair<QByteArray, QString> rows[] = {
+      {"K&auml;se", "K\u00E4se"},
+      {"K&#228;se", u"K\u00E4se"_qs},
+      {"K&#xE4;se", "K\u00E4se"},
+      {"&yuml;&times;&Agrave;", u"\u00FF\u00D7\u00C0"_qs},
+      {"a&#150;b", "a\u2013b"},
+      {"&#x1F600;", u"\U0001F600"_qs},
+      {"a&amp;auml;b", "a&auml;b"},
+      {"a&b&c=d", "a&b&c=d"},
+      {"&copy 2004&reg.", u"\u00A9 2004\u00AE."_qs},
+      {"&#169 &#0000169;&frac12&hellip;", u"\u00A9 \u00A9\u00BD\u2026"_qs},
+      {"?a=1&copy=2&copyright &euro x", "?a=1&copy=2&copyright &euro x"},
+      {"a&;b&none;c&&amp;", "a&;b&none;c&&"}};
+  for (const auto& [written, meant] : rows) {
     QStringList asked;
-    const QByteArray written = row.Written;
     const RichPage page =
         Html("<p>x</p><p id='" + written + "'>by id</p><p><a name='" + written +
                  "2'></a>by name</p><a href='" + written + "'>link</a><img src='" + written + "'>",
@@ -267,11 +253,12 @@ TEST(HtmlEntities, AreResolvedAlikeInTextAndAttributes) {
                asked << name;
                return QByteArray();
              });
-    EXPECT_EQ(Html("<p>" + written).Document->toPlainText(), row.Meant) << row.Written;
-    EXPECT_EQ(page.PlaceOf(row.Meant), page.Document->find("by id").selectionStart()) << row.Written;
-    EXPECT_EQ(page.PlaceOf(row.Meant + '2'), page.Document->find("by name").selectionStart()) << row.Written;
-    EXPECT_EQ(LinkOfHref(FormatOf(page, "link").anchorHref()), (PageLink{1, row.Meant})) << row.Written;
-    EXPECT_TRUE(asked.contains(row.Meant)) << row.Written << ' ' << asked.join(' ').toStdString();
+    EXPECT_EQ(Html("<p>" + written).Document->toPlainText(), meant) << written.toStdString();
+    EXPECT_EQ(page.PlaceOf(meant), page.Document->find("by id").selectionStart()) << written.toStdString();
+    EXPECT_EQ(page.PlaceOf(meant + '2'), page.Document->find("by name").selectionStart())
+        << written.toStdString();
+    EXPECT_EQ(LinkOfHref(FormatOf(page, "link").anchorHref()), (PageLink{1, meant})) << written.toStdString();
+    EXPECT_TRUE(asked.contains(meant)) << written.toStdString() << ' ' << asked.join(' ').toStdString();
   }
 }
 

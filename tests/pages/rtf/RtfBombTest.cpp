@@ -112,23 +112,20 @@ TEST(RtfBombs, ALookBeyondTheLastIsNoLink) {
 constexpr double kHighestDocument = 8'388'607;
 
 TEST(RtfBombs, APageStaysWithinTheHeightOfADocument) {
-  const struct {
-    const char* What;
-    QByteArray Body;
-  } cases[] = {
+  const std::pair<const char*, QByteArray> cases[] = {
       {"spaces", QByteArray("\\sb31680 x\\par").repeated(5000)},
       {"letters", QByteArray("\\fs800 x\\par ").repeated(20'000)},
       {"lines", "\\fs800 " + QByteArray("x\\line ").repeated(20'000)},
       {"a narrow column", "\\li31680\\fs400 " + QByteArray("x ").repeated(40'000)},
       {"pictures", QByteArray("x{\\pict\\picwgoal9999\\pichgoal31680}").repeated(4500)},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.What);
-    const RichPage page = ReadBody(c.Body);
+  for (const auto& [what, body] : cases) {
+    SCOPED_TRACE(what);
+    const RichPage page = ReadBody(body);
     page.Document->setTextWidth(900);
     EXPECT_LE(page.Document->size().height(), kHighestDocument);
     EXPECT_EQ(page.Document->toPlainText().count(u'x'),
-              c.Body.count("x\\par") + c.Body.count("x\\line") + c.Body.count("x ") + c.Body.count("x{"));
+              body.count("x\\par") + body.count("x\\line") + body.count("x ") + body.count("x{"));
   }
 }
 

@@ -7,7 +7,7 @@
 namespace {
 
 QByteArray HugePng() {
-  QByteArray png = PictureBytes({4, 4}, "png");
+  QByteArray png = RedPicture({4, 4}, "png");
   for (const int at : {16, 20})
     png.replace(at, 4, QByteArray("\x00\x01\x00\x00", 4));  // 65536 by 65536
   return png;
@@ -75,8 +75,8 @@ QByteArray LongMetafile() {
          Words32({40, 1, 1, 0x180001, 0, 0, 0, 0, 0, 0, 0xFF0000}) + Words32({14, 20, 0, 0, 20});
 }
 
-const QByteArray kPng = PictureBytes({8, 4}, "png");
-const QByteArray kBmp = PictureBytes({8, 4}, "bmp");
+const QByteArray kPng = RedPicture({8, 4}, "png");
+const QByteArray kBmp = RedPicture({8, 4}, "bmp");
 const QByteArray kShort = "\\wmetafile8\\picwgoal300\\pichgoal600",
                  kLong = "\\emfblip\\picwgoal300\\pichgoal600", kLarge = "\\picwgoal15000\\pichgoal15000";
 TEST(RtfPictures, StandInTheLine) {
@@ -101,7 +101,7 @@ TEST(RtfPictures, StandInTheLine) {
        "\\pngblip\\picwgoal150\\pichgoal150\\piccropl-150\\piccropr-150",
        kPng.toHex(),
        {30, 10}},
-      {"Jpeg", "\\jpegblip", PictureBytes({16, 16}, "jpg").toHex(), {16, 16}},
+      {"Jpeg", "\\jpegblip", RedPicture({16, 16}, "jpg").toHex(), {16, 16}},
       {"Dib", "\\dibitmap0", kBmp.mid(14).toHex(), {8, 4}},
       {"WrongWord", "\\jpegblip", kPng.toHex(), {8, 4}},
       {"Metafile", "\\wmetafile8\\picw2540\\pich1270", "0100", {96, 48}, false},

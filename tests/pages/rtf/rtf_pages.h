@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
-#include <QImage>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -12,6 +10,7 @@
 #include "pages/rtf/RtfReader.h"
 #include "platform/RunTimeError.h"
 #include "support/Errors.h"
+#include "support/Pictures.h"
 
 inline RichPage ReadBody(const QByteArray& body) {
   return ReadRtf(
@@ -50,14 +49,4 @@ inline QTextCharFormat FormatOf(const RichPage& page, const QString& text) {
 
 inline QTextBlock BlockOf(const RichPage& page, const QString& text) {
   return page.Document->find(text).block();
-}
-
-inline QByteArray PictureBytes(QSize size, const char* format) {
-  QImage image(size, QImage::Format_RGB32);
-  image.fill(Qt::red);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, format);
-  return bytes;
 }

@@ -207,27 +207,23 @@ TEST_F(TextControlTest, KeepsTheOldPageWhenALoadFails) {
   store_.Write("rt01/short.txm", "short");
   store_.Write("rt01/other.txm", LeadIn() + "nothing");
   store_.Write("../outside.rtf", "{\\rtf1 outside}");
-  const struct {
-    const char* Path;
-    int Format;
-    const char* Error;
-  } rows[] = {
+  const std::tuple<QString, int, QString> rows[] = {
       {"rt01\\none.txm", 3, "none.txm"},
       {"rt01\\short.txm", 3, "short.txm\" is too short: it has 5 bytes, and its text begins behind 30."},
       {"rt01\\other.txm", 3, "neither rich text nor HTML"},
       {"..\\outside.rtf", 5, "outside.rtf"},
       {"rt01\\0001.txm", 7, "there is no format 7"},
   };
-  for (const auto& row : rows) {
-    const QString error = ErrorOf([&] { Page().Load(QString::fromLatin1(row.Path), 30, row.Format); });
-    EXPECT_TRUE(error.contains(QLatin1String(row.Error))) << error.toStdString();
+  for (const auto& [path, format, expected] : rows) {
+    const QString error = ErrorOf([&, name = path, kind = format] { Page().Load(name, 30, kind); });
+    EXPECT_TRUE(error.contains(expected)) << error.toStdString();
     EXPECT_EQ(Page().PlainText(), QStringLiteral("the old page"));
   }
 }
 
 TEST_F(TextControlTest, ShowsPicturesOfAnHtmlPageOnlyFromTheProgramFolder) {
   for (const char* file : {"rt01/red.png", "rt01/my red.png", "../outside.png"})
-    store_.Write(file, PictureBytes({40, 40}, "png"));
+    store_.Write(file, RedPicture({40, 40}, "png"));
   for (const auto& [source, shows] :
        {std::pair{"red.png", true}, {"my%20red.png", true}, {"../../outside.png", false}}) {
     store_.Write("rt01/p.htm",

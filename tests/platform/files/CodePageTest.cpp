@@ -4,11 +4,7 @@
 
 TEST(CodePage, ATextIsInTheCodePageOrInUtf8WithTheMark) {
   const TestProgram program;
-  const struct {
-    const char* Page;
-    QString Text;
-    QByteArray Bytes;
-  } cases[] = {
+  const std::tuple<const char*, QString, QByteArray> cases[] = {
       {"windows-1252", u"«Café» – €"_qs,
        "\xAB"
        "Caf\xE9\xBB \x96 \x80"},
@@ -20,20 +16,16 @@ TEST(CodePage, ATextIsInTheCodePageOrInUtf8WithTheMark) {
       {"windows-1252", u"ï»¿x"_qs, "\xEF\xBB\xBF\xC3\xAF\xC2\xBB\xC2\xBFx"},  // would pass for the mark
       {"windows-1252", QString(), ""},
   };
-  for (const auto& c : cases) {
-    ASSERT_TRUE(SetCodePage(c.Page));
-    EXPECT_EQ(EncodeText(c.Text), c.Bytes) << c.Page;
-    EXPECT_EQ(DecodeText(c.Bytes), c.Text) << c.Page;
+  for (const auto& [page, text, bytes] : cases) {
+    ASSERT_TRUE(SetCodePage(page));
+    EXPECT_EQ(EncodeText(text), bytes) << page;
+    EXPECT_EQ(DecodeText(bytes), text) << page;
   }
 }
 
 TEST(CodePage, ACourseTextIsInUtf8WhereItCanBeNothingElse) {
   const TestProgram program;
-  const struct {
-    const char* Page;
-    QByteArray Bytes;
-    QString Text;
-  } cases[] = {
+  const std::tuple<const char*, QByteArray, QString> cases[] = {
       {"windows-1252", "\xC5\x81ukasz \xE2\x82\xAC", u"Łukasz €"_qs},
       {"windows-1252", "\xC5\x81ukasz \x80", u"Å\u0081ukasz €"_qs},
       {"windows-1250", "\xEF\xBB\xBF\xC5\x81", u"Ł"_qs},
@@ -41,9 +33,9 @@ TEST(CodePage, ACourseTextIsInUtf8WhereItCanBeNothingElse) {
       {"cp932", "\xC2\xB1", u"ﾂｱ"_qs},  // also valid UTF-8
       {"GB18030", "\xC4\xA3", u"模"_qs},
   };
-  for (const auto& c : cases) {
-    ASSERT_TRUE(SetCodePage(c.Page));
-    EXPECT_EQ(DecodeCourseText(c.Bytes), c.Text) << c.Page;
+  for (const auto& [page, bytes, text] : cases) {
+    ASSERT_TRUE(SetCodePage(page));
+    EXPECT_EQ(DecodeCourseText(bytes), text) << page;
   }
 }
 

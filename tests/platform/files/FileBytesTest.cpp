@@ -20,10 +20,7 @@ TEST(ReadFile, SaysWhichFileAndWhy) {
   program.Write("fits", QByteArray(10, 'x'));
   program.MakeDir("folder");
   mkfifo(qPrintable(program.Path("pipe")), 0600);
-  const struct {
-    const char* Path;
-    QString Error;
-  } cases[] = {
+  const std::pair<const char*, QString> cases[] = {
       {"missing", "The file \"" + program.Path("missing") + "\" was not found."},
       {"large",
        "The file \"" + program.Path("large") + "\" is too large: 11 bytes, where at most 10 are read."},
@@ -31,8 +28,8 @@ TEST(ReadFile, SaysWhichFileAndWhy) {
       {"pipe", "The file \"" + program.Path("pipe") + "\" could not be read: it is not a file."},
       {"FITS", ""},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(ErrorOf([&] { ReadFile(c.Path, 10); }), c.Error);
+  for (const auto& [path, error] : cases)
+    EXPECT_EQ(ErrorOf([name = path] { ReadFile(name, 10); }), error);
   EXPECT_EQ(ReadFile("Fits", 10), QByteArray(10, 'x'));
   EXPECT_NE(ErrorOf([] { ReadProgramFile("/etc/passwd", kTextFileLimit); }), "");
   QBuffer device;

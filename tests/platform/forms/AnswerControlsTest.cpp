@@ -53,13 +53,6 @@ TEST_F(AnswerControlsTest, OptionsExcludeEachOtherCheckBoxesDoNotAndCodeUnticksB
   Gui::Play(form, all, {{"", "|||"}, {"click Option1(0), click Option1(1)", "|ticked||"}});  // still a group
 }
 
-TEST_F(AnswerControlsTest, KeysTickAndWalkTheAnswersAndTabReachesThemAfterTheyWereUnticked) {
-  Gui::Play(form, "Option1(0) Option1(1)", {{"focus Option1(0), Space", "ticked|"}, {"Down", "|ticked"}});
-  form.options[1]->SetValue(false);
-  form.options[0]->SetValue(false);
-  Gui::Play(form, "focus", {{"focus VScroll1, Tab", "Option1(0)"}});
-}
-
 TEST_F(AnswerControlsTest, AnAnswerIsPlainTextInItsColour) {
   const auto shades = [&](int colour) {
     const QImage image = form.grab().toImage();

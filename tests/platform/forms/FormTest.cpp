@@ -167,13 +167,6 @@ TEST_F(FormsTest, TheImmediateEndRunsNoUnloadHandlers) {
   EXPECT_EQ(TakeLog(), QStringList());
 }
 
-TEST_F(FormsTest, AnErrorInAHandlerIsShownAndTheProgramGoesOn) {
-  First& form = Default<First>();
-  form.Show();
-  form.button->Click = [] { throw RunTimeError("the file xyz is gone"); };
-  Gui::Play(form, "said Button", {{"click Button", "the file xyz is gone|off"}});
-}
-
 TEST_F(FormsTest, AFormSeesTheReleaseOnlyOfAKeyWhosePressItSaw) {
   First& form = Default<First>();
   form.Show();

@@ -116,19 +116,6 @@ TEST_F(GridTest, ItShowsWholeRowsAndTellsWhenTheTopChanges) {
   EXPECT_EQ(grid.RowHeight(0), grid.rowHeight(0) * Screen::TwipsPerPixelY());
 }
 
-TEST_F(GridTest, KeysWalkTheRowsOnceTheSelectionShows) {
-  QList<int> rows;
-  grid.RowColChange = [&] { rows.append(grid.Row()); };
-  Fill(50);
-  grid.SetHighLight(GridHighLight::Never);
-  grid.SetFocus();
-  Gui::Do(form, "Down");
-  grid.SetHighLight(GridHighLight::Always);
-  Gui::Do(form, "Down x2, Up, End, Down, Home");
-  EXPECT_EQ(rows, QList<int>({0, 1, 2, 1, 49, 49, 0}));
-  EXPECT_EQ(grid.TopRow(), 0);  // it has come along
-}
-
 TEST_F(GridTest, AScreenReaderFindsTheRowsAndTheCurrentOne) {
   Fill(3);
   grid.SetRow(2);
