@@ -39,6 +39,7 @@ void ReadHtmlPage(PageFacts& facts, const QByteArray& html, const QString& what,
   });
   facts.Places = found.Places;
   facts.Links = found.Links;
+  facts.Movies = found.Movies;
   facts.MissingPictures = found.MissingPictures;
 }
 

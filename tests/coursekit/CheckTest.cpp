@@ -77,6 +77,8 @@ TEST(Check, NoMistakeOfAnInstalledCourseIsMetWithSilence) {
       {"rt0101/0002.txm", Page("<a href='list.pdf'>x</a>"), "store-attachment rt0101/0002.txm list.pdf"},
       {"rt0101/0002.txm", QByteArray(30, ' ') + "{\\rtf1 {\\object\\objw100\\objh100{\\objname film.wmv}}}",
        "movie-missing rt0101/0002.txm film.wmv"},
+      {"rt0101/0002.txm", Page("<object data=film.wmv width=9 height=9></object>"),
+       "movie-missing rt0101/0002.txm film.wmv"},
       {"rt0101/rt0101_0003TST", q + "\"1>>0\",\"\",\"\"", "store-test-unreadable rt0101/rt0101_0003TST"},
       {"rt0101/rt0101_0003TST", q + "\"0>>0\",\"\",\"\",\"\"", "store-no-right rt0101/rt0101_0003TST 1"},
       {"rt0101/rt0101_0003TST", q + "\"1\",\"\",\"\",\"\"", "store-flags rt0101/rt0101_0003TST 1"},

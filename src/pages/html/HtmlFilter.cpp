@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "pages/common/RichText.h"
+#include "pages/html/HtmlMovie.h"
 #include "pages/html/HtmlStyle.h"
 #include "pages/html/HtmlTag.h"
 #include "pages/html/HtmlWriter.h"
@@ -27,7 +28,7 @@ constexpr qint64 kMostStyleTries = 1'000'000;
 constexpr qsizetype kMostStyleLetters = 400'000;  // of all sheets; further ones count for nothing
 
 const QString kSource = QStringLiteral("src"), kWords = QStringLiteral("alt"), kId = QStringLiteral("id"),
-              kStyle = QStringLiteral("style");
+              kStyle = QStringLiteral("style"), kObject = QStringLiteral("object");
 
 using Names = QSet<QString>;
 
@@ -39,8 +40,8 @@ const Names& LooseTags() {
 
 // Tags without effect here; what stands between them is shown like any text.
 const Names& DroppedTags() {
-  static const Names names = {"link",     "base",  "meta", "object", "embed",  "applet", "iframe",  "frame",
-                              "frameset", "param", "form", "input",  "option", "button", "textarea"};
+  static const Names names = {"link",     "base", "meta",  "applet", "iframe", "frame",
+                              "frameset", "form", "input", "option", "button", "textarea"};
   return names;
 }
 
@@ -217,6 +218,8 @@ class Filter {
     }
     if (SilentTags().contains(word)) {
       if (!tag.IsEnd && !tag.IsClosed) HandleSilent(word);
+    } else if (word == u"object" || word == u"embed" || word == u"param") {
+      HandleEmbedded(tag);
     } else if (DroppedTags().contains(word)) {
       return;
     } else if (word == u"table" || word == u"tr" || word == u"td" || word == u"th") {
@@ -370,6 +373,22 @@ class Filter {
     writer_.Tag(tag);
   }
 
+  // What stands between an object's tags shows only where the object is no movie.
+  void HandleEmbedded(const HtmlTag& tag) {
+    if (tag.Name == u"object") object_ = tag.IsEnd ? HtmlTag() : tag;
+    const bool isInObject = !object_.Name.isEmpty();
+    if (tag.IsEnd || (tag.Name == u"param" && !isInObject)) return;
+    const QString movie = MovieNamedBy(tag);
+    if (movie.isEmpty()) return;
+    const HtmlTag& sized = isInObject ? object_ : tag;
+    if (!writer_.IsHidden() && !HidesItself(sized) && writer_.Budget().TakeObject())
+      writer_.Tag(MovieBox(sized, writer_.AddObject(movie)));
+    object_ = {};
+    if (!isInObject || endless_.contains(kObject)) return;
+    const qsizetype end = EndOfObject(html_, at_);
+    end < 0 ? static_cast<void>(endless_.insert(kObject)) : static_cast<void>(at_ = end);
+  }
+
   void HandleSilent(const QString& word) {
     if (endless_.contains(word)) return;
     qsizetype end = html_.indexOf(QLatin1String("</") + prefix_ + word, at_, Qt::CaseInsensitive);
@@ -474,7 +493,8 @@ class Filter {
   qsizetype hiddenFrom_ = kNone;  // the depth of what hides all that is in it
   QString hiddenItem_;            // what hides, where its end may be left out; else empty
   qsizetype hiddenLevel_ = 0;     // of that
-  Names endless_;                 // of the silent ones, those without an end from here on
+  HtmlTag object_;                // that is open and has not shown a movie yet; else without a name
+  Names endless_;                 // of the silent ones and objects, those without an end from here on
   std::vector<Table> tables_;
   std::vector<List> lists_;
   QString prefix_;   // of the page's tags, with its colon

@@ -89,11 +89,12 @@ struct Change {
 // Walks over the page once and notes what its formats need.
 class Finisher {
  public:
-  Finisher(RichPage& page, const PageMetrics& metrics, const QString& linkColour)
+  Finisher(RichPage& page, const PageMetrics& metrics, const FilteredHtml& filtered)
       : page_(page),
+        movies_(filtered.Objects),
         letterScale_(metrics.PointSize(1.0)),
         scale_(metrics.Pixels(kTwipsPerPixel)),
-        linkColour_(linkColour.isEmpty() ? QColor(Qt::blue) : QColor(linkColour)) {}
+        linkColour_(filtered.LinkColour.isEmpty() ? QColor(Qt::blue) : QColor(filtered.LinkColour)) {}
 
   void Run() {
     QTextDocument& document = *page_.Document;
@@ -123,6 +124,7 @@ class Finisher {
     QTextCharFormat format = old;
     if (old.isAnchor()) SetLink(format, fragment.position());
     SetSizes(format);
+    if (format.isImageFormat()) SetObject(format, fragment.position());
     if (format != old) changes_.push_back({fragment.position(), fragment.length(), format});
     end_ = fragment.position() + fragment.length();
   }
@@ -159,6 +161,15 @@ class Finisher {
     if (!format.isImageFormat()) return;
     SetPictureSize(format);
     if (format.toImageFormat().name() == kMissingPicture) DrawBox(format);
+  }
+
+  // The picture that stands for a movie becomes an object of the page.
+  void SetObject(QTextCharFormat& format, int position) {
+    const QString name = format.toImageFormat().name();
+    if (!name.startsWith(kObjectPicture)) return;
+    const int id = static_cast<int>(page_.Objects.size()) + 1;
+    page_.Objects.append({id, movies_.value(name.mid(kObjectPicture.size()).toInt()), position});
+    format.setProperty(kObjectIdProperty, id);
   }
 
   // A box of its own for each size keeps its rim thin.
@@ -249,6 +260,7 @@ class Finisher {
   }
 
   RichPage& page_;
+  const QStringList movies_;
   const double letterScale_;  // from the points of the page to those of the view
   const double scale_;        // from the pixels of the page to those of the view
   const QColor linkColour_;
@@ -269,5 +281,5 @@ PageLink LinkOfHtml(const QString& href) {
 void FinishHtml(RichPage& page, const PageMetrics& metrics, const FilteredHtml& filtered) {
   HideSkippedItems(*page.Document);
   NotePlaces(page, filtered);
-  Finisher(page, metrics, filtered.LinkColour).Run();
+  Finisher(page, metrics, filtered).Run();
 }

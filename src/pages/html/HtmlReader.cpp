@@ -49,12 +49,20 @@ class Pictures {
   // Styles alone have names for their pictures.
   QImage At(const QString& numberOrName) {
     if (numberOrName == kMissingPicture) return PlaceholderBox(kUsualBox);
+    if (numberOrName.startsWith(kObjectPicture)) return WhiteBox();
     bool isNumber = false;
     const int number = numberOrName.toInt(&isNumber);
     return images_.value(isNumber ? number : NumberOf(numberOrName));
   }
 
  private:
+  // What the page shows of a movie until it plays.
+  static QImage WhiteBox() {
+    QImage white(8, 8, QImage::Format_RGB32);
+    white.fill(Qt::white);
+    return white;
+  }
+
   QByteArray BytesOf(const QString& name) const {
     const QByteArray onThePage = BytesInAddress(name.trimmed());
     return onThePage.isEmpty() && loader_ ? loader_(name) : onThePage;
@@ -130,6 +138,7 @@ HtmlReferences ReadHtmlReferences(const QByteArray& bytes, const QString& what, 
     return number;
   });
   found.Links = LinksIn(filtered.Html);
+  found.Movies = filtered.Objects;
   for (const QStringList& names : filtered.Places + QList<QStringList>{filtered.EndNames}) {
     for (const QString& name : names)
       found.Places.insert(name.toLower());

@@ -27,6 +27,7 @@ RichPage ReadHtml(const QByteArray& bytes, const PageMetrics& metrics, const QSt
 struct HtmlReferences {
   QSet<QString> Places;
   QList<PageLink> Links;
+  QStringList Movies;  // file names
   QStringList MissingPictures;
 };
 HtmlReferences ReadHtmlReferences(const QByteArray& bytes, const QString& what, PictureLoader loader = {});

@@ -70,6 +70,11 @@ void HtmlWriter::Name(const QString& name) {
   waiting_.append(name);
 }
 
+QString HtmlWriter::AddObject(const QString& dataText) {
+  page_.Objects.append(dataText);
+  return kObjectPicture + QString::number(page_.Objects.size() - 1);
+}
+
 void HtmlWriter::WriteMark() {
   if (waiting_.isEmpty()) return;
   page_.Html += PlaceMark(page_.Places.size());

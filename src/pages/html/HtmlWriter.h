@@ -22,6 +22,9 @@ class HtmlWriter {
   // A place that the next text or picture has.
   void Name(const QString& name);
 
+  // Notes a movie and names the picture that stands for it.
+  QString AddObject(const QString& dataText);
+
   void LinkColour(const QString& colour) { page_.LinkColour = colour; }
 
   void SetHidden(bool hidden) { isHidden_ = hidden; }

@@ -173,6 +173,37 @@ TEST(HtmlLists, GoOnWithTheirNumbersAsTextWhenTheyAreLong) {
   EXPECT_EQ(block.textList()->format().style(), QTextListFormat::ListStyleUndefined);
 }
 
+TEST(HtmlMovies, AreObjectsOfTheirSizeAndHideWhatStandsInForThem) {
+  const struct {
+    QByteArray Page;
+    QString Text, Movies;  // the page's, a "#" for a movie; name and size of each
+  } rows[] = {
+      {"<p>a<object data='Movies/my%20film.WMV' width=48 height=36>x<object>y</object></object>b", "a#b",
+       "my film.wmv 48x36"},
+      {"<p>a<object classid=c width=64 height=48><param name=Movie value='b.swf'><embed "
+       "src='b.swf'>x</object>b",
+       "a#b", "b.swf 64x48"},
+      {"<p><a name=n></a><embed src=a.swf width=10 height=20><embed src=b.dcr>b", "##b",
+       "a.swf 10x20 b.dcr 320x240"},
+      {"<p>a<object data=a.swf width=1 height=1>b", "a#b", "a.swf 1x1"},
+      {"<p>a<object data=list.pdf>x</object><param name=movie value=a.swf><embed src=a.mid>b", "axb", ""},
+      {"<p>a<object data=a.swf hidden>x</object><b hidden><embed src=b.swf></b>b", "ab", ""},
+  };
+  for (const auto& row : rows) {
+    const RichPage page = Html(row.Page);
+    QStringList movies;
+    for (const PageObject& object : page.Objects) {
+      QTextCursor cursor(page.Document.get());
+      cursor.setPosition(object.Position + 1);
+      const QTextImageFormat format = cursor.charFormat().toImageFormat();
+      EXPECT_EQ(format.intProperty(kObjectIdProperty), object.Id) << row.Page.toStdString();
+      movies.append(QStringLiteral("%1 %2x%3").arg(object.DataText).arg(format.width()).arg(format.height()));
+    }
+    EXPECT_EQ(movies.join(' '), row.Movies) << row.Page.toStdString();
+    EXPECT_EQ(page.Document->toPlainText().replace(QChar::ObjectReplacementCharacter, '#'), row.Text);
+  }
+}
+
 TEST(HtmlPictures, AreBoxesWhereTheyAndTheirWordsAreMissing) {
   const std::tuple<const char*, QSize, bool> rows[] = {
       {"<img src=n>", {32, 32}, true},
