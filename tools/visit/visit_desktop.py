@@ -149,9 +149,10 @@ class Desktop:
         return [sizes[number] for number in numbers if number in sizes]
 
     def window(self, width: int, height: int) -> "Window | None":
-        """The visible window of the program that has that size."""
+        """The visible window of the program that has that size, but for the rounding of a scaled one."""
+        leeway = 0 if self.scale == 1 else max(1, round(1 / self.scale))
         for number, size in self.visible():
-            if size == (width, height):
+            if abs(size[0] - width) <= leeway and abs(size[1] - height) <= leeway:
                 return self.place(number)
         return None
 
