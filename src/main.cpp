@@ -10,6 +10,7 @@
 #include "platform/files/Paths.h"
 #include "platform/files/StoreLock.h"
 #include "platform/forms/DisplayScale.h"
+#include "platform/forms/DisplayWatch.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/HeldKeys.h"
 #include "platform/forms/SkinButton.h"
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
   scale.Apply();
   if (choosesX11) qunsetenv("QT_QPA_PLATFORM");
   const HeldKeys heldKeys;
+  const DisplayWatch displays(kDesignSize);
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
   QApplication::setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);

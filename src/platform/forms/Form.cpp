@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QWindow>
+#include <cmath>
 
 #include "platform/forms/Control.h"
 #include "platform/forms/Palette.h"
@@ -18,6 +19,8 @@
 namespace {
 
 constexpr int kLongestExposure = 300;  // ms
+constexpr int kMostAside = 4;          // pixels
+constexpr double kNoticed = 0.05;      // of a pixel of the display
 
 Qt::WindowFlags FlagsOf(FormFrame frame) {
   switch (frame) {
@@ -29,6 +32,22 @@ Qt::WindowFlags FlagsOf(FormFrame frame) {
   }
   // A dialog is kept above its owner; window managers leave a mere window where it is.
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+}
+
+// Half of what is left over, or a few pixels beside it where a pixel of the display begins: what stands on
+// each other is rounded to those, and fits better from there.
+int Middle(int rest, double dotsPerPixel) {
+  const int middle = std::max(rest / 2, 0);
+  const auto between = [dotsPerPixel](int pixel) {
+    return std::abs(pixel * dotsPerPixel - std::round(pixel * dotsPerPixel));
+  };
+  int best = middle;
+  for (int aside = 1; aside <= std::min(kMostAside, middle); ++aside) {
+    for (const int pixel : {middle - aside, middle + aside}) {
+      if (between(pixel) + kNoticed < between(best)) best = pixel;
+    }
+  }
+  return best;
 }
 
 Qt::CursorShape ShapeOf(int pointer) {
@@ -91,8 +110,9 @@ void Form::SetSize(double width, double height) {
 QRect Form::Area() const {
   if (!fillsScreen_) return rect();
   const QSize size(Screen::PixelsX(width_), Screen::PixelsY(height_));
-  const QPoint corner((width() - size.width()) / 2, (height() - size.height()) / 2);
-  return {QPoint(std::max(corner.x(), 0), std::max(corner.y(), 0)), size};
+  return {QPoint(Middle(width() - size.width(), devicePixelRatioF()),
+                 Middle(height() - size.height(), devicePixelRatioF())),
+          size};
 }
 
 void Form::Centre() {

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "platform/forms/DevicePixels.h"
 #include "platform/forms/Font.h"
 #include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
@@ -10,7 +11,7 @@
 namespace {
 
 constexpr int kLine = 0xE4D0D0, kGround = 0xFFFAFA;
-constexpr double kRadius = 4, kCaptionLeft = 14, kCaptionTop = 10;  // pixels
+constexpr double kRadius = 4, kCaptionLeft = 14, kCaptionTop = 10;  // pixels of the design
 constexpr double kCaptionPoints = 10;
 
 }  // namespace
@@ -24,13 +25,11 @@ void Frame::SetCaption(const QString& caption) {
 
 void Frame::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Screen::Colour(kLine));
-  painter.setBrush(Screen::Colour(kGround));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  DrawRoundFrame(painter, rect(), Screen::Colour(kLine), Screen::Colour(kGround), Screen::Pixels(kRadius));
   painter.setFont(Arial(kCaptionPoints, true));
   painter.setPen(Screen::Colour(Palette::kEdge));
-  painter.drawText(QRectF(rect()).adjusted(kCaptionLeft, kCaptionTop, 0, 0), title());
+  painter.drawText(QRectF(rect()).adjusted(Screen::Pixels(kCaptionLeft), Screen::Pixels(kCaptionTop), 0, 0),
+                   title());
 }
 
 void Frame::mouseMoveEvent(QMouseEvent* event) {

@@ -29,11 +29,30 @@ QMessageBox::Icon QtIcon(MsgIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-constexpr qsizetype kListLines = 12;  // of a list that are told
-constexpr int kTextWidth = 440;       // pixels
-constexpr int kAround = 160;          // pixels of icon, buttons, margins and frame, in either direction
-constexpr int kTitleAround = 130;     // pixels of a frame's boxes and icon
+constexpr qsizetype kListLines = 12;          // of a list that are told
+constexpr int kTextWidth = 440;               // pixels of the design
+constexpr int kAround = 160;                  // of icon, buttons, margins and frame, in either direction
+constexpr int kTitleAround = 130;             // of a frame's boxes and icon
 constexpr qsizetype kMostCharacters = 20000;  // more than a screen can hold
+
+// Stands in the middle of its owner, and without one in that of the display; Qt would place it higher.
+class CentredBox final : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  void showEvent(QShowEvent* event) override {
+    QMessageBox::showEvent(event);
+    const QRect display = screen()->geometry();
+    const QWidget* owner = parentWidget();
+    const bool hasOwner = owner != nullptr && owner->isVisible() && !owner->isMinimized();
+    QRect place(QPoint(), size());
+    place.moveCenter(hasOwner ? owner->frameGeometry().center() : display.center());
+    const QPoint last = display.bottomRight() - QPoint(width(), height());
+    move(std::clamp(place.x(), display.left(), std::max(last.x(), display.left())),
+         std::clamp(place.y(), display.top(), std::max(last.y(), display.top())));
+  }
+};
 
 // A text of more lines is a list: the first of them, and how many more there are.
 QString FirstLines(const QString& text, qsizetype most) {
@@ -46,14 +65,16 @@ QString FirstLines(const QString& text, qsizetype most) {
 // The widest text that Qt gives a message box room for on that screen.
 int WidestText(const QSize& screen) {
   const bool isSmall = screen.width() <= 1024;
-  return std::max(std::min(isSmall ? screen.width() : screen.width() - 480, 1000) - kAround, kTextWidth);
+  return std::max(std::min(isSmall ? screen.width() : screen.width() - 480, 1000) - Screen::Pixels(kAround),
+                  Screen::Pixels(kTextWidth));
 }
 
 // As much of the text as the screen has room for, in lines: across it only where it would be too high.
 QString OntoScreen(const QString& text, const QFont& font, const QSize& screen) {
-  const int height = screen.height() - kAround;
+  const int height = screen.height() - Screen::Pixels(kAround);
   QString shown = FirstLines(text, kListLines).left(kMostCharacters);
-  if (WrappedHeight(font, kTextWidth, shown) <= height) return WrappedLines(font, kTextWidth, shown);
+  if (WrappedHeight(font, Screen::Pixels(kTextWidth), shown) <= height)
+    return WrappedLines(font, Screen::Pixels(kTextWidth), shown);
   const int width = WidestText(screen);
   for (qsizetype most = kListLines - 1; most > 0 && WrappedHeight(font, width, shown) > height; --most)
     shown = FirstLines(text, most).left(kMostCharacters);
@@ -72,7 +93,8 @@ void SetText(QMessageBox& box, const QString& text) {
   box.setText(lines);
   QFont titleFont = label->font();
   titleFont.setBold(true);
-  const int title = QFontMetrics(titleFont).horizontalAdvance(box.windowTitle()) + kTitleAround;
+  const int title =
+      QFontMetrics(titleFont).horizontalAdvance(box.windowTitle()) + Screen::Pixels(kTitleAround);
   const int widest = QFontMetrics(label->font()).size(0, lines).width() + 1;
   label->setFixedWidth(std::max(widest, std::min(title, WidestText(screen))));
 }
@@ -80,7 +102,7 @@ void SetText(QMessageBox& box, const QString& text) {
 MsgAnswer Show(const MsgBoxCall& call) {
   // A box raised while the program is in the background must not lie behind its forms.
   QWidget* owner = QApplication::activeWindow();
-  QMessageBox box(owner != nullptr ? owner : FormLife::Active());
+  CentredBox box(owner != nullptr ? owner : FormLife::Active());
   box.setObjectName(QStringLiteral("MsgBox"));
   box.setTextFormat(Qt::PlainText);
   box.setIcon(QtIcon(call.Icon));

@@ -23,7 +23,7 @@ void PictureBox::SetTransparent(bool transparent) {
 void PictureBox::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (!transparent_) painter.fillRect(rect(), Screen::Colour(BackColor()));
-  DrawSharp(painter, {0, 0}, picture_);
+  DrawFitted(painter, rect(), picture_);
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {

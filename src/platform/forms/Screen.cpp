@@ -62,6 +62,10 @@ double TwipsY(double pixels) {
   return pixels / g_shrink * TwipsPerPixelY();
 }
 
+int Pixels(double designPixels) {
+  return designPixels == 0 ? 0 : std::max(static_cast<int>(std::lround(designPixels * g_shrink)), 1);
+}
+
 QColor Colour(int bbggrr) {
   return {bbggrr & 0xFF, (bbggrr >> 8) & 0xFF, (bbggrr >> 16) & 0xFF};
 }

@@ -35,6 +35,10 @@ int PixelsY(double twips);
 double TwipsX(double pixels);
 double TwipsY(double pixels);
 
+// The nearest whole pixel of a window for a length in pixels of the design, at least one but for none: for
+// the measures that controls have of their own.
+int Pixels(double designPixels);
+
 // A colour in the program's form, 0xBBGGRR (blue in the high byte).
 QColor Colour(int bbggrr);
 

@@ -7,6 +7,7 @@
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/AccessibleRole.h"
+#include "platform/forms/DevicePixels.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Screen.h"
 
@@ -122,10 +123,8 @@ void SkinButton::paintEvent(QPaintEvent* event) {
   PictureBox::paintEvent(event);
   if (!framed_) return;
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(Screen::Colour(look_ == Look::On ? kLitFrameColour : kFrameColour), kFrameWidth));
-  const int inset = kFrameWidth / 2;
-  painter.drawRoundedRect(rect().adjusted(inset, inset, -inset, -inset), kFrameRadius, kFrameRadius);
+  DrawRoundFrame(painter, rect(), Screen::Colour(look_ == Look::On ? kLitFrameColour : kFrameColour),
+                 Qt::transparent, Screen::Pixels(kFrameRadius), Screen::Pixels(kFrameWidth));
 }
 
 void SkinButton::mouseMoveEvent(QMouseEvent* event) {

@@ -4,7 +4,7 @@
 #include "platform/forms/Form.h"
 
 Timer::Timer(Form* form, const QString& name) : form_(form), name_(name) {
-  form_->timers_.append(this);
+  if (form_ != nullptr) form_->timers_.append(this);
 }
 
 Timer::~Timer() {

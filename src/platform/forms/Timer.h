@@ -11,7 +11,7 @@ class Form;
 
 class Timer {
  public:
-  // The timer stops when its form is unloaded.
+  // The timer stops when its form is unloaded; one without a form, nullptr, is the whole program's.
   Timer(Form* form, const QString& name);
   ~Timer();
   Timer(const Timer&) = delete;

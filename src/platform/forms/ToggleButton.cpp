@@ -10,12 +10,13 @@
 
 namespace {
 
-constexpr int kMark = 15, kTextLeft = 26, kFocusLeft = 22;  // pixels
+// Pixels of the design.
+constexpr int kMarkLeft = 2, kMark = 15, kTextLeft = 26, kFocusLeft = 22;
 
 }  // namespace
 
 double ToggleTextWidth(double width) {
-  return width - Screen::TwipsX(kTextLeft);
+  return width - Screen::TwipsX(Screen::Pixels(kTextLeft));
 }
 
 void PaintToggle(QAbstractButton& button, QStyle::PrimitiveElement mark, const QString& caption, int colour) {
@@ -26,11 +27,12 @@ void PaintToggle(QAbstractButton& button, QStyle::PrimitiveElement mark, const Q
   option.state |= button.isChecked() ? QStyle::State_On : QStyle::State_Off;
   option.state.setFlag(QStyle::State_Sunken, button.isDown());
   // The mark stands beside the first line, however many follow.
-  option.rect = QRect(2, std::max(0, (lineHeight - kMark) / 2), kMark, kMark);
+  const int size = Screen::Pixels(kMark);
+  option.rect = QRect(Screen::Pixels(kMarkLeft), std::max(0, (lineHeight - size) / 2), size, size);
   button.style()->drawPrimitive(mark, &option, &painter, &button);
   painter.setPen(Screen::Colour(colour));
-  DrawWrapped(painter, button.rect().adjusted(kTextLeft, 0, 0, 0), caption);
-  if (button.hasFocus()) PaintFocusRing(painter, button.rect().adjusted(kFocusLeft, 0, 0, 0));
+  DrawWrapped(painter, button.rect().adjusted(Screen::Pixels(kTextLeft), 0, 0, 0), caption);
+  if (button.hasFocus()) PaintFocusRing(painter, button.rect().adjusted(Screen::Pixels(kFocusLeft), 0, 0, 0));
 }
 
 void SetToggle(QAbstractButton& button, bool on) {

@@ -3,11 +3,14 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 
 #include "platform/RunTimeError.h"
+#include "platform/forms/DevicePixels.h"
 #include "platform/forms/Font.h"
 #include "platform/forms/Palette.h"
 #include "platform/forms/Screen.h"
@@ -17,7 +20,14 @@
 namespace {
 
 constexpr double kPoints = 9;
-constexpr int kRowMargin = 4;  // pixels above and below a row's text
+constexpr int kBorder = 2;     // pixels of the design, with the focus
+constexpr int kRowMargin = 4;  // pixels of the design above and below a row's text
+
+// So many pixels of the design without what would be a part of a dot: the rows would cover it.
+double WholeDots(const QPainter& painter, int pixels) {
+  const double scale = painter.deviceTransform().m11();
+  return std::floor(Screen::Pixels(pixels) * scale) / scale;
+}
 
 }  // namespace
 
@@ -330,7 +340,7 @@ void FlexGrid::Clear() {
 void FlexGrid::SetFont(double points, bool bold) {
   const QFont font = Arial(points, bold);
   setFont(font);
-  verticalHeader()->setDefaultSectionSize(QFontMetrics(font).height() + 2 * kRowMargin);
+  verticalHeader()->setDefaultSectionSize(QFontMetrics(font).height() + 2 * Screen::Pixels(kRowMargin));
 }
 
 QFont FlexGrid::FontOf(const GridCell& cell) const {
@@ -354,14 +364,23 @@ void FlexGrid::ColoursChanged() {
   SetLook();
 }
 
-// The padding makes up for the thinner line, so that the rows stay where they are when the focus comes.
+// The style draws no border: its edges would be uneven where a pixel is no whole number of the display's
+// dots.
 void FlexGrid::SetLook() {
-  const QString border =
-      border_ ? QStringLiteral("border: 1px solid @edge; padding: 1px; ") : QStringLiteral("border: none; ");
-  const QString focused = border_ ? QStringLiteral("border: 2px solid @blue; padding: 0; ") : QString();
-  setStyleSheet(Palette::Sheet(
-      QStringLiteral("QTableView { background: %1; outline: none; %2 } QTableView:focus { %3 }")
-          .arg(Screen::Colour(BackColor()).name(), border, focused)));
+  const QString border = border_ ? QStringLiteral("border: none; padding: %1px; ").arg(kBorder)
+                                 : QStringLiteral("border: none; ");
+  setStyleSheet(Palette::Sheet(QStringLiteral("QTableView { background: %1; outline: none; %2 }")
+                                   .arg(Screen::Colour(BackColor()).name(), border)));
+}
+
+bool FlexGrid::event(QEvent* event) {
+  const bool done = QTableView::event(event);
+  if (event->type() == QEvent::Paint && border_) {
+    QPainter painter(this);
+    DrawFrame(painter, rect(), Screen::Colour(hasFocus() ? Palette::kBlue : Palette::kEdge),
+              WholeDots(painter, hasFocus() ? kBorder : 1));
+  }
+  return done;
 }
 
 bool FlexGrid::viewportEvent(QEvent* event) {
@@ -401,11 +420,13 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
 
 void FlexGrid::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
+  update();  // the border
   viewport()->update();
 }
 
 void FlexGrid::focusOutEvent(QFocusEvent* event) {
   QTableView::focusOutEvent(event);
+  update();
   viewport()->update();
 }
 

@@ -119,6 +119,7 @@ class FlexGrid : public QTableView, public Control {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void updateGeometries() override;
 

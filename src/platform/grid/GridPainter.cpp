@@ -2,12 +2,13 @@
 
 #include <QPainter>
 
+#include "platform/forms/DevicePixels.h"
 #include "platform/forms/Screen.h"
 #include "platform/grid/FlexGrid.h"
 
 namespace {
 
-constexpr int kTextMargin = 4;  // pixels on both sides of a text
+constexpr int kTextMargin = 4;  // pixels of the design on both sides of a text
 constexpr int kLightRect = 1, kHeavyRect = 2;
 
 Qt::Alignment QtAlignment(int alignment) {
@@ -21,7 +22,8 @@ Qt::Alignment QtAlignment(int alignment) {
 GridPainter::GridPainter(FlexGrid& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
 
 QRect GridPainter::TextRect(const QRect& cell, const QRect& viewport) {
-  return cell.intersected(viewport).adjusted(kTextMargin, 0, -kTextMargin, 0);
+  const int margin = Screen::Pixels(kTextMargin);
+  return cell.intersected(viewport).adjusted(margin, 0, -margin, 0);
 }
 
 void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -44,7 +46,5 @@ void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   }
   if (!grid_.IsMarked(row, col)) return;
   const int width = grid_.FocusRect() == GridFocusRect::Heavy ? kHeavyRect : kLightRect;
-  painter->setPen(QPen(Screen::Colour(grid_.ForeColor()), width, Qt::DotLine));
-  const double half = width / 2.0;  // the pen draws on both sides
-  painter->drawRect(QRectF(option.rect).adjusted(half, half, -half, -half));
+  DrawDottedFrame(*painter, option.rect, Screen::Colour(grid_.ForeColor()), width);
 }

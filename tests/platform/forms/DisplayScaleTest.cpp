@@ -6,10 +6,12 @@
 #include <QPainter>
 
 #include "platform/forms/DevicePixels.h"
+#include "platform/forms/DisplayWatch.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/Screen.h"
 #include "support/FormTest.h"
+#include "support/Messages.h"
 
 namespace {
 
@@ -82,5 +84,44 @@ TEST(DevicePixels, AFrameIsEqualOnAllSidesAtAnyScale) {
       }
     }
     EXPECT_EQ(runs, QList<int>(4, static_cast<int>(std::lround(scale)))) << scale;
+  }
+}
+
+TEST(DevicePixels, APictureShowsAllItsEdgesWhereverItIsRounded) {
+  for (const double scale : {1.25, 1.40625, 2.75}) {
+    for (const double corner : {3.0, 3.3, 3.6, 3.9}) {
+      const int dots = static_cast<int>(std::ceil(20 * scale));
+      QPixmap picture(dots, dots);
+      picture.fill(Qt::red);
+      QPainter(&picture).fillRect(1, 1, dots - 2, dots - 2, Qt::blue);
+      picture.setDevicePixelRatio(scale);
+      QImage image(100, 100, QImage::Format_RGB32);
+      QPainter painter(&image);
+      painter.scale(scale, scale);
+      const QRectF place(corner, corner, 20, 20);
+      DrawFitted(painter, place, picture);
+      const QRect seen = OnDots(painter).Nearest(place);
+      painter.end();
+      const QColor first = image.pixelColor(seen.topLeft()), last = image.pixelColor(seen.bottomRight());
+      EXPECT_TRUE(first == Qt::red && last == Qt::red) << scale << ' ' << corner;
+      EXPECT_EQ(image.pixelColor(seen.bottomRight() - QPoint(1, 1)), QColor(Qt::blue));
+    }
+  }
+}
+
+TEST_F(FullScreenForm, FollowsTheDisplayAndSaysOnceThatItIsTooSmall) {
+  QScreen* display = QGuiApplication::primaryScreen();
+  Messages messages;
+  for (const bool fits : {true, false}) {
+    const DisplayWatch watch(fits ? display->size() : display->size() + QSize(0, 2));
+    QWidget outside;
+    outside.setGeometry(display->geometry().right() + 50, 10, 200, 100);
+    outside.show();
+    for (int change = 0; change < 2; ++change) {
+      Q_EMIT display->geometryChanged(display->geometry());
+      clock.Advance(1000);
+    }
+    EXPECT_TRUE(display->geometry().contains(outside.geometry()));
+    EXPECT_EQ(messages.Take().size(), fits ? 0 : 1);
   }
 }
