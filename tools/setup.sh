@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing. Usage: tools/setup.sh GROUP..., with the groups
 # build (program), players (what plays the movies), test (test run, the visit included), visit (scripted
-# visit without a display), managers (more window managers to play it under), format (look of the code),
+# visit without a display), managers (more window managers and panels to play it under), format (look of the code),
 # bench (benchmarks), fidelity (pages beside LibreOffice's), fuzz (fuzz targets) and artwork (what renders
 # the skin and the films).
 set -euo pipefail
@@ -19,7 +19,7 @@ packages_of() {
     artwork) echo ffmpeg libjpeg-turbo-progs librsvg2-bin ;;
     bench) echo libbenchmark-dev unrtf ;;
     fidelity) echo imagemagick libreoffice-writer-nogui poppler-utils python3-numpy ;;
-    managers) echo xfwm4 metacity mutter kwin-x11 dbus-daemon ;;
+    managers) echo xfwm4 metacity mutter kwin-x11 dbus-daemon tint2 xfce4-panel ;;
     visit)
       echo xvfb openbox xdotool imagemagick x11-utils x11-xserver-utils
       echo cups-daemon cups-client cups-filters poppler-utils ;;

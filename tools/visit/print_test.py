@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Prints by the real program on the printers of a CUPS of its own, and reads the sheets back.
 
-Usage: print_test.py STORE [OUT]. OUT keeps the pictures and the sheets. Exits with 1 when something was not
-as it must be, and with 77 where the packages for it are missing.
+Usage: print_test.py STORE [OUT]. OUT keeps the pictures and the sheets. With --display it prints pages alone, from a
+display of another size than the design's. Exits with 1 when something was not as it must be, and with 77 where the
+packages for it are missing.
 """
 
+import argparse
 import re
 import shutil
 import subprocess
@@ -19,15 +21,15 @@ from program_run import Run
 from screen_places import (CLOSE, CLOSE_GLOSSARY, DIALOG, GLOSSARY, GLOSSARY_ROW, PRINT_GLOSSARY, PRINT_ROW,
                            PRINTER_DIALOG)
 from store_files import prepare_learner, read_courses
-from visit_desktop import Desktop, differing_pixels, wait_for
+from visit_desktop import DESIGN, Desktop, differing_pixels, wait_for
 from visit_printing import SETTLE, Printing, text_of
 
 # The desktop's print dialog, and the number of copies once its options are open.
 SYSTEM_DIALOG, COPIES = (281, 155), (301, 195)
 
-SCREEN = (1024, 768)  # pixels
 OLE_FILE = b"\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1" + bytes(504)  # what CUPS knows for a document of another program
 INCH = 72.0  # points
+SHIFT = 4  # pixels of the design by which its area may stand beside the middle of the display
 NEAR = 1.5  # pixels of the screen that a place on the sheet may be off
 MEAN_ERROR = 0.02  # of the full range: the lines of a rendered sheet don't fall on those of the screen
 
@@ -45,15 +47,15 @@ def numbers_of(entry: str, sheet: str) -> list[float]:
 class Sheet:
     """A printed page as it lies before the reader, wider than high, and where a picture has to stand on it."""
 
-    def __init__(self, pdf: Path, folder: Path) -> None:
+    def __init__(self, pdf: Path, folder: Path, screen: tuple[int, int]) -> None:
         name = SHEETS[pdf.stem.split("-")[0]]
         left, bottom, right, top = numbers_of("ImageableArea", name)
         short, long = numbers_of("PaperDimension", name)
         # A sheet may be turned to either side, so that the larger of two margins counts.
         self.corner = max(bottom, long - top), max(left, short - right)
         area = long - 2 * self.corner[0], short - 2 * self.corner[1]
-        width = min(area[0], area[1] * SCREEN[0] / SCREEN[1])
-        resolution = SCREEN[0] / width * INCH  # a dot of the rendered sheet is a pixel of the screen
+        width = min(area[0], area[1] * screen[0] / screen[1])
+        resolution = screen[0] / width * INCH  # a dot of the rendered sheet is a pixel of the screen
         self.pixels = resolution / INCH
         stem = folder / pdf.stem
         output_of("pdftoppm", "-r", resolution, "-png", "-singlefile", pdf, stem)
@@ -78,38 +80,62 @@ class Sheet:
         return numbers[:4], numbers[4:]
 
 
+def mean_error(one: Path, other: Path) -> float:
+    """Of the full range, 0 to 1."""
+    told = subprocess.run(["compare", "-metric", "MAE", str(one), str(other), "null:"], check=False,
+                          capture_output=True, text=True).stderr
+    share = re.search(r"\(([\d.e-]+)\)", told)
+    return float(share[1]) if share else 1.0
+
+
 class PrintTest:
     def __init__(self, desktop: Desktop, cups: PrivateCups, run: Run) -> None:
         self.desktop, self.cups, self.run_ = desktop, cups, run
         self.printing = Printing(desktop, cups)
+        self.screen = tuple(round(pixels * desktop.scale) for pixels in DESIGN)
         self.failures = 0
 
     def check(self, what: str, holds: bool) -> None:
         print(("ok    " if holds else "FAILED ") + what, flush=True)
         self.failures += not holds
 
-    def compare(self, pdf: Path, screen: Path) -> None:
-        sheet = Sheet(pdf, self.desktop.pictures)
+    def compare(self, pdf: Path, picture: Path) -> None:
+        sheet = Sheet(pdf, self.desktop.pictures, self.screen)
         (width, height, left, top), paper = sheet.found()
-        wanted = [*SCREEN, *(round(margin * sheet.pixels) for margin in sheet.corner)]
+        wanted = [*self.screen, *(round(margin * sheet.pixels) for margin in sheet.corner)]
         print(f"      size and place {[width, height, left, top]}, must be {wanted}")
         self.check("one sheet comes", sheet.count == 1)
         self.check("it is the sheet of the printer", all(abs(pixels - points * sheet.pixels) < NEAR
                                             for pixels, points in zip(paper, sheet.size)))
         self.check("the picture fills the sheet one way",
-                   abs(width - SCREEN[0]) < NEAR and abs(height - SCREEN[1]) < NEAR)
+                   abs(width - self.screen[0]) < NEAR and abs(height - self.screen[1]) < NEAR)
         self.check("it begins at the top left corner of the printable area",
                    abs(left - wanted[2]) < NEAR and abs(top - wanted[3]) < NEAR)
-        area = f"{SCREEN[0]}x{SCREEN[1]}"
+        screen = self.area_of(picture, sheet.picture)
+        area = f"{self.screen[0]}x{self.screen[1]}"
         crop = self.desktop.pictures / f"{pdf.stem}-as-printed.png"
         output_of("convert", sheet.rendered, "-crop", f"{area}+{left}+{top}", "+repage", crop)
-        error = subprocess.run(["compare", "-metric", "MAE", str(screen), str(crop), "null:"], check=False,
-                               capture_output=True, text=True).stderr
-        print(f"      mean error {error}")
-        share = re.search(r"\(([\d.e-]+)\)", error)
-        self.check("the sheet shows the course screen", share is not None and float(share[1]) < MEAN_ERROR)
-        self.check("and each of its pixels",
-                   differing_pixels(screen, sheet.picture, f"{area}+0+0") == 0)
+        error = mean_error(screen, crop)
+        print(f"      mean error {error:.4f}")
+        self.check("the sheet shows the course screen", error < MEAN_ERROR)
+        size = output_of("identify", "-format", "%wx%h", sheet.picture)
+        self.check(f"its picture has the display's own pixels, {size}", size == area)
+        if self.desktop.scale == 1:
+            self.check("and each of those of the screen",
+                       differing_pixels(screen, sheet.picture, f"{area}+0+0") == 0)
+
+    def area_of(self, picture: Path, printed: Path) -> Path:
+        """The design's area in a picture of the display, where it is most like what was printed."""
+        corner = self.desktop.course()
+        best, least = picture, 1.0
+        reach = 0 if self.desktop.scale == 1 else round(SHIFT * self.desktop.scale)
+        for aside in range(-reach, reach + 1) if self.desktop.display[0] > self.screen[0] else [0]:
+            crop = picture.with_name(f"{picture.stem}-area{aside}.png")
+            output_of("convert", picture, "-crop", f"{self.screen[0]}x{self.screen[1]}+{corner.x + aside}+{corner.y}",
+                      "+repage", crop)
+            if (error := mean_error(crop, printed)) < least:
+                best, least = crop, error
+        return best
 
     def print_pages(self) -> None:
         self.compare(*self.printing.print_page("page", OTHER, arrives_at=OTHER))
@@ -185,25 +211,34 @@ class PrintTest:
 
 
 def main() -> int:
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("store", type=Path)
+    parser.add_argument("out", type=Path, nargs="?")
+    parser.add_argument("--display", default="x".join(map(str, DESIGN)), help="as 1920x1080")
+    arguments = parser.parse_args()
     if missing := missing_packages():
         print(f"nothing can be printed without {', '.join(missing)}")
         return SKIPPED
     with ExitStack() as stack:
-        out = Path(sys.argv[2] if len(sys.argv) > 2 else
-                   stack.enter_context(tempfile.TemporaryDirectory(prefix="print-")))
+        out = arguments.out or Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="print-")))
         out.mkdir(parents=True, exist_ok=True)
         store = Path(stack.enter_context(tempfile.TemporaryDirectory(prefix="print-store-"))) / "store"
-        shutil.copytree(Path(sys.argv[1]), store, ignore=shutil.ignore_patterns("data"))
+        shutil.copytree(arguments.store, store, ignore=shutil.ignore_patterns("data"))
         (store / "Repository/1/Ledger.doc").write_bytes(OLE_FILE)
         prepare_learner(store / "data", read_courses(store))
         cups = stack.enter_context(PrivateCups(out / "sheets"))
-        desktop = stack.enter_context(Desktop(out, 96))
+        width, height = (int(pixels) for pixels in arguments.display.split("x"))
+        desktop = stack.enter_context(Desktop(out, 96, display=(width, height)))
         desktop.environment.update(cups.variables)
         run = Run(desktop, desktop.start(store / "tallowmere"))
+        run.close_warning()
         run.choose_course(0)
         run.sign_in()
         test = PrintTest(desktop, cups, run)
-        test.run(store / "Repository" / "1")
+        if desktop.scale == 1:
+            test.run(store / "Repository" / "1")
+        else:
+            test.print_pages()
     return 1 if test.failures else 0
 
 

@@ -18,6 +18,8 @@ WINDOW_MANAGERS = {
     "mutter": ["dbus-run-session", "--", "mutter", "--x11"],
     "kwin": ["dbus-run-session", "--", "kwin_x11"],
 }
+# The panels of a desktop.
+DOCKS = {"tint2": ["tint2"], "xfce4-panel": ["dbus-run-session", "--", "xfce4-panel", "--disable-wm-check"]}
 DESIGN = (1024, 768)  # pixels of the display that the screens are designed for
 PATIENCE = 20.0  # seconds until something that was waited for counts as not coming
 STILL = 0.4  # seconds without a change
@@ -40,6 +42,7 @@ class Desktop:
         self.window_manager = WINDOW_MANAGERS[window_manager]
         self.numbers: dict[str, int] = {}
         self.processes: list[subprocess.Popen[bytes]] = []
+        self.groups: list[subprocess.Popen[bytes]] = []
         self.environment = dict(os.environ)
         self.runtime = tempfile.mkdtemp(prefix="visit-")
 
@@ -54,9 +57,7 @@ class Desktop:
             number = pipe.readline().strip()
         # What the program keeps of its dialogs must not go among the settings of whoever runs this.
         self.environment.update(DISPLAY=f":{number}", XDG_RUNTIME_DIR=self.runtime, XDG_CONFIG_HOME=self.runtime)
-        # In a group of its own, to end with the bus that it may have; no screen reader reads its frames.
-        self.manager = subprocess.Popen(self.window_manager, env={**self.environment, "NO_AT_BRIDGE": "1"},
-                                        start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.groups.append(self.start_group(self.window_manager))
         try:
             wait_for(lambda: "window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                      "the window manager")
@@ -69,18 +70,23 @@ class Desktop:
         return self
 
     def __exit__(self, *_: object) -> None:
-        os.killpg(self.manager.pid, signal.SIGTERM)
-        self.manager.wait()
+        for group in reversed(self.groups):
+            os.killpg(group.pid, signal.SIGTERM)
+            group.wait()
         for process in reversed(self.processes):
             process.terminate()
             process.wait()
         shutil.rmtree(self.runtime, ignore_errors=True)
 
-    def start_dock(self) -> None:
-        """A desktop's panel along the lower edge, where one is installed."""
-        if shutil.which("tint2"):
-            self.processes.append(subprocess.Popen(["tint2"], env=self.environment, stdout=subprocess.DEVNULL,
-                                                   stderr=subprocess.DEVNULL))
+    def start_dock(self, name: str = "tint2") -> None:
+        """A desktop's panel, where it is installed."""
+        if shutil.which(name):
+            self.groups.append(self.start_group(DOCKS[name]))
+
+    def start_group(self, command: Sequence[str]) -> subprocess.Popen[bytes]:
+        """In a group of its own, to end with the bus that it may have; no screen reader reads its frames."""
+        return subprocess.Popen(command, env={**self.environment, "NO_AT_BRIDGE": "1", "XFCE_PANEL_MIGRATE_DEFAULT": "1"},
+                                start_new_session=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def start(self, program: Path, user: int | None = None) -> subprocess.Popen[bytes]:
         """As another user only root can start a program."""
@@ -162,10 +168,13 @@ class Desktop:
         if "Absolute upper-left X" not in facts:
             return None  # it has gone meanwhile
         x, y = int(facts["Absolute upper-left X"]), int(facts["Absolute upper-left Y"])
-        if (int(facts["Width"]), int(facts["Height"])) == self.display:  # the design's area lies in its middle
-            x += round((self.display[0] - DESIGN[0] * self.scale) / 2)
-            y += round((self.display[1] - DESIGN[1] * self.scale) / 2)
+        if (int(facts["Width"]), int(facts["Height"])) == self.display:
+            return self.course()
         return Window(self, x, y)
+
+    def course(self) -> "Window":
+        """The design's area of a form that fills the display, where the program's rounding may move it a little."""
+        return Window(self, *(round((whole - part * self.scale) / 2) for whole, part in zip(self.display, DESIGN)))
 
     def await_window(self, width: int, height: int, what: str) -> "Window":
         found: list[Window] = []

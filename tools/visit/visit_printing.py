@@ -29,7 +29,7 @@ class Printing:
     def __init__(self, desktop: Desktop, cups: PrivateCups,
                  look: Callable[[tuple[int, int], str], None] = lambda *_: None) -> None:
         self.desktop, self.cups, self.look = desktop, cups, look
-        self.screen = Window(desktop, 0, 0)
+        self.screen = desktop.course()
 
     def await_end_of(self, size: tuple[int, int], what: str) -> None:
         wait_for(lambda: self.desktop.window(*size) is None, f"the end of {what}")
