@@ -16,18 +16,36 @@
 #include "platform/forms/SkinButton.h"
 #include "startup/Main.h"
 #include "startup/OneCopy.h"
+#include "texts/Descriptions.h"
+
+namespace {
+
+struct Platform {
+  const char* Name = nullptr;  // of Qt's plugin; none: the environment names one, or Qt decides
+  DisplaySize (*AskDisplay)() = [] { return DisplaySize(); };
+};
+
+// X11 wherever it is to be had: Wayland ignores where a window wants to stand.
+Platform ChoosePlatform() {
+  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return {};
+  if (qEnvironmentVariableIsSet("DISPLAY")) return {"xcb", AskX11Display};
+  if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) return {"wayland", AskWaylandDisplay};
+  return {};
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  // Wayland ignores where a window wants to stand.
-  const bool choosesX11 =
-      qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-  if (choosesX11) qputenv("QT_QPA_PLATFORM", "xcb");
+  const Platform platform = ChoosePlatform();
+  if (platform.Name != nullptr) qputenv("QT_QPA_PLATFORM", platform.Name);
   // No course is changed under a learner: whoever installs one looks for this lock. Without it reading goes
   // on.
   StoreLock courses;
   courses.Take(ProgramFolder(), StoreLock::Use::Read);
-  const QStringList problems = LoadInstallation();
-  DisplayScale scale(ReadSettings().Scale, choosesX11 ? AskDisplaySize() : QSize(), kDesignSize);
+  QStringList problems = LoadInstallation();
+  const QString factor = ReadSettings().Scale;
+  if (!factor.isEmpty() && !FactorOf(factor)) problems.append(Describe("scale-unusable", factor));
+  DisplayScale scale(factor, platform.AskDisplay(), kDesignSize);
   // A quarter of the start's work is reading the system's font configuration. It is done while Qt connects
   // to the display, so that the first text finds it there.
   std::thread fonts([] { FcInit(); });
@@ -35,7 +53,7 @@ int main(int argc, char** argv) {
   fonts.join();  // before the environment, which it reads, changes
   // The environment is this program's own, and not for those that the opener starts.
   scale.Apply();
-  if (choosesX11) qunsetenv("QT_QPA_PLATFORM");
+  if (platform.Name != nullptr) qunsetenv("QT_QPA_PLATFORM");
   const HeldKeys heldKeys;
   const DisplayWatch displays(kDesignSize);
   QApplication::setApplicationName(QStringLiteral("tallowmere"));

@@ -9,7 +9,7 @@ set -euo pipefail
 packages_of() {
   case "$1" in
     build) echo g++ cmake ninja-build pkgconf python3 qt6-base-dev libfontconfig-dev libx11-dev libxcb1-dev \
-      libxcb-randr0-dev fonts-liberation libarchive-dev libcli11-dev libmd4c-dev libmd4c-html0-dev \
+      libxcb-randr0-dev libwayland-dev qt6-wayland fonts-liberation libarchive-dev libcli11-dev libmd4c-dev libmd4c-html0-dev \
       libtomlplusplus-dev xdg-utils cups-client ;;
     players) echo libavcodec-dev libavformat-dev libswresample-dev libswscale-dev libpulse-dev \
       qt6-webengine-dev; command -v npm >/dev/null || echo npm ;;

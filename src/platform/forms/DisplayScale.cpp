@@ -59,7 +59,7 @@ std::optional<double> FactorOf(const QString& setting) {
   return factor;
 }
 
-QSize AskDisplaySize() {
+DisplaySize AskX11Display() {
   int number = 0;
   const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> server(xcb_connect(nullptr, &number),
                                                                             &xcb_disconnect);
@@ -69,14 +69,17 @@ QSize AskDisplaySize() {
     xcb_screen_next(&screens);
   if (screens.rem == 0) return {};
   const QSize monitor = HasMonitors(server.get()) ? MonitorSize(server.get(), screens.data->root) : QSize();
-  return monitor.isEmpty() ? QSize(screens.data->width_in_pixels, screens.data->height_in_pixels) : monitor;
+  const QSize size =
+      monitor.isEmpty() ? QSize(screens.data->width_in_pixels, screens.data->height_in_pixels) : monitor;
+  return {size, size};
 }
 
-DisplayScale::DisplayScale(const QString& setting, QSize display, QSize design) : display_(display) {
+DisplayScale::DisplayScale(const QString& setting, const DisplaySize& display, QSize design)
+    : display_(display) {
   Set("QT_ENABLE_HIGHDPI_SCALING", "0");
   factor_ = FactorOf(setting);
   const bool isFixed = factor_.has_value();
-  if (!isFixed && display.isValid()) factor_ = FittingFactor(display, design);
+  if (!isFixed && display.Window.isValid()) factor_ = FittingFactor(display.Window, design);
   if (!factor_ || (isFixed && *factor_ == 1)) {
     factor_.reset();
     Set("QT_SCALE_FACTOR", {});  // it would count all the same
@@ -105,5 +108,5 @@ void DisplayScale::Apply() {
       qunsetenv(name);
     }
   }
-  if (factor_) Screen::SetFitted(*factor_, display_);
+  if (factor_) Screen::SetFitted(*factor_, display_.Pixels);
 }
