@@ -164,8 +164,9 @@ TEST_F(MenusTest, AHeldArrowScrollsOnUntilTheEndOrTheRelease) {
   const struct {
     QString Down, Up, Frame;
     int Repeat;  // ms
-  } arrows[] = {{"TopicScrlDwn", "TopicScrlup", "TopicFrame", 90},
-                {"MenuScrlDwn", "MenuScrlUp", "MenuFrame", 200}};
+    int Left;    // steps when the pointer leaves it pressed
+  } arrows[] = {{"TopicScrlDwn", "TopicScrlup", "TopicFrame", 90, 10},
+                {"MenuScrlDwn", "MenuScrlUp", "MenuFrame", 200, 1}};
   for (const auto& arrow : arrows) {
     const auto stepsBehind = [&arrow](const QString& steps) {
       Do(steps);
@@ -182,6 +183,8 @@ TEST_F(MenusTest, AHeldArrowScrollsOnUntilTheEndOrTheRelease) {
     EXPECT_EQ(stepsBehind("release " + arrow.Frame + ", press " + arrow.Up + ", wait 5000"), 0);
     EXPECT_EQ(stepsBehind("release " + arrow.Frame + ", wait 5000"), 0);
     EXPECT_EQ(Gui::Seen(Screen1(), arrow.Down + ' ' + arrow.Up), "off|-");
+    EXPECT_EQ(stepsBehind("press " + arrow.Down + ", point TXTextControl1, wait 5000"), arrow.Left);
+    Do("release TXTextControl1");
   }
 }
 
