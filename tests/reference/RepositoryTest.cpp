@@ -52,7 +52,9 @@ TEST_F(RepositoryTest, TheListHoldsTheFilesOfTheCoursesFolder) {
   store.Write("Repository/1/.saving", "x");
   store.Write("Repository/1/hidden/inside.txt", "x");
   store.Write("Repository/2/other.txt", "x");
-  EXPECT_EQ(Gui::Seen(Open(), "List1"), "guide.doc,list.txt");
+  const Repository& repository = Open();
+  EXPECT_EQ(Gui::Seen(repository, "List1"), "guide.doc,list.txt");
+  EXPECT_EQ(Gui::Find(repository, "List1")->accessibleName(), "Repository");
 }
 
 TEST_F(RepositoryTest, TheButtonsFollowTheSelectionWithinATenthOfASecond) {

@@ -159,10 +159,14 @@ TEST_F(FormsTest, TheProgramEndsWhenTheOutermostHandlerLeavesNoFormVisible) {
   EXPECT_TRUE(FormLife::Loaded().isEmpty());  // the hidden form went with the program
 }
 
-TEST_F(FormsTest, TheImmediateEndRunsNoUnloadHandlers) {
-  Default<First>().Show();
+TEST_F(FormsTest, TheImmediateEndRunsNoUnloadHandlersAndStopsTheTimers) {
+  First& form = Default<First>();
+  form.Show();
+  form.timer.Tick = [] { g_log.append("tick"); };
+  form.timer.SetEnabled(true);
   TakeLog();
   FormLife::EndProgram();
+  clock.Advance(100);
   EXPECT_EQ(quits, 1);
   EXPECT_EQ(TakeLog(), QStringList());
 }
