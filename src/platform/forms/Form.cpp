@@ -233,8 +233,14 @@ bool Form::event(QEvent* event) {
   if (event->type() == QEvent::WindowDeactivate) pressedKeys_.clear();  // their releases go elsewhere
   // A click on another of our windows makes it the active form, if no modal one keeps it out.
   const QWidget* modal = QApplication::activeModalWidget();
-  if (event->type() == QEvent::WindowActivate && shown_ && (modal == nullptr || modal == this)) {
-    Dispatcher::Run([this] { FormLife::SetActive(this); });
+  if (event->type() == QEvent::WindowActivate && shown_) {
+    if (modal == nullptr || modal == this) {
+      Dispatcher::Run([this] { FormLife::SetActive(this); });
+    } else if (QGuiApplication::platformName() == u"wayland") {
+      // There Qt leaves the keys with a window that takes none, and asks for that behind this event.
+      QMetaObject::invokeMethod(
+          this, [] { FormLife::BringForward(); }, Qt::QueuedConnection);
+    }
   }
   return QWidget::event(event);
 }
