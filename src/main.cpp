@@ -21,13 +21,16 @@
 namespace {
 
 struct Platform {
-  const char* Name = nullptr;  // of Qt's plugin; none: the environment names one, or Qt decides
+  const char* Name = nullptr;  // of Qt's plugin; none: the environment names it, or Qt decides
   DisplaySize (*AskDisplay)() = [] { return DisplaySize(); };
 };
 
 // X11 wherever it is to be had: Wayland ignores where a window wants to stand.
 Platform ChoosePlatform() {
-  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return {};
+  const QByteArray named = qgetenv("QT_QPA_PLATFORM");
+  if (named == "xcb") return {nullptr, AskX11Display};
+  if (named == "wayland") return {nullptr, AskWaylandDisplay};
+  if (!named.isEmpty()) return {};
   if (qEnvironmentVariableIsSet("DISPLAY")) return {"xcb", AskX11Display};
   if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) return {"wayland", AskWaylandDisplay};
   return {};

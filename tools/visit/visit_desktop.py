@@ -43,7 +43,7 @@ class Desktop:
         self.numbers: dict[str, int] = {}
         self.processes: list[subprocess.Popen[bytes]] = []
         self.groups: list[subprocess.Popen[bytes]] = []
-        self.environment = dict(os.environ)
+        self.environment = {name: value for name, value in os.environ.items() if name != "WAYLAND_DISPLAY"}
         self.runtime = tempfile.mkdtemp(prefix="visit-")
 
     def __enter__(self) -> "Desktop":
