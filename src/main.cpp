@@ -1,5 +1,6 @@
 // The program: the application object, then Main.
 #include <fontconfig/fontconfig.h>
+#include <malloc.h>
 
 #include <QApplication>
 #include <QIcon>
@@ -36,9 +37,14 @@ Platform ChoosePlatform() {
   return {};
 }
 
+constexpr int kLargeBlock = 256 * 1024;  // bytes
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Pictures made for a large display pass through larger ones, whose memory goes back at once. By itself the
+  // library would take to keeping it.
+  mallopt(M_MMAP_THRESHOLD, kLargeBlock);
   const Platform platform = ChoosePlatform();
   if (platform.Name != nullptr) qputenv("QT_QPA_PLATFORM", platform.Name);
   // No course is changed under a learner: whoever installs one looks for this lock. Without it reading goes
