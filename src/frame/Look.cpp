@@ -14,10 +14,21 @@ namespace {
 constexpr const char* kSheet = R"(
 QMessageBox { background: #FFFFFF; dialogbuttonbox-buttons-have-icons: 0; }
 QMessageBox QLabel { color: @text; }
-QMessageBox QPushButton {
+QMessageBox QPushButton, QFileDialog QPushButton {
   background: @blue; color: #FFFFFF; font-weight: bold; border: 1px solid @edge;
   border-radius: 4px; min-width: 74px; min-height: 20px; padding: 3px 8px; }
-QMessageBox QPushButton:hover, QMessageBox QPushButton:focus { background: @light; color: #000000; }
+QMessageBox QPushButton:hover, QMessageBox QPushButton:focus, QFileDialog QPushButton:hover,
+  QFileDialog QPushButton:focus { background: @light; color: #000000; }
+QFileDialog { background: #FFFFFF; }
+QFileDialog QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+QFileDialog QLabel { color: @text; }
+QFileDialog QLineEdit { border: 1px solid @edge; border-radius: 3px; padding: 2px 5px; }
+QFileDialog QListView, QFileDialog QTreeView { border: 1px solid @edge; color: @text;
+  selection-background-color: @light; selection-color: #000000; }
+QFileDialog QHeaderView { background: @light; }
+QFileDialog QHeaderView::section { background: @light; color: @text; border: none; padding: 3px 6px; }
+QFileDialog QToolButton { border: none; border-radius: 3px; padding: 3px; }
+QFileDialog QToolButton:hover, QFileDialog QToolButton:focus { background: @light; }
 QComboBox { background: #FFFFFF; color: @text; border: 1px solid @edge; border-radius: 3px;
   padding: 0 6px; combobox-popup: 0; }
 QComboBox:focus { border: 2px solid @blue; }

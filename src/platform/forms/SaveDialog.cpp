@@ -1,5 +1,6 @@
 #include "platform/forms/SaveDialog.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -34,6 +35,13 @@ QString Show(const SaveDialogCall& call) {
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(call.DefaultExtension);
   dialog.selectFile(call.FileName);
+  // There is one type, that of every file, and the buttons have words.
+  for (const char* name : {"fileTypeLabel", "fileTypeCombo"}) {
+    if (auto* part = dialog.findChild<QWidget*>(QLatin1String(name))) part->hide();
+  }
+  for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
+    if (!button->text().isEmpty()) button->setIcon({});
+  }
   const HourglassPause pause;
   if (dialog.exec() != QDialog::Accepted) return {};
   const QString chosen = dialog.selectedFiles().value(0);
