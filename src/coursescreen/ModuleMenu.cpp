@@ -160,7 +160,7 @@ void ModuleMenu::ArrowReached() {
   StopWaiting();
   topics_.CloseTopicMenu();
   menu_.PutOut(menu_.Hover());
-  menu_.SetHover(0);  // the first row lights up again only after another one; kept so
+  menu_.SetHover(0);  // Required: the first row lights up again only after another one
 }
 
 void ModuleMenu::PointAt(int row) {

@@ -97,6 +97,7 @@ void MovieStage::InsertMovieObject(QWidget*& window) {
 void MovieStage::TextControlObjectData(int id, const QString& text) {
   try {
     gMovieName = text.section(u',', 0, 0);
+    // Required: the object that a movie brings is the current one at other scales alone.
     if (Screen::TwipsPerPixelX() != Screen::kDesignScale) MakeCurrent(id);
     if (text.contains(QStringLiteral(".swf"))) {
       InsertFlashMovie();

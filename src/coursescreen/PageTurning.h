@@ -42,8 +42,10 @@ class PageTurning {
   void TellMissingTopic();
 
   // A page that can't be shown is told, and the list moves on all the same: the next turn goes past it. At
-  // the end of the course a message says so.
+  // the end of the course a message says so. Every turn leaves a return point, also where it leads nowhere.
   void NextPage();
+  // Back over the test pages, each of which leaves a return point and a record. Within a module a page that
+  // can't be shown is passed without a word.
   void PrevPage();
   void TurnToPrevPage();
   // From the test page to the page behind it, which is gTestNextPage or the first one of the next module.

@@ -31,7 +31,7 @@ constexpr ErrorText kErrorTexts[] = {
 
 int OpenDocument(const QString& file, int showState, const QString& parameters, const QString& folder,
                  const QString& verb) {
-  // A program in the repository starts invisibly, also by its folder's name; that stays.
+  // Required: a program in the repository starts invisibly, also by its folder's name.
   const bool isProgram = file.contains(QStringLiteral(".EXE"), Qt::CaseInsensitive);
   const int result = ShellExecuteA({verb, file, parameters, folder, isProgram ? kHidden : showState});
   // A file that is there was handed over, whatever the desktop says of it.

@@ -130,7 +130,7 @@ void frmPrinterDialog::cmdOK_Click() {
   }
 }
 
-// The desktop prints on its own default printer, whichever was chosen here; that stays.
+// Required: the desktop prints on its own default printer, whichever was chosen here.
 void frmPrinterDialog::PrintTheFile() {
   OpenDocument(mPrintFile, kShowState, {}, {}, kVerbPrint);
 }

@@ -27,7 +27,6 @@ struct DialogSkin {
 
 inline constexpr DialogSkin kDialogSkin{7800, 5400, "Dialog.jpg"};
 inline constexpr DialogSkin kTallDialogSkin{9600, 7800, "DialogTall.jpg"};
-inline constexpr DialogSkin kWideDialogSkin{14400, 8100, "DialogWide.jpg"};
 
 class DialogForm : public Form {
  protected:

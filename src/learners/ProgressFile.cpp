@@ -57,7 +57,7 @@ bool HasLine(const QString& path, const QString& moduleId) {
 void SaveWithNewLine(ProgressRecords& records, const QString& moduleId, const QString& topic,
                      const TestFields& tests) {
   if (!records.HasResume()) records.SetResume(moduleId, ProgressText(gPageList.GetCurrentPageName()));
-  // An empty topic gives "__" here, on purpose: the list still reads by its own rule.
+  // Required: an empty topic gives "__" here; the list still reads by its own rule.
   records.Append(QStringList{moduleId, u'_' + topic + u'_'} + TestTexts(tests));
   records.Save();
 }
@@ -151,7 +151,7 @@ void UpdateModuleLine(const QString& moduleId, const QString& topic, const QStri
   ProgressRecords records = ProgressRecords::Load(CoursePath(folderName, courseIndex));
   const QStringList texts = TestTexts(tests);
   for (int line = 0; line < records.Count(); ++line) {
-    // The one search here that ignores case and takes a part for the whole.
+    // Required: the one search here that ignores case and takes a part for the whole.
     if (!records.Field(line, kModuleField).contains(moduleId, Qt::CaseInsensitive)) continue;
     records.SetField(line, kViewedField, AddToViewedList(records.Field(line, kViewedField), topic));
     if (tests.Attempts.isEmpty()) continue;

@@ -52,6 +52,10 @@ QString LearnerFolder(const QString& firstName, const QString& lastName) {
   return firstName + u' ' + lastName;
 }
 
+QString UserDataBelow() {
+  return kProductFolder + u'/' + kUserDataFolder;
+}
+
 QString UserDataPath() {
   return gDriveRoot + kProductFolder + u'\\' + kUserDataFolder;
 }

@@ -20,6 +20,8 @@ bool PathExists(const QString& path);
 
 // The name of a learner's folder: first + blank + last name whenever either is there, else empty.
 QString LearnerFolder(const QString& firstName, const QString& lastName);
+// Where in the data folder the learners' folders lie, in slashes.
+QString UserDataBelow();
 // The folder that holds the learners' folders.
 QString UserDataPath();
 // The path of a learner's folder. A name that is no plain folder name ("..", a slash, a NUL, more than

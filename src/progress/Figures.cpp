@@ -72,7 +72,7 @@ bool IsTopicViewed(int module, int topic) {
   const QString name = ProgressText(topics.at(topic));
   bool viewed = false;
   ForLinesOf(module, [&](int line) {
-    // The underscores stand around the list, not around the topic.
+    // Required: the underscores stand around the list, not around the topic.
     viewed = viewed || (u'_' + gProgViewed.at(line) + u'_').contains(name);
   });
   return viewed;

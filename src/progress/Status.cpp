@@ -20,7 +20,7 @@ namespace {
 using namespace DialogLayout;
 
 constexpr int kViewedTextColor = 0x663399, kViewedSelBackColor = 0x99CCCC, kPlainSelBackColor = 0xB5F7F2;
-constexpr int kAltViewedTextColor = 0x336666;  // accepted as a viewed row's colour, though none is given it
+constexpr int kAltViewedTextColor = 0x336666;  // Required: counts as a viewed row's, though none is given it
 constexpr int kNotViewedColor = 0x000000, kWhite = 0xFFFFFF;
 constexpr const char* kHelpFile = "\\StatusHelp.rtf";
 

@@ -147,7 +147,7 @@ void Repository::View_Btn_MouseUp() {
   OpenDocument(SourceOf(list1_->Text()), kShownMaximised, {}, {}, kVerbOpen);
 }
 
-// Not as the button opens it, and so on purpose.
+// Required: not as the button opens it.
 void Repository::List1_DblClick() {
   if (list1_->SelCount() == 0) return;
   OpenDocument(SourceOf(list1_->Text()), kShownNormally, {}, {}, kVerbOpen);

@@ -5,6 +5,7 @@
 #include "coursekit/build/CourseOutput.h"
 #include "coursekit/check/LearnersCheck.h"
 #include "coursekit/check/StoreCheck.h"
+#include "learners/UserStore.h"
 
 namespace {
 
@@ -137,7 +138,9 @@ TEST(Check, RecordsThatANewVersionTouchesAreTold) {
   };
   Sources sources;
   WriteCourseFolder(*sources.Build(), sources.Beside("built"));
-  const QString record = sources.Beside("data/UserData/Ann Lee/Till");
+  const QString learner = sources.Beside("data/" + UserDataBelow() + "/Ann Lee");
+  const QString record = learner + "/Till";
+  WriteFileAt(learner + "/User", "x");
   for (const auto& row : rows) {
     WriteFileAt(record, row.Record);
     sources.said = {};

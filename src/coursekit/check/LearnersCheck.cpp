@@ -13,6 +13,7 @@
 #include "frame/Settings.h"
 #include "learners/ProgressFile.h"
 #include "learners/ProgressRecords.h"
+#include "learners/UserStore.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 
@@ -93,15 +94,21 @@ class LearnersCheck {
 }  // namespace
 
 void CheckLearners(const QString& store, const QString& data, Findings& findings) {
-  const QString below = data + QLatin1String("/UserData");
+  // The data folder, or the one of the learners' folders itself.
+  const QString below = data + u'/' + UserDataBelow();
   const QDir learners(QFileInfo(below).isDir() ? below : data);
+  const QStringList names = learners.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+  const bool any = std::any_of(names.cbegin(), names.cend(), [&learners](const QString& name) {
+    return QFileInfo::exists(learners.filePath(name + u'/' + kUserFileName));
+  });
+  if (!any) findings.Warn("learners-none", {learners.path()});
   const StoreInForce inForce(store);
   QList<CourseRecord> courses;
   QStringList problems;
   LoadInstalledCourses(QString::fromLatin1(kCatalogueRoot), courses, problems);
   for (const CourseRecord& course : std::as_const(courses)) {
     LearnersCheck check(course, findings);
-    for (const QString& learner : learners.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    for (const QString& learner : names) {
       const QString path = learners.filePath(learner + u'/' + course.CourseName);
       if (QFileInfo(path).isFile()) check.Check(path);
     }

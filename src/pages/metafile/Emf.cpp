@@ -1,4 +1,4 @@
-// Metafiles of the 32-bit kind.
+// EMF: metafiles of 32-bit records.
 #include <algorithm>
 #include <utility>
 
@@ -11,9 +11,9 @@ constexpr quint32 kSignature = 0x464D4520;
 constexpr qsizetype kRecordHead = 8;
 constexpr quint32 kStockBit = 0x80000000;
 
-class LongPlayer {
+class EmfPlayer {
  public:
-  explicit LongPlayer(MetafileCanvas& canvas) : canvas_(canvas) {}
+  explicit EmfPlayer(MetafileCanvas& canvas) : canvas_(canvas) {}
 
   // Places in a record count from its head.
   void Play(quint32 type, const MetafileBytes& data) {
@@ -334,11 +334,11 @@ QTransform GroundOf(const MetafileBytes& header, QSizeF image) {
 
 }  // namespace
 
-bool PlayLongMetafile(const QByteArray& bytes, QImage& image, PixelBudget& budget) {
+bool PlayEmf(const QByteArray& bytes, QImage& image, PixelBudget& budget) {
   const MetafileBytes all(bytes);
   if (all.Long(0) != kHeaderType || all.Long(40) != kSignature) return false;
   MetafileCanvas canvas(image, GroundOf(all, image.size()), budget);
-  LongPlayer player(canvas);
+  EmfPlayer player(canvas);
   for (qsizetype at = all.Long(4); at + kRecordHead <= bytes.size() && !canvas.IsSpent();) {
     const quint32 type = all.Long(at);
     const qsizetype length = all.Long(at + 4);

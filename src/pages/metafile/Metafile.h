@@ -1,5 +1,5 @@
-// Draws metafiles: pictures of a page that are kept as recorded drawing commands, of the 16-bit and the
-// 32-bit kind. Used by RtfPicture.
+// Draws metafiles: pictures of a page that are kept as recorded drawing commands, WMF and
+// EMF. Used by RtfPicture.
 #pragma once
 
 #include <QByteArray>

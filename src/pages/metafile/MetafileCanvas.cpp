@@ -220,5 +220,5 @@ QImage DrawMetafile(const QByteArray& bytes, QSize size, PixelBudget& budget) {
   QImage image(size, QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return {};
   image.fill(Qt::transparent);
-  return PlayLongMetafile(bytes, image, budget) || PlayShortMetafile(bytes, image, budget) ? image : QImage();
+  return PlayEmf(bytes, image, budget) || PlayWmf(bytes, image, budget) ? image : QImage();
 }

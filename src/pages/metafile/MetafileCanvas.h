@@ -117,6 +117,6 @@ class MetafileCanvas {
   bool isSpent_ = false;
 };
 
-// The players of the two kinds; false when the bytes are not of the kind.
-bool PlayShortMetafile(const QByteArray& bytes, QImage& image, PixelBudget& budget);
-bool PlayLongMetafile(const QByteArray& bytes, QImage& image, PixelBudget& budget);
+// The players of the two formats; false for bytes of another.
+bool PlayWmf(const QByteArray& bytes, QImage& image, PixelBudget& budget);
+bool PlayEmf(const QByteArray& bytes, QImage& image, PixelBudget& budget);

@@ -1,4 +1,4 @@
-// Metafiles of the 16-bit kind.
+// WMF: metafiles of 16-bit records.
 #include <QRegion>
 #include <QStringDecoder>
 #include <algorithm>
@@ -12,9 +12,9 @@ constexpr quint32 kPlaceableMark = 0x9AC6CDD7;
 constexpr int kInMemory = 1, kOnDisk = 2;
 constexpr int kMostPoints = 32'768;
 
-class ShortPlayer {
+class WmfPlayer {
  public:
-  ShortPlayer(MetafileCanvas& canvas, QSizeF pixels) : canvas_(canvas), pixels_(pixels) {}
+  WmfPlayer(MetafileCanvas& canvas, QSizeF pixels) : canvas_(canvas), pixels_(pixels) {}
 
   // Parameters stand in the file from the last to the first.
   void Play(int function, const MetafileBytes& data) {
@@ -205,7 +205,7 @@ class ShortPlayer {
 
 }  // namespace
 
-bool PlayShortMetafile(const QByteArray& bytes, QImage& image, PixelBudget& budget) {
+bool PlayWmf(const QByteArray& bytes, QImage& image, PixelBudget& budget) {
   const MetafileBytes all(bytes);
   const qsizetype start = all.Long(0) == kPlaceableMark ? kPlaceable : 0;
   const int kind = all.Word(start);
@@ -216,7 +216,7 @@ bool PlayShortMetafile(const QByteArray& bytes, QImage& image, PixelBudget& budg
     canvas.Now().Window = QSizeF(all.Short(10) - all.Short(6), all.Short(12) - all.Short(8));
     canvas.Now().View = image.size();
   }
-  ShortPlayer player(canvas, image.size());
+  WmfPlayer player(canvas, image.size());
   for (qsizetype at = start + kHeader; at + 6 <= bytes.size() && !canvas.IsSpent();) {
     const qsizetype length = qsizetype{all.Long(at)} * 2;
     const int function = all.Word(at + 4);

@@ -19,8 +19,6 @@ struct CachedPicture {
   QPixmap Picture;
 };
 
-int g_reads = 0;
-
 constexpr int kLargestCopy = 3;
 
 // The picture as large as the design has it or, for a display that shows it larger, from the smallest copy
@@ -63,13 +61,8 @@ QPixmap LoadPicture(const QString& programPath) {
   const auto known = cache.constFind(path);
   if (known != cache.cend() && modified.isValid() && known->Modified == modified) return known->Picture;
 
-  ++g_reads;
   const QPixmap picture = modified.isValid() ? ReadScaled(path) : QPixmap();
   if (picture.isNull()) throw RunTimeError(Describe("picture", NamedPath(programPath)));
   cache.insert(path, {modified, picture});
   return picture;
-}
-
-int PictureReads() {
-  return g_reads;
 }

@@ -10,6 +10,3 @@
 // "2x" or "3x" beside the file may hold the same picture twice or three times as large, which is taken where
 // the display is; one of another size is passed over.
 QPixmap LoadPicture(const QString& programPath);
-
-// How many files LoadPicture has read since the start; benchmarks and tests look at it.
-int PictureReads();
