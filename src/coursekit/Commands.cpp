@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QString>
@@ -12,6 +13,7 @@
 #include <CLI/CLI.hpp>
 
 #include "coursekit/NewCourse.h"
+#include "coursekit/Preview.h"
 #include "coursekit/build/CourseBuilder.h"
 #include "coursekit/build/CourseOutput.h"
 #include "coursekit/build/PageNames.h"
@@ -175,6 +177,12 @@ KitExit List(const QString& store, std::ostream& out, std::ostream& err) {
   return KitExit::Good;
 }
 
+KitExit Preview(const QString& source, QString player, bool isWatch, std::ostream& err) {
+  if (player.isEmpty()) player = QCoreApplication::applicationDirPath() + QLatin1String("/tallowmere");
+  const auto tell = [&](const Findings& findings) { Print(findings, source, err); };
+  return PreviewCourse({RequireFolder(source), player, isWatch}, tell) ? KitExit::Good : KitExit::ErrorsFound;
+}
+
 }  // namespace
 
 KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
@@ -194,6 +202,12 @@ KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostre
   CLI::App* remove = app.add_subcommand("remove", Bytes(KitText("help-remove")));
   remove->add_option("COURSE", course, Bytes(KitText("help-removed")))->required();
   CLI::App* list = app.add_subcommand("list", Bytes(KitText("help-list")));
+  CLI::App* preview = app.add_subcommand("preview", Bytes(KitText("help-preview")));
+  std::string player;
+  bool isWatch = false;
+  preview->add_option("SOURCE", source, Bytes(KitText("help-source")))->required();
+  preview->add_option("--player", player, Bytes(KitText("help-player")));
+  preview->add_flag("--watch", isWatch, Bytes(KitText("help-watch")));
   for (CLI::App* verb : {install, remove, list})
     verb->add_option("--store", store, Bytes(KitText("help-store")))->required();
   try {
@@ -208,6 +222,8 @@ KitExit RunKit(std::vector<std::string> arguments, std::ostream& out, std::ostre
       return Check(QString::fromStdString(folder), QString::fromStdString(learners), out, err);
     const QString storeFolder = QString::fromStdString(store);
     if (install->parsed()) return Install(QString::fromStdString(folder), storeFolder, out, err);
+    if (preview->parsed())
+      return Preview(QString::fromStdString(source), QString::fromStdString(player), isWatch, err);
     if (remove->parsed()) return Remove(QString::fromStdString(course), storeFolder, out);
     if (list->parsed()) return List(storeFolder, out, err);
     return Build(QString::fromStdString(source), QString::fromStdString(output), out, err);

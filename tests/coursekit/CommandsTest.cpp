@@ -112,3 +112,30 @@ TEST(Commands, WhatGoesWrongIsToldAndLeavesThingsAsTheyWere) {
     EXPECT_TRUE(Type(help).Out.contains("--help"));
   }
 }
+
+TEST(Commands, APreviewGoesOnAtThePageThatWasSaved) {
+  Sources sources;
+  const QString player = sources.Beside("program/tallowmere"), log = sources.Beside("log");
+  WriteFileAt(sources.Beside("program/registry/Flash.reg"), "REGEDIT4\r\n");
+  WriteFileAt(sources.Beside("program/registry/Other.reg"),
+              "REGEDIT4\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0\\Other]\r\n");
+  WriteFileAt(sources.Beside("program/GUIimages/a.png"), "x");
+  // At its first start it saves a broken page and then a good one, and waits; at its second it ends.
+  WriteFileAt(player,
+              QString("#!/bin/sh\ncd $(dirname $0)\nsources='%1'\n"
+                      "echo start $(ls registry GUIimages) $(cat data/*/UserData/Preview*/Till) >> '%2'\n"
+                      "[ $(grep -c start '%2') = 2 ] && exit\n"
+                      "echo '[x](no.md)' > $sources/rt0101/2-two.md; sleep 1\n"
+                      "echo '# New' > $sources/rt0101/2-two.md; exec sleep 60\n")
+                  .arg(sources.Path(), log)
+                  .toUtf8());
+  QFile::setPermissions(player, QFile::permissions(player) | QFile::ExeOwner | QFile::ExeUser);
+  const Ran ran = Type({"preview", sources.Path(), "--player", player, "--watch"});
+  EXPECT_EQ(ran.Exit, 0);
+  EXPECT_TRUE(ran.Err.contains("There is no file \"no.md\"")) << ran.Err.toStdString();
+  const QList<QByteArray> starts = BytesAt(log).trimmed().split('\n');
+  ASSERT_EQ(starts.size(), 2) << ran.Err.toStdString();
+  EXPECT_EQ(starts[0], "start GUIimages: a.png registry: Flash.reg Till.reg");
+  EXPECT_TRUE(starts[1].contains("\"rt0101\",\"0002.txm\""))
+      << starts[1].constData() << ran.Err.toStdString();
+}
