@@ -104,6 +104,36 @@ TEST(Build, ThePlayerReadsACourseAsItsAuthorMeantIt) {
     EXPECT_EQ(file.Bytes, course->Files.at(path).Bytes) << path.toStdString();
 }
 
+TEST(Build, APageOfAWordProcessorHasItsLinksAndPicturesAsThePlayerReadsThem) {
+  Sources sources;
+  // What LibreOffice writes: addresses of files, pictures in the page, dates, a version.
+  WriteFileAt(sources.Beside("bin/soffice"),
+              "#!/bin/sh\nfor a; do [ \"$last\" = --outdir ] && out=$a; last=$a; done\n"
+              "cp \"$last\" \"$out/$(basename \"${last%.*}\").html\"\n");
+  QFile::setPermissions(sources.Beside("bin/soffice"), QFile::ExeOwner | QFile::ExeUser | QFile::ReadOwner);
+  const QByteArray root = QFileInfo(sources.Path()).canonicalFilePath().toUtf8();
+  const QByteArray page =
+      "<html><head><meta name=\"created\" content=\"2026-01-02\"></head><body><p class=\"western\">\n"
+      "topic: <b>Goods</b> &amp; more</p><h1>Goods</h1><a href=\"file://" +
+      root + "/rt0101/2-two.md#two\">a</a><a href=\"#there\">b</a><a name=\"there\"></a>" +
+      "<img src=\"data:image/png;base64," + Picture().toBase64() + "\">x</body></html>";
+  sources.Write("rt0101/3-word.odt", page);
+  sources.Write("rt0101/4.rtf", QByteArray(page).replace("Goods", "Rich") + "<!-- HYPERLINK \"file:// -->");
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", "/nowhere");
+  EXPECT_FALSE(sources.Build());
+  EXPECT_EQ(sources.Said().value(0), "word-no-office rt0101/3-word.odt");
+  qputenv("PATH", sources.Beside("bin").toUtf8() + ':' + path);
+  const auto course = sources.Build();
+  qputenv("PATH", path);
+  ASSERT_TRUE(course) << sources.Said().join('\n').toStdString();
+  const QByteArray built = course->Files.at("rt0101/0003.txm").Bytes;
+  EXPECT_TRUE(built.contains("href=\"rt0101\\0002.txm_#two\"") && !built.contains("2026"))
+      << built.constData();
+  EXPECT_TRUE(course->Files.at("rt0101/Map.txt").Bytes.contains("0003.txm*Topic*Goods & more\r\n"));
+  EXPECT_TRUE(course->Files.at("rt0101/0004.txm").Bytes.contains("0002.txm_#two"));
+}
+
 TEST(Build, MistakesAreToldWithTheirPlace) {
   const QByteArray head = "name = \"Till\"\n[[module]]\nid = \"rt0101\"\nname = \"Basics\"\n";
   const QByteArray page = "---\ntopic: Start\n---\n";

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "coursekit/build/PageNames.h"
+#include "coursekit/sources/WordDocument.h"
 #include "pages/html/HtmlReader.h"
 #include "pages/rtf/RtfReader.h"
 #include "platform/files/FileBytes.h"
@@ -17,7 +18,7 @@ namespace {
 constexpr qint64 kCourseFileLimit = 1024 * 1024;  // bytes
 constexpr QChar kTopicsPart = u'_';               // parts the viewed topics of a learner's record
 
-constexpr std::array kPageEndings{u".md", u".html", u".htm", u".rtf"};
+constexpr std::array kPageEndings{u".md", u".html", u".htm", u".rtf", u".docx", u".odt"};
 constexpr QStringView kTestEnding = u".gift";
 
 bool Ends(const QString& name, QStringView ending) {
@@ -31,6 +32,11 @@ bool IsPage(const QString& name) {
 
 QString StemOf(const QString& name) {
   return name.left(name.lastIndexOf(u'.'));
+}
+
+// Rich text is taken as it is, but for one whose links name files of the author's machine.
+bool HasFileLinks(const QByteArray& richText) {
+  return richText.contains("HYPERLINK \"file://");
 }
 
 // "rt0101/03-till-check.gift" speaks of "Till check".
@@ -156,7 +162,7 @@ class Planner {
         QString::fromLatin1(QCryptographicHash::hash(*bytes, QCryptographicHash::Sha256).toHex().left(16));
     if (page.Source.isEmpty()) {
       page.Markup = PageMarkup::FromMarkdown(QLatin1String("# ") + WordsOfName(file), 0, file, findings_);
-    } else if (Ends(file, u".rtf")) {
+    } else if (Ends(file, u".rtf") && !HasFileLinks(*bytes)) {
       page.What = PlannedPage::Kind::RichText;
       page.RichText = *bytes;
       if (!IsRtf(*bytes)) findings_.Error("page-no-rich-text", {file});
@@ -175,7 +181,9 @@ class Planner {
       findings_.Error("page-too-large", {file}, QString::number(kHtmlLimit));
       return;
     }
-    const std::optional<QString> text = DecodeSource(bytes, file, findings_);
+    const std::optional<QString> text = IsWordDocument(file) || Ends(file, u".rtf")
+                                            ? HtmlOfWordDocument(folder_, file, findings_)
+                                            : DecodeSource(bytes, file, findings_);
     if (!text) return;
     page.Matter = ReadFrontMatter(*text, file, findings_);
     page.Markup = Ends(file, u".md") ? PageMarkup::FromMarkdown(*text, page.Matter.End, file, findings_)

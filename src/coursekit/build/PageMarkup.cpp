@@ -135,6 +135,7 @@ class MarkupReader {
     if (tag.Name == u"embed" && tag.Has(kSource)) return Refer(PageReference::Kind::Movie, kSource, tag);
     if (tag.Name == u"object" && tag.Has(kData)) return Refer(PageReference::Kind::Movie, kData, tag);
     if (tag.Name != u"img" || !tag.Has(kSource)) return false;
+    if (tag.Value(kSource).trimmed().startsWith(u"data:", Qt::CaseInsensitive)) return false;  // it is here
     TakeSize(tag);
     const bool isMovie = IsMovieName(tag.Value(kSource));
     return Refer(isMovie ? PageReference::Kind::Movie : PageReference::Kind::Picture, kSource, tag);
