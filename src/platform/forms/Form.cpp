@@ -116,7 +116,7 @@ QRect Form::Area() const {
 }
 
 void Form::Centre() {
-  const QRect place = screen()->geometry();
+  const QRect place = QGuiApplication::primaryScreen()->geometry();
   const QSize size(Screen::PixelsX(width_), Screen::PixelsY(height_));
   const QPoint corner((place.width() - size.width()) / 2, (place.height() - size.height()) / 2);
   const QPoint shown(std::max(corner.x(), 0), std::max(corner.y(), 0));
@@ -132,9 +132,9 @@ void Form::Show(FormMode mode, Form* owner) {
     FormLife::SetActive(this);
     return;
   }
-  if (!placed_) Centre();
   setWindowModality(mode == FormMode::Modal ? Qt::ApplicationModal : Qt::NonModal);
   winId();  // makes the native window, which the owner and the key preview need
+  if (!placed_) Centre();
   windowHandle()->installEventFilter(this);
   Form* beneath = owner != nullptr ? owner : FormLife::Active();
   const bool floats = mode == FormMode::Modal || owner != nullptr;
