@@ -1,5 +1,6 @@
 #include "coursekit/Preview.h"
 
+#include <errno.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -46,7 +47,7 @@ void AskForEnd(int) {
 // Links where the disk can, since a player is large.
 void LinkOrCopy(const QString& from, const QString& to) {
   if (!QDir().mkpath(QFileInfo(to).path()))
-    throw RunTimeError(KitText(QStringLiteral("output-unwritten"), {to}));
+    throw RunTimeError(KitText(QStringLiteral("output-unwritten"), {to, SystemReason(errno)}));
   if (link(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0) return;
   QFile source(from);
   if (!source.copy(to))
@@ -82,6 +83,8 @@ class Preview {
       throw RunTimeError(KitText(QStringLiteral("preview-no-player"), {player_}));
     program_ = store_ + u'/' + player.fileName();
     LinkOrCopy(player.canonicalFilePath(), program_);
+    // The machine's own settings would lead to its learners.
+    qputenv("TALLOWMERE_REGISTRY", QFile::encodeName(store_ + QLatin1String("/no-registry")));
     const QString beside = player.canonicalPath();
     for (const QString& folder :
          {QStringLiteral("GUIimages"), QStringLiteral("players"), QStringLiteral("Help")})

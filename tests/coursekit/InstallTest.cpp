@@ -118,8 +118,9 @@ TEST(Install, WhatIsNoWholeCourseOfItsOwnIsRefusedAndTheStoreStays) {
   const Sources sources;
   const Store store;
   const QString good = Built(sources, "Till", {"till01"}, "words");
+  int copies = 0;
   const auto changed = [&](const QString& file, const QByteArray& bytes) {
-    const QString copy = sources.Beside("copy " + QString(file).replace('/', ' '));
+    const QString copy = sources.Beside("copy " + QString::number(++copies));
     for (const auto& [name, content] : FilesBelow(good).asKeyValueRange())
       WriteFileAt(copy + '/' + name, content);
     WriteFileAt(copy + '/' + file, bytes);
@@ -131,10 +132,20 @@ TEST(Install, WhatIsNoWholeCourseOfItsOwnIsRefusedAndTheStoreStays) {
   WriteFileAt(store.Path("till03/mine.txt"), "x");
   WriteFileAt(store.Path("registry/Flash.reg"), "REGEDIT4\r\n");
   const QString zip = sources.Beside("a.tallowcourse");
+  QByteArray damaged = BytesAt(Zip(zip + "6", {"x"}));
+  const qsizetype directory = damaged.indexOf("PK\1\2");
+  damaged[directory + 16] = static_cast<char>(damaged.at(directory + 16) ^ 1);  // of the checksum
+  WriteFileAt(zip + "6", damaged);
   const struct {
     QString Parcel;
     QString Said;
   } rows[] = {
+      {zip + "6", "CRC"},
+      {changed("registry/Till.reg",
+               "REGEDIT4\r\n[-HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0\\Other]\r\n"
+               "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TLMS\\Tallowmere Manager 1.0\\Till\\Modules]\r\n"
+               "\"ModuleString\"=\"till01\"\r\n"),
+       "does not hold one course"},
       {sources.Beside("none"), "There is no"},
       {sources.Beside("source Till"), "build them first"},
       {changed("data/User", "x"), "holds \"data\""},

@@ -99,7 +99,10 @@ void UnpackZip(const QString& from, Unpacker& unpacker) {
     if (type == AE_IFDIR) continue;
     unpacker.Take(name, [&] {
       QByteArray piece(kPieceLength, Qt::Uninitialized);
-      piece.truncate(check(archive_read_data(zip.get(), piece.data(), static_cast<size_t>(piece.size()))));
+      const la_ssize_t count = archive_read_data(zip.get(), piece.data(), static_cast<size_t>(piece.size()));
+      // A mere warning, too: it stands for a wrong checksum or length.
+      if (count < 0) Refuse("output-unread", from, QString::fromUtf8(archive_error_string(zip.get())));
+      piece.truncate(count);
       return piece;
     });
   }

@@ -1,5 +1,7 @@
 #include "coursekit/install/Install.h"
 
+#include <errno.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
@@ -10,6 +12,7 @@
 #include "coursekit/install/StoreChange.h"
 #include "coursekit/sources/CourseFile.h"
 #include "platform/RunTimeError.h"
+#include "platform/files/FileBytes.h"
 #include "platform/files/PassingNames.h"
 #include "platform/files/Paths.h"
 #include "platform/files/StoreLock.h"
@@ -45,7 +48,7 @@ class Staging {
   explicit Staging(const QString& store) : path_(store + u'/' + PassingName()) {
     ClearLeftovers(store);
     QDir(path_).removeRecursively();
-    if (!QDir().mkpath(Course())) Fail("output-unwritten", path_);
+    if (!QDir().mkpath(Course())) Fail("output-unwritten", path_, SystemReason(errno));
   }
   ~Staging() { QDir(path_).removeRecursively(); }
   Staging(const Staging&) = delete;
@@ -116,7 +119,7 @@ class Planner {
       PutFolder(course, former, RepositoryPath(course.Repository), parcel,
                 [&](const StoreCourse& its) { return UsesRepository(its, course.Repository); });
     for (const QString& file : AboutFilesOf(parcel, course.Name, {}))
-      Put(QLatin1String("About/") + file);
+      PutAboutFile(course, file, parcel);
     if (QFileInfo::exists(parcel + u'/' + GlossaryPath(course.Name))) Put(GlossaryPath(course.Name));
     Put(registry);  // last: until then the store has the former version
     if (former != nullptr) DropRest(*former);
@@ -124,7 +127,8 @@ class Planner {
   }
 
   QList<StoreStep> Remove(const StoreCourse& course) {
-    if (!IsOurs(course)) Fail("install-registry-shared", course.Name, course.Registry);
+    if (!IsOurs(course) || IsToldTwice(course.Name))
+      Fail("install-registry-shared", course.Name, course.Registry);
     Drop(Below(course.Registry));  // first: from then on no course lacks anything
     DropRest(course);
     return steps_;
@@ -134,6 +138,11 @@ class Planner {
   // Whether the registry file is one that the kit may replace.
   bool IsOurs(const StoreCourse& course) const {
     return course.IsAlone && course.Registry.startsWith(store_ + u'/' + kRegistry + u'/');
+  }
+
+  // Whether more than one registry file tells of the course.
+  bool IsToldTwice(const QString& name) const {
+    return std::count_if(all_.begin(), all_.end(), [&](const StoreCourse& its) { return its.Is(name); }) > 1;
   }
 
   static bool UsesRepository(const StoreCourse& course, const QString& repository) {
@@ -147,7 +156,8 @@ class Planner {
   QString RegistryFor(const StoreCourse& course, const StoreCourse* former) {
     const QString path = kRegistry + u'/' + course.Name + QLatin1String(".reg");
     if (former != nullptr) {
-      const bool isSpelled = IsOurs(*former) && InStore(path) == Below(former->Registry);
+      const bool isSpelled =
+          IsOurs(*former) && !IsToldTwice(course.Name) && InStore(path) == Below(former->Registry);
       if (!isSpelled) findings_.Error("install-registry-shared", {}, course.Name, former->Registry);
     } else if (FileExists(store_ + u'/' + path)) {
       findings_.Error("install-registry-taken", {}, path);
@@ -160,6 +170,19 @@ class Planner {
     steps_.append({StoreStep::Kind::Put, InStore(path), path});
   }
 
+  // The name may be that of a file of a course with a longer one.
+  void PutAboutFile(const StoreCourse& course, const QString& file, const QString& parcel) {
+    const QString path = QLatin1String("About/") + file;
+    for (const StoreCourse& other : std::as_const(all_)) {
+      if (other.Is(course.Name) || !AboutFilesOf(store_, other.Name, all_).contains(file)) continue;
+      if (!AreSame(parcel + u'/' + path, store_ + u'/' + path))
+        findings_.Error("install-used", {}, path, other.Name);
+      kept_.append(InStore(path).toCaseFolded());
+      return;
+    }
+    Put(path);
+  }
+
   template <typename Uses>
   void PutFolder(const StoreCourse& course, const StoreCourse* former, const QString& path,
                  const QString& parcel, Uses uses) {
@@ -168,12 +191,11 @@ class Planner {
                                    [&](const StoreCourse& its) { return !its.Is(course.Name) && uses(its); });
     const bool isThere = QFileInfo::exists(there);
     const bool isFormers = former != nullptr && uses(*former);
-    const bool isModule = QFileInfo::exists(there + QLatin1String("/Map.txt"));
     if (isThere && AreSame(parcel + u'/' + path, there)) {
       kept_.append(InStore(path).toCaseFolded());
     } else if (user != all_.end() && isThere) {
       findings_.Error("install-used", {}, path, user->Name);
-    } else if (isThere && !isFormers && !isModule) {
+    } else if (isThere && !isFormers) {
       findings_.Error("install-in-way", {}, path);
     } else {
       Put(path);

@@ -10,10 +10,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <algorithm>
 
 #include "coursekit/Findings.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
+#include "platform/files/Paths.h"
 
 namespace {
 
@@ -35,6 +37,12 @@ void Move(const QString& from, const QString& to) {
   QDir().mkpath(QFileInfo(to).path());
   const int error = rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData());
   if (error != 0) throw RunTimeError(KitText(QStringLiteral("change-failed"), {to, SystemReason(errno)}));
+}
+
+// Whether a path of a step stays below the store.
+bool IsBelow(const QString& path) {
+  const QStringList steps = path.split(u'/');
+  return std::all_of(steps.begin(), steps.end(), IsFileName);
 }
 
 // Everything that was written and renamed is on the disk.
@@ -90,7 +98,11 @@ QList<StoreChange::Step> StoreChange::ReadJournal() const {
   QList<Step> steps;
   for (const QString& line : QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts)) {
     const QStringList fields = line.split(u'\t');
-    const auto kind = fields.at(0) == kPut ? StoreStep::Kind::Put : StoreStep::Kind::Drop;
+    const bool isPut = fields.at(0) == kPut, isKnown = isPut || fields.at(0) == kDrop;
+    // Nothing that leads out of the store is carried out, whoever wrote it.
+    if (!isKnown || fields.size() != 4 || !IsBelow(fields.at(1)) || (isPut && !IsBelow(fields.at(2))))
+      throw RunTimeError(KitText(QStringLiteral("journal-damaged"), {folder_ + QLatin1String("/journal")}));
+    const auto kind = isPut ? StoreStep::Kind::Put : StoreStep::Kind::Drop;
     steps.append({{kind, fields.value(1), fields.value(2)}, fields.value(3).toULongLong()});
   }
   return steps;
@@ -101,7 +113,8 @@ void StoreChange::Do(const QList<Step>& steps) const {
     for (const Step& step : steps)
       DoStep(step);
   } catch (const RunTimeError&) {
-    SaveFile(folder_ + QLatin1String("/back"), {});
+    // On a full disk the mark can't be saved; taking back needs no room.
+    IgnoreErrors([this] { SaveFile(folder_ + QLatin1String("/back"), {}); });
     TakeBack(steps);
     throw;
   }

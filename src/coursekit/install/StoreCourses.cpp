@@ -16,8 +16,9 @@ namespace {
 
 constexpr qsizetype kIdLength = 6;
 
-// Whether the registry holds one course and nothing else.
+// Whether the registry holds one course and nothing else. What it deletes would be another's.
 bool HoldsOneCourse(const Registry& registry) {
+  if (registry.HasDeletions()) return false;
   const QStringList steps = QString::fromLatin1(kCatalogueRoot).split(u'\\');
   for (qsizetype i = 0; i <= steps.size(); ++i) {
     const RegistryKey* key = registry.OpenKey(QStringList(steps.first(i)).join(u'\\'));

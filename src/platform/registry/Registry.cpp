@@ -32,7 +32,10 @@ void Registry::Clear() {
 }
 
 QStringList Registry::LoadText(const QByteArray& bytes) {
-  return RegistryFile(*root_).Load(bytes);
+  RegistryFile file(*root_);
+  const QStringList problems = file.Load(bytes);
+  deletes_ = deletes_ || file.Deletes();
+  return problems;
 }
 
 const RegistryKey* Registry::OpenKey(const QString& path) const {
@@ -64,7 +67,8 @@ Registry& LocalMachine() {
 }
 
 QStringList RegistryFolders() {
-  return {ProgramFolder() + QStringLiteral("/registry"), QStringLiteral("/etc/tallowmere/registry")};
+  return {ProgramFolder() + QStringLiteral("/registry"),
+          qEnvironmentVariable("TALLOWMERE_REGISTRY", QStringLiteral("/etc/tallowmere/registry"))};
 }
 
 QStringList LoadInstalledRegistry(const QStringList& folders) {

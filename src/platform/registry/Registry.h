@@ -35,6 +35,8 @@ class Registry {
   // the file still counts.
   QStringList LoadText(const QByteArray& bytes);
   void Clear();
+  // Whether a file loaded since then deletes keys or values, be they there or not.
+  bool HasDeletions() const { return deletes_; }
 
   // A key by its path below the local machine, "SOFTWARE\Classes"; nullptr when there is none. Valid
   // until the next load.
@@ -46,13 +48,15 @@ class Registry {
 
  private:
   std::unique_ptr<RegistryKey> root_;
+  bool deletes_ = false;
 };
 
 // The registry of this process.
 Registry& LocalMachine();
 
 // Where an installation keeps its registry files, in the order in which they are read: "registry" in
-// the program folder, then the machine's.
+// the program folder, then the machine's: "/etc/tallowmere/registry", or what TALLOWMERE_REGISTRY in the
+// environment names.
 QStringList RegistryFolders();
 // Loads LocalMachine() anew from all *.reg files of the folders, in name order. Returns one description
 // for each file that cannot be read or is malformed, naming it.

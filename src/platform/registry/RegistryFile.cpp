@@ -191,6 +191,7 @@ void RegistryFile::ReadValue(const QString& line) {
   const QString name = line.startsWith(u'@') ? QString() : Unescape(QStringView(line).mid(1, nameEnd - 1));
   if (name.size() > kMaxValueName) return Complain("registry-long-name");
   if (data->Delete) {
+    deletes_ = true;
     key_->Values.erase(name.toCaseFolded());
     return;
   }
@@ -276,6 +277,7 @@ RegistryKey* RegistryFile::MakeKey(const QStringList& names) {
 }
 
 void RegistryFile::DeleteKey(const QStringList& names) {
+  deletes_ = true;
   if (names.isEmpty()) return;
   RegistryKey* parent = &root_;
   for (qsizetype i = 0; i + 1 < names.size(); ++i) {

@@ -16,6 +16,8 @@ class RegistryFile {
 
   // The descriptions of the malformed places.
   QStringList Load(const QByteArray& bytes);
+  // Whether the file deleted a key or a value, be it there or not.
+  bool Deletes() const { return deletes_; }
 
  private:
   // A value's data while it is taken apart: a type and either text or bytes, or a deletion.
@@ -41,7 +43,7 @@ class RegistryFile {
   bool unicode_ = true;  // texts in hex are UTF-16, as in version 5; else code page
   RegistryKey* key_ = nullptr;
   bool passOver_ = true;  // the values belong to a key that was deleted or is not ours, or to a bad one
-  bool behindKey_ = false;
+  bool behindKey_ = false, deletes_ = false;
   int entries_ = 0;  // keys and values made
   QStringList problems_;
 };
