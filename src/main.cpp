@@ -28,12 +28,13 @@ struct Platform {
 
 // X11 wherever it is to be had: Wayland ignores where a window wants to stand.
 Platform ChoosePlatform() {
-  const QByteArray named = qgetenv("QT_QPA_PLATFORM");
+  // Of a list, and without options, what Qt tries first.
+  const QByteArray named = qgetenv("QT_QPA_PLATFORM").split(';').constFirst().split(':').constFirst();
   if (named == "xcb") return {nullptr, AskX11Display};
-  if (named == "wayland") return {nullptr, AskWaylandDisplay};
+  if (named.startsWith("wayland")) return {nullptr, AskWaylandDisplay};
   if (!named.isEmpty()) return {};
-  if (qEnvironmentVariableIsSet("DISPLAY")) return {"xcb", AskX11Display};
-  if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) return {"wayland", AskWaylandDisplay};
+  if (!qEnvironmentVariableIsEmpty("DISPLAY")) return {"xcb", AskX11Display};
+  if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) return {"wayland", AskWaylandDisplay};
   return {};
 }
 
@@ -64,7 +65,7 @@ int main(int argc, char** argv) {
   scale.Apply();
   if (platform.Name != nullptr) qunsetenv("QT_QPA_PLATFORM");
   const HeldKeys heldKeys;
-  const DisplayWatch displays(kDesignSize);
+  DisplayWatch displays(kDesignSize);
   QApplication::setApplicationName(QStringLiteral("tallowmere"));
   QApplication::setApplicationVersion(QStringLiteral(TALLOWMERE_VERSION));
   QApplication::setQuitOnLastWindowClosed(false);

@@ -160,7 +160,7 @@ void MovieStage::TakeSize(MoviePlayer& movie, const QString& arguments) {
   // A player's pictures take as much memory as they are large: what the page can't show at once is made
   // smaller.
   QSize size(width, height);
-  const QSize room = page_.viewport()->size();
+  const QSize room = page_.viewport()->size() / Screen::Shrink();  // as the design counts pixels
   if (width > room.width() || height > room.height()) {
     size = size.scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
   }

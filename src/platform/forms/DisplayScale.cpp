@@ -77,6 +77,7 @@ DisplaySize AskX11Display() {
 DisplayScale::DisplayScale(const QString& setting, const DisplaySize& display, QSize design)
     : display_(display) {
   Set("QT_ENABLE_HIGHDPI_SCALING", "0");
+  Set("QT_SCREEN_SCALE_FACTORS", {});  // a desktop's own would come on top
   factor_ = FactorOf(setting);
   const bool isFixed = factor_.has_value();
   if (!isFixed && display.Window.isValid()) factor_ = FittingFactor(display.Window, design);

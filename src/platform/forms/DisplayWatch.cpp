@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "platform/forms/Event.h"
 #include "platform/forms/MsgBox.h"
 #include "platform/forms/Screen.h"
 #include "texts/Descriptions.h"
@@ -51,14 +52,19 @@ void DisplayWatch::Listen(const QScreen* display) {
 
 void DisplayWatch::Settle() {
   settled_.SetEnabled(false);
+  if (QGuiApplication::primaryScreen() == nullptr) return;
   const QRect display = QGuiApplication::primaryScreen()->geometry();
+  if (display.isEmpty()) return;  // what stands in for a display that is off
   for (QWidget* window : QApplication::topLevelWidgets()) {
     const bool passes = window->windowType() == Qt::Popup || window->windowType() == Qt::ToolTip;
     if (window->isVisible() && !passes) MoveOnto(*window, display);
   }
   const bool fits = display.width() + kRounding >= Screen::Pixels(design_.width()) &&
                     display.height() + kRounding >= Screen::Pixels(design_.height());
-  if (fits || display.size() == told_) return;
-  told_ = display.size();
-  MsgBox(Describe("display-too-small"));
+  const bool told = display.size() == told_;
+  told_ = fits ? QSize() : display.size();
+  if (fits || told) return;
+  // Not from within the tick: the box has to follow the next change, too.
+  QMetaObject::invokeMethod(
+      this, [] { Dispatcher::Run([] { MsgBox(Describe("display-too-small")); }); }, Qt::QueuedConnection);
 }

@@ -283,6 +283,8 @@ void Form::moveEvent(QMoveEvent* event) {
 void Form::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   if (!fillsScreen_) return;
+  left_ = Screen::TwipsX(Area().x());
+  top_ = Screen::TwipsY(Area().y());
   for (Control* control : std::as_const(controls_)) {
     if (control->Widget()->parentWidget() == this) control->PutInPlace();
   }

@@ -11,6 +11,7 @@
 #include "platform/forms/Label.h"
 #include "platform/forms/Screen.h"
 #include "support/FormTest.h"
+#include "support/Gui.h"
 #include "support/Messages.h"
 
 namespace {
@@ -120,6 +121,7 @@ TEST_F(FullScreenForm, FollowsTheDisplayAndSaysOnceThatItIsTooSmall) {
     for (int change = 0; change < 2; ++change) {
       Q_EMIT display->geometryChanged(display->geometry());
       clock.Advance(1000);
+      Gui::Settle();
     }
     EXPECT_TRUE(display->geometry().contains(outside.geometry()));
     EXPECT_EQ(messages.Take().size(), fits ? 0 : 1);
