@@ -117,7 +117,9 @@ def main() -> int:
     shutil.rmtree(arguments.out, ignore_errors=True)
     rows = [row for row in DISPLAYS if arguments.display in (None, f"{row[0][0]}x{row[0][1]}")]
     pictures = [picture for row in rows for picture in play(arguments.store, arguments.out, *row)]
-    subprocess.run(["montage", *pictures, "-geometry", f"{THUMBNAIL}x{THUMBNAIL}+6+6", "-tile", f"{PICTURES}x",
+    # Made small as they are read: all at full size are more than the tool may hold.
+    small = [picture if picture == Path("null:") else f"{picture}[{THUMBNAIL}x{THUMBNAIL}]" for picture in pictures]
+    subprocess.run(["montage", *small, "-geometry", f"{THUMBNAIL}x{THUMBNAIL}+6+6", "-tile", f"{PICTURES}x",
                     "-background", "#333333", arguments.out / "sheet.png"], check=True)
     taken = sum(picture.is_file() for picture in pictures)
     print(f"{taken} pictures, together in {arguments.out}/sheet.png")

@@ -132,9 +132,11 @@ void Form::Show(FormMode mode, Form* owner) {
     FormLife::SetActive(this);
     return;
   }
+  if (!placed_) Centre();  // before there is a native window: the place is then that of its frame
   setWindowModality(mode == FormMode::Modal ? Qt::ApplicationModal : Qt::NonModal);
   winId();  // makes the native window, which the owner and the key preview need
-  if (!placed_) Centre();
+  // It is made on the display at the desktop's corner, which need not be the primary one.
+  if (!placed_ && !QGuiApplication::primaryScreen()->geometry().topLeft().isNull()) Centre();
   windowHandle()->installEventFilter(this);
   Form* beneath = owner != nullptr ? owner : FormLife::Active();
   const bool floats = mode == FormMode::Modal || owner != nullptr;
