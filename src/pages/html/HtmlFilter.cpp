@@ -4,10 +4,13 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "pages/common/RichText.h"
 #include "pages/html/HtmlMovie.h"
+#include "pages/html/HtmlScanner.h"
 #include "pages/html/HtmlStyle.h"
 #include "pages/html/HtmlTag.h"
 #include "pages/html/HtmlWriter.h"
@@ -91,15 +94,17 @@ void StyleLetters(HtmlTag& body) {
 class Filter {
  public:
   Filter(const QString& html, const PictureNumber& numberOf)
-      : html_(html), numberOf_(numberOf), writer_(html.size()), tags_(html.count(u'<')) {}
+      : scanner_(html), numberOf_(numberOf), writer_(html.size()), tags_(html.count(u'<')) {}
 
   FilteredHtml Run() {
-    while (at_ < html_.size() && !writer_.Budget().IsSpent()) {
-      const qsizetype tag = html_.indexOf(u'<', at_);
-      writer_.Text(QStringView(html_).mid(at_, (tag < 0 ? html_.size() : tag) - at_));
-      if (tag < 0) break;
-      at_ = tag;
-      ReadMarkup();
+    while (!scanner_.AtEnd() && !writer_.Budget().IsSpent()) {
+      writer_.Text(scanner_.TakeText());
+      if (scanner_.AtEnd()) break;
+      HtmlMarkup markup = scanner_.TakeMarkup();
+      if (!markup.Text.isEmpty()) writer_.Text(markup.Text);
+      if (!markup.Tag) continue;
+      writer_.Budget().TakeTag();
+      Handle(*std::move(markup.Tag));
     }
     return writer_.Take();
   }
@@ -122,85 +127,6 @@ class Filter {
     bool IsOrdered = false;
     bool HasTextNumbers = false;
   };
-
-  void ReadMarkup() {
-    if (Follows("<!--")) {
-      const qsizetype end = html_.indexOf(QLatin1String("-->"), at_ + 4);
-      at_ = end < 0 ? html_.size() : end + 3;
-      return;
-    }
-    if (Follows("<![CDATA[")) {
-      const qsizetype start = at_ + 9;
-      const qsizetype end = html_.indexOf(QLatin1String("]]>"), start);
-      writer_.Text(html_.mid(start, end < 0 ? -1 : end - start).toHtmlEscaped());
-      at_ = end < 0 ? html_.size() : end + 3;
-      return;
-    }
-    qsizetype name = at_ + 1;
-    const bool isEnd = name < html_.size() && html_[name] == u'/';
-    if (isEnd) ++name;
-    if (name < html_.size() && (html_[name] == u'!' || html_[name] == u'?')) {
-      at_ = TagEnd(name);
-      // The declaration of a page of XHTML may hold others.
-      const qsizetype inner = QStringView(html_).mid(name, at_ - name).indexOf(u'[');
-      const bool isDeclaration = QStringView(html_).mid(name).startsWith(u"!doctype", Qt::CaseInsensitive);
-      const qsizetype close =
-          isDeclaration && inner >= 0 ? html_.indexOf(QLatin1String("]>"), name + inner) : -1;
-      if (close >= 0) at_ = close + 2;
-      return;
-    }
-    if (name >= html_.size() || !html_[name].isLetter()) {
-      writer_.Text(u"&lt;");
-      ++at_;
-      return;
-    }
-    const qsizetype start = at_;
-    strayQuotes_.clear();
-    at_ = TagEnd(name);
-    QString text = html_.mid(start, at_ - start);
-    for (const qsizetype quote : strayQuotes_)
-      text[quote - start] = u' ';
-    writer_.Budget().TakeTag();
-    HtmlTag tag = ParseHtmlTag(text);
-    DropPrefix(tag);
-    Handle(tag);
-  }
-
-  // Where the tags of XHTML bear a prefix, only they are tags of the page.
-  void DropPrefix(HtmlTag& tag) {
-    for (const auto& [name, value] : tag.Attributes) {
-      if (name.startsWith(u"xmlns:") && value == u"http://www.w3.org/1999/xhtml")
-        prefix_ = name.mid(6) + u':';
-    }
-    if (!prefix_.isEmpty() && tag.Name.startsWith(prefix_)) tag.Name.remove(0, prefix_.size());
-  }
-
-  bool Follows(const char* text) const { return QStringView(html_).mid(at_).startsWith(QLatin1String(text)); }
-
-  // Where a tag ends, behind its ">". A quote that is never closed is a character like any other.
-  qsizetype TagEnd(qsizetype from) {
-    while (from < html_.size()) {
-      const QChar c = html_[from];
-      if (c == u'>') return from + 1;
-      if (c == u'"' || c == u'\'') {
-        const qsizetype close = NextQuote(c, from + 1);
-        if (close < 0) strayQuotes_.push_back(from);
-        if (close >= 0) from = close;
-      }
-      ++from;
-    }
-    return html_.size();
-  }
-
-  // Looked up once for each stretch, so that unclosed quotes don't search the page over and over.
-  qsizetype NextQuote(QChar quote, qsizetype from) {
-    qsizetype& known = quote == u'"' ? nextDouble_ : nextSingle_;
-    if (known != kNone && known < from) {
-      const qsizetype found = html_.indexOf(quote, from);
-      known = found < 0 ? kNone : found;
-    }
-    return known == kNone ? -1 : known;
-  }
 
   void Handle(HtmlTag tag) {
     const QString& word = tag.Name;
@@ -385,24 +311,21 @@ class Filter {
       writer_.Tag(MovieBox(sized, writer_.AddObject(movie)));
     object_ = {};
     if (!isInObject || endless_.contains(kObject)) return;
-    const qsizetype end = EndOfObject(html_, at_);
-    end < 0 ? static_cast<void>(endless_.insert(kObject)) : static_cast<void>(at_ = end);
+    if (!scanner_.SkipObject()) endless_.insert(kObject);
   }
 
   void HandleSilent(const QString& word) {
     if (endless_.contains(word)) return;
-    qsizetype end = html_.indexOf(QLatin1String("</") + prefix_ + word, at_, Qt::CaseInsensitive);
-    if (end < 0) {
+    std::optional<QString> text = scanner_.TakeToEndOf(word);
+    if (!text) {
       endless_.insert(word);
       // A script goes on to the end of the page; the other things do without an end.
       if (word != u"script" && word != u"style" && word != u"title") return;
-      end = html_.size();
+      text = scanner_.TakeRest();
     }
-    const QString text = html_.mid(at_, end - at_);
-    at_ = TagEnd(end);
     if (word != u"style") return;
-    styleLetters_ += text.size();
-    if (styleLetters_ <= kMostStyleLetters) WriteStyle(HtmlStyleSheet(text));
+    styleLetters_ += text->size();
+    if (styleLetters_ <= kMostStyleLetters) WriteStyle(HtmlStyleSheet(*text));
   }
 
   void WriteStyle(const QString& sheet) {
@@ -479,16 +402,12 @@ class Filter {
 
   static constexpr qsizetype kNone = -2;
 
-  const QString& html_;
+  HtmlScanner scanner_;
   const PictureNumber& numberOf_;
   HtmlWriter writer_;
-  qsizetype at_ = 0;
-  qsizetype nextDouble_ = -1;
-  qsizetype nextSingle_ = -1;
   qint64 tags_;  // at most this many
   qint64 styleRules_ = 0;
   qsizetype styleLetters_ = 0;
-  std::vector<qsizetype> strayQuotes_;  // of the tag at hand
   QStringList open_;
   qsizetype hiddenFrom_ = kNone;  // the depth of what hides all that is in it
   QString hiddenItem_;            // what hides, where its end may be left out; else empty
@@ -497,7 +416,6 @@ class Filter {
   Names endless_;                 // of the silent ones and objects, those without an end from here on
   std::vector<Table> tables_;
   std::vector<List> lists_;
-  QString prefix_;   // of the page's tags, with its colon
   Names styledIds_;  // that a style sheet speaks of
   int pictureCount_ = 0;
   int skipped_ = 0;  // numbers of lists
