@@ -8,6 +8,9 @@
 
 class TextStream;
 
+// The type of a page that has a test.
+inline const QString kTestPage = QStringLiteral("Test");
+
 // One page of the list, which owns it.
 struct Node {
   QString PageName;  // file name; empty on the head node

@@ -6,6 +6,7 @@
 #include "content/REGISTRY.h"
 #include "frame/ProgramState.h"
 #include "pages/view/TextControl.h"
+#include "platform/MovieKind.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/Paths.h"
 #include "platform/forms/MsgBox.h"
@@ -99,12 +100,11 @@ void MovieStage::TextControlObjectData(int id, const QString& text) {
     gMovieName = text.section(u',', 0, 0);
     // Required: the object that a movie brings is the current one at other scales alone.
     if (Screen::TwipsPerPixelX() != Screen::kDesignScale) MakeCurrent(id);
-    if (text.contains(QStringLiteral(".swf"))) {
-      InsertFlashMovie();
-    } else if (text.contains(QStringLiteral(".dcr"))) {
-      InsertDirectorMovie();
-    } else if (text.contains(QStringLiteral(".wmv"))) {
-      InsertVideo();
+    switch (MovieKindOf(text)) {
+      case MovieKind::Flash: InsertFlashMovie(); break;
+      case MovieKind::Director: InsertDirectorMovie(); break;
+      case MovieKind::Video: InsertVideo(); break;
+      case MovieKind::None: break;
     }
   } catch (const RunTimeError& error) {
     MsgBox(PlayerMessage(error, PlayersToldOf::ShockwaveAndFlash));

@@ -22,7 +22,6 @@ namespace {
 using Look = SkinButton::Look;
 
 constexpr int kPageFormat = 3;
-const QString kTestPage = QStringLiteral("Test");
 
 void ReadMap(int module) {
   gPageList.InitLinedList();

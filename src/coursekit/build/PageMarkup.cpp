@@ -4,11 +4,12 @@
 #include <QSet>
 #include <QUrl>
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <utility>
 
 #include "coursekit/sources/Markdown.h"
 #include "pages/html/HtmlEntities.h"
+#include "platform/MovieKind.h"
 
 namespace {
 
@@ -229,8 +230,7 @@ QString PageMarkup::TagText(const Piece& piece, const QString& target) const {
 }
 
 bool IsMovieName(const QString& name) {
-  static constexpr std::array kEndings{u".swf", u".dcr", u".wmv"};
-  return std::any_of(kEndings.begin(), kEndings.end(), [&name](const char16_t* ending) {
-    return name.endsWith(QStringView(ending), Qt::CaseInsensitive);
+  return std::any_of(std::begin(kMovieEndings), std::end(kMovieEndings), [&name](const MovieEnding& known) {
+    return name.endsWith(known.Ending, Qt::CaseInsensitive);
   });
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "content/LinkedList.h"
 #include "frame/Settings.h"
 
 namespace {
@@ -14,7 +15,7 @@ QString RegistryValue(QString text) {
 }
 
 QString TypeOf(const PlannedPage& page) {
-  if (page.IsTest()) return QStringLiteral("Test");
+  if (page.IsTest()) return kTestPage;
   return page.Matter.Topic.isEmpty() ? QStringLiteral("Page") : QStringLiteral("Topic");
 }
 

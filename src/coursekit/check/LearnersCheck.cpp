@@ -54,7 +54,7 @@ class LearnersCheck {
     Module& module = modules_[id];
     for (int i = 1; i <= count; ++i) {
       module.Pages.insert(names.at(i));
-      module.HasTest = module.HasTest || types.at(i) == u"Test";
+      module.HasTest = module.HasTest || types.at(i) == kTestPage;
       if (!topics.at(i).isEmpty()) module.Topics.append(ProgressText(topics.at(i)));
     }
   }

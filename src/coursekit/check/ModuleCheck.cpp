@@ -11,11 +11,11 @@
 #include "content/LinkedList.h"
 #include "content/REGISTRY.h"
 #include "coursekit/PageFacts.h"
-#include "coursekit/build/PageMarkup.h"
 #include "frame/ProgramState.h"
 #include "pages/common/PageLink.h"
 #include "pages/html/HtmlCharset.h"
 #include "pages/rtf/RtfReader.h"
+#include "platform/MovieKind.h"
 #include "platform/RunTimeError.h"
 #include "platform/files/FileBytes.h"
 #include "platform/files/Paths.h"
@@ -24,7 +24,6 @@
 namespace {
 
 constexpr qsizetype kPageNameLength = 8, kLinkLength = 15;  // of a page's name, of a review link
-const QString kTestType = QStringLiteral("Test");
 
 class ModuleCheck {
  public:
@@ -52,7 +51,7 @@ class ModuleCheck {
     QSet<QString> known = {QStringLiteral("map.txt")};
     for (const Page& page : maps_.value(id)) {
       known.insert(page.Name.toCaseFolded());
-      if (page.Type == kTestType) known.insert(TestName(id, page.Name).toCaseFolded());
+      if (page.Type == kTestPage) known.insert(TestName(id, page.Name).toCaseFolded());
       const PageFacts facts = facts_.value(id + u'/' + page.Name);
       for (const QString& picture : facts.Pictures)
         known.insert(picture.toCaseFolded());
@@ -98,7 +97,7 @@ class ModuleCheck {
   bool IsTestPage(const QString& module, const QString& page) const {
     const QList<Page> pages = maps_.value(module);
     return std::any_of(pages.begin(), pages.end(),
-                       [&page](const Page& its) { return its.Name == page && its.Type == kTestType; });
+                       [&page](const Page& its) { return its.Name == page && its.Type == kTestPage; });
   }
 
   void CheckMap(const QString& id) {
@@ -122,7 +121,7 @@ class ModuleCheck {
       return;
     }
     if (pages.constFirst().Topic.isEmpty()) findings_.Error("topic-none-first", place, id);
-    if (pages.constFirst().Type == kTestType) findings_.Error("test-first", place, id);
+    if (pages.constFirst().Type == kTestPage) findings_.Error("test-first", place, id);
     CheckTopics(pages, place);
     QSet<QString> seen;
     for (const Page& page : std::as_const(pages)) {
@@ -174,28 +173,29 @@ class ModuleCheck {
     for (const QString& picture : facts.MissingPictures)
       findings_.Error("picture-unreadable", place, picture);
     for (const QString& movie : facts.Movies)
-      CheckMovie(id, movie.section(u',', 0, 0), place);
+      CheckMovie(id, movie, place);
     facts_.insert(path, facts);
   }
 
-  void CheckMovie(const QString& id, const QString& name, const SourcePlace& place) {
-    if (!IsMovieName(name)) {
+  void CheckMovie(const QString& id, const QString& dataText, const SourcePlace& place) {
+    const QString name = dataText.section(u',', 0, 0);
+    const MovieKind kind = MovieKindOf(dataText);
+    if (kind == MovieKind::None) {
       findings_.Error("movie-kind", place, name);
     } else if (!ProgramFileExists(id + QLatin1String("/Movies/") + name)) {
       findings_.Error("movie-missing", place, name);
-    } else if (name.endsWith(QLatin1String(".dcr"), Qt::CaseInsensitive)) {
+    } else if (kind == MovieKind::Director) {
       findings_.Error("movie-no-player", place, name);
-    } else if (HasPlayerFolder() && !HasPlayer(name)) {
+    } else if (HasPlayerFolder() && !HasPlayer(kind)) {
       findings_.Error("movie-player-absent", place, name);
     }
   }
 
   // A built course has no players and comes into a store that may have them.
   static bool HasPlayerFolder() { return FolderExists(QStringLiteral("players")); }
-  static bool HasPlayer(const QString& movie) {
+  static bool HasPlayer(MovieKind kind) {
     QString player;
-    movie.endsWith(QLatin1String(".swf"), Qt::CaseInsensitive) ? GetFlashVersion(player)
-                                                               : GetMediaPlayerVersion(player);
+    kind == MovieKind::Flash ? GetFlashVersion(player) : GetMediaPlayerVersion(player);
     return !player.isEmpty();
   }
 
@@ -242,7 +242,7 @@ class ModuleCheck {
   void CheckTests(const QString& id) {
     QString scored;
     for (const Page& page : maps_.value(id)) {
-      if (page.Type != kTestType) continue;
+      if (page.Type != kTestPage) continue;
       const QString path = id + u'/' + TestName(id, page.Name);
       if (!ProgramFileExists(path)) {
         findings_.Error("store-test-missing", {path}, page.Name);

@@ -3,6 +3,8 @@
 #include <QSet>
 #include <QUrl>
 
+#include "platform/MovieKind.h"
+
 namespace {
 
 const QString kUsualWidth = QStringLiteral("320"), kUsualHeight = QStringLiteral("240");
@@ -10,8 +12,7 @@ const QString kUsualWidth = QStringLiteral("320"), kUsualHeight = QStringLiteral
 QString FileOfMovie(const QString& address) {
   QString name = QUrl::fromPercentEncoding(address.trimmed().toUtf8());
   name = name.replace(u'\\', u'/').section(u'/', -1);
-  for (const QLatin1StringView ending :
-       {QLatin1StringView(".swf"), QLatin1StringView(".dcr"), QLatin1StringView(".wmv")}) {
+  for (const auto& [ending, kind] : kMovieEndings) {
     // The course screen tells movies by their endings in small letters.
     if (name.endsWith(ending, Qt::CaseInsensitive)) return name.chopped(ending.size()) + ending;
   }
